@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tavrel {
+
+/// The groups that items are shown under, in the order they are shown. The raw value is the case's own name.
+enum class CleanCategory {
+    systemData,
+    userCaches,
+    logs,
+    xcode,
+    packageManagers,
+    devCaches,
+    editors,
+    appData,
+    browsers,
+    mail,
+    downloads,
+    iosBackups,
+    trash,
+    projects,
+    installers,
+    appLeftovers,
+    aiSessions,
+    aiCaches,
+    aiModels,
+};
+
+namespace CleanCategories {
+
+inline constexpr std::size_t count = 19;
+
+[[nodiscard]] const std::array<CleanCategory, count>& allCases();
+[[nodiscard]] std::string_view rawValue(CleanCategory category);
+/// The category of that raw value; nothing for any other text.
+[[nodiscard]] std::optional<CleanCategory> fromRawValue(std::string_view text);
+
+[[nodiscard]] std::string title(CleanCategory category);
+[[nodiscard]] std::string summary(CleanCategory category);
+/// The name of the group's icon in the symbol set.
+[[nodiscard]] std::string_view symbol(CleanCategory category);
+
+}  // namespace CleanCategories
+}  // namespace tavrel

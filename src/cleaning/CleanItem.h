@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "cleaning/CleanCategory.h"
+#include "cleaning/Risk.h"
+
+namespace tavrel {
+
+/// One thing on disk that can be removed.
+struct CleanItem {
+    std::filesystem::path url;
+    std::int64_t size = 0;  // bytes that it frees
+    CleanCategory category = CleanCategory::userCaches;
+    Risk risk = Risk::review;
+    std::string note;                         // one line under the item's name; may be empty
+    bool permanent = false;                   // delete outright: moving it would free nothing
+    bool requiresAdmin = false;               // only root can remove it
+    std::optional<std::string> adminCommand;  // the whole shell command, for what is no plain path
+
+    /// The key of a selection: two items with one path are one thing to choose.
+    [[nodiscard]] const std::string& id() const { return url.native(); }
+
+    bool operator==(const CleanItem&) const = default;
+};
+
+}  // namespace tavrel

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "core/Instant.h"
+
+/// The user's record of every real removal: a JSON array, newest first, at most 500 entries. No state in memory;
+/// two writers at one moment can lose an entry, never the file.
+namespace tavrel::History {
+
+struct Entry {
+    std::string id;        // a UUID
+    Instant date;          // kept to the second
+    std::string action;    // "clean", "ai", "purge", "installers", "uninstall", "optimize"
+    std::int64_t count = 0;
+    std::int64_t bytes = 0;
+    std::vector<std::string> paths;  // as Text::exact writes them
+    bool operator==(const Entry&) const = default;
+};
+
+enum class State { missing, sound, damaged };
+
+struct Record {
+    State state = State::missing;
+    std::vector<Entry> entries;  // empty unless sound
+};
+
+[[nodiscard]] Record load(const std::filesystem::path& file);
+
+/// Puts `entry` first. A file that does not decode is set aside and begun anew. An error is only for the curious:
+/// a history that cannot be written never stops a clean.
+std::error_code record(const std::filesystem::path& file, const Entry& entry);
+
+/// Removes the file; nothing happens where there is none.
+void clear(const std::filesystem::path& file);
+
+/// A fresh random UUID (RFC 4122, version 4), upper case.
+[[nodiscard]] std::string newIdentifier();
+
+/// The file's form: a pretty-printed array with dates as ISO 8601 in UTC.
+[[nodiscard]] std::string encode(const std::vector<Entry>& entries);
+
+}  // namespace tavrel::History

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "cleaning/Catalog.h"
+#include "cleaning/CleanItem.h"
+#include "cleaning/SafetyGuard.h"
+#include "cleaning/SpecialScanners.h"
+#include "core/Instant.h"
+
+namespace tavrel {
+
+/// Turns the catalog into the list that a person reviews. It only reads. A scan never fails and keeps nothing.
+class JunkScanner {
+  public:
+    /// What a profile knows of its system, beside the rows of the catalog.
+    struct Tables {
+        std::vector<CleanRule> rules;
+        std::string systemCachePrefix;  // caches of this name are the system's own: always `review`
+        std::vector<SpecialScanners::WebCachePlaces> webCaches;
+        std::vector<SpecialScanners::ContainerPlace> containers;
+        SpecialScanners::SystemPlaces system;
+        SpecialScanners::VolumeTrashes volumeTrashes;
+
+        /// Folders that hold one copy a version, of which the newest may still be in use.
+        struct Versioned {
+            enum class Key { firstWord, letters };  // what of an entry's name tells which versions compete
+
+            std::string parentSuffix;
+            Key key = Key::firstWord;
+            std::string newestNote;
+            std::string olderNote;
+        };
+        std::vector<Versioned> versioned;
+    };
+
+    struct Context {
+        std::filesystem::path root;  // absolute rows are looked for below it
+        std::filesystem::path home;  // resolved
+        SafetyGuard safety;
+        std::set<std::string> runningBundleIDs;
+        std::set<std::string> runningNames;
+        std::optional<std::string> ownBundleID;
+        bool hasFullDiskAccess = false;
+        Instant now;
+    };
+
+    using Progress = std::function<void(CleanCategory)>;
+
+    /// What the tools of the system are asked through; borrowed for the life of the scanner.
+    JunkScanner(Tables tables, Shell& shell, const ApplicationNames& names);
+
+    /// The categories of the Clean tab's system mode.
+    [[nodiscard]] static const std::set<CleanCategory>& systemCategories();
+
+    /// Items of the asked categories, largest first. `progress` is called on this thread when a rule or a special
+    /// scanner is entered.
+    [[nodiscard]] std::vector<CleanItem> scan(const std::set<CleanCategory>& categories, const Context& context,
+                                              const Progress& progress) const;
+
+  private:
+    Tables tables_;
+    Shell& shell_;
+    const ApplicationNames& names_;
+};
+
+}  // namespace tavrel

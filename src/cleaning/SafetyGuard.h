@@ -1,0 +1,60 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel {
+
+/// The last vetting of every path that would be removed: a decision over a path, the file system's idea of links
+/// and the values held here. It removes nothing and keeps no state, so any thread may ask it.
+class SafetyGuard {
+  public:
+    using Path = std::filesystem::path;
+
+    /// What a home folder of this kind of system holds dear; paths relative to the home.
+    struct Lists {
+        std::vector<std::string> neverRemove;  // the folder itself stays, what is inside may go
+        std::vector<std::string> neverInside;  // neither the folder nor anything in it
+        /// Relative folders that may go although an entry of `neverInside` holds them: directly below the entry or
+        /// below one of its folders. The caches of a browser's profile, for example.
+        std::vector<std::string> exceptInside;
+    };
+
+    /// The answer: allowed, or refused with a reason in the user's words.
+    class Verdict {
+      public:
+        static Verdict allowed(Path root) { return Verdict({}, std::move(root)); }
+        static Verdict refused(std::string_view reason) { return Verdict(std::string(reason), {}); }
+
+        [[nodiscard]] bool isAllowed() const { return reason_.empty(); }
+        /// Empty when allowed.
+        [[nodiscard]] const std::string& reason() const { return reason_; }
+        /// The admitted root that the path lies below: where a removal anchors. Empty when refused.
+        [[nodiscard]] const Path& root() const { return root_; }
+
+      private:
+        Verdict(std::string reason, Path root) : reason_(std::move(reason)), root_(std::move(root)) {}
+        std::string reason_;
+        Path root_;
+    };
+
+    Path home;                                // resolved and standardised; always allowed as a root
+    std::vector<std::string> protectedPaths;  // folders that the user barred; each may begin with a tilde
+    std::vector<Path> extraRoots;             // admitted besides the home
+    Lists lists;
+
+    [[nodiscard]] Verdict check(const Path& url) const;
+
+    /// The guard for what only root can remove: the same home and barred folders, other roots.
+    [[nodiscard]] SafetyGuard withRoots(std::vector<Path> roots) const;
+
+  private:
+    [[nodiscard]] static bool hasSymlinkedAncestor(const Path& url, const Path& root);
+    [[nodiscard]] bool isPersonal(std::string_view relative) const;
+    [[nodiscard]] bool isBarred(std::string_view path) const;
+};
+
+}  // namespace tavrel

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tavrel::Quoting {
+
+/// One word of shell text that stands for `bytes` exactly: in single quotes, each single quote of it as '\''.
+[[nodiscard]] std::string shell(std::string_view bytes);
+
+/// The inside of an AppleScript string literal: backslashes doubled first, then double quotes escaped.
+[[nodiscard]] std::string appleScript(std::string_view text);
+
+}  // namespace tavrel::Quoting

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Text as people and other programs read it.
+namespace tavrel::Text {
+
+/// The words of the user's language for an English text, which is its own key. Falls back to the English.
+/// Safe from any thread.
+[[nodiscard]] std::string localized(const char* english);
+
+/// The same where a count decides between two English forms.
+[[nodiscard]] std::string localized(const char* one, const char* many, unsigned long count);
+
+/// `bytes` as UTF-8, every invalid sequence replaced by U+FFFD.
+[[nodiscard]] std::string repaired(std::string_view bytes);
+[[nodiscard]] bool isUtf8(std::string_view bytes);
+
+/// A path or name for a terminal: control characters and newlines as "\n", "\t" or "\xNN", invalid bytes
+/// as "\xNN", so that no name can move the cursor or forge a line.
+[[nodiscard]] std::string shown(std::string_view bytes);
+
+/// A path as valid UTF-8 that `fromExact` turns back into the very same bytes. Text that is UTF-8 stands as
+/// it is, unless it holds something that reads as an escape; otherwise invalid bytes become "\xNN" and
+/// backslashes are doubled.
+[[nodiscard]] std::string exact(std::string_view bytes);
+[[nodiscard]] std::string fromExact(std::string_view text);
+
+/// Columns that a terminal needs for `utf8`: wide characters count 2, combining ones 0.
+[[nodiscard]] std::size_t columns(std::string_view utf8);
+
+/// `utf8` cut in the middle to at most `width` columns, with "…" in the place of what is left out.
+[[nodiscard]] std::string elided(std::string_view utf8, std::size_t width);
+
+/// Lower case for ASCII letters, every other byte unchanged.
+[[nodiscard]] std::string lowercased(std::string_view text);
+
+/// Without white space and newlines at both ends.
+[[nodiscard]] std::string trimmed(std::string_view text);
+
+}  // namespace tavrel::Text

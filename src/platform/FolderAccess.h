@@ -1,0 +1,72 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "core/FileHandle.h"
+
+#include <tl/expected.hpp>
+
+namespace tavrel {
+
+/// What makes a thing on disk that very thing, whatever its name.
+struct FileIdentity {
+    dev_t device = 0;
+    ino_t inode = 0;
+    mode_t type = 0;          // the S_IFMT bits
+    std::uint64_t mount = 0;  // which mount it was reached through; 0 where the system has no such number
+
+    [[nodiscard]] bool isFolder() const;
+    [[nodiscard]] bool isLink() const;
+    /// The same thing; the way it was reached does not count.
+    [[nodiscard]] bool sameThing(const FileIdentity& other) const {
+        return device == other.device && inode == other.inode && type == other.type;
+    }
+    /// On the same mounted file system.
+    [[nodiscard]] bool sameMount(const FileIdentity& other) const {
+        return device == other.device && mount == other.mount;
+    }
+};
+
+/// Opening and telling apart things by handle, so that nobody can swap a folder between a check and an act.
+/// Names are single components; no call here follows a symbolic link or enters another mount.
+class FolderAccess {
+  public:
+    template <typename T>
+    using Outcome = tl::expected<T, std::error_code>;
+
+    virtual ~FolderAccess() = default;
+
+    /// Opens an admitted root by path. The root itself must be a folder and no link; what stands above it is
+    /// trusted.
+    [[nodiscard]] virtual Outcome<FileHandle> openAnchor(const std::filesystem::path& root) const = 0;
+
+    /// Opens the folder that `components` lead to below `anchor`; the anchor again when there are none. ELOOP
+    /// when a component is a link, EXDEV when one is a mount point, ENOENT and ENOTDIR as usual.
+    [[nodiscard]] virtual Outcome<FileHandle> openBeneath(int anchor,
+                                                          const std::vector<std::string>& components) const = 0;
+
+    [[nodiscard]] virtual Outcome<FileIdentity> identify(int handle) const = 0;
+    /// The entry `name` of `folder` itself, never what a link points to.
+    [[nodiscard]] virtual Outcome<FileIdentity> identify(int folder, const std::string& name) const = 0;
+
+    /// Moves an entry to another folder of the same file system; fails with EEXIST rather than replace anything.
+    [[nodiscard]] virtual std::error_code moveExclusively(int fromFolder, const std::string& fromName, int toFolder,
+                                                          const std::string& toName) const = 0;
+
+    /// Whether something is mounted at or below the folder behind `handle`, so that a removal can be refused
+    /// before it begins. False where the system cannot tell in advance; the walk still refuses at the mount.
+    [[nodiscard]] virtual bool holdsMount(int handle) const = 0;
+};
+
+/// Portable: one component at a time, devices compared.
+const FolderAccess& posixFolderAccess();
+/// The strongest that the running system has.
+const FolderAccess& systemFolderAccess();
+
+}  // namespace tavrel

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cleaning/Catalog.h"
+#include "cleaning/InstallerFinder.h"
+#include "cleaning/JunkScanner.h"
+#include "cleaning/SafetyGuard.h"
+#include "cleaning/Trash.h"
+#include "core/Places.h"
+#include "core/Preferences.h"
+
+namespace tavrel {
+
+/// One family of systems as data: the tables that the logic is handed, and where things lie. Logic never asks
+/// which profile is in force.
+struct Profile {
+    enum class Family { macos, linux };
+    enum class TrashLayout { flat, freedesktop };
+
+    Family family;
+    Places places;
+    Catalog catalog;
+    JunkScanner::Tables scan;  // its rules are the catalog's
+    InstallerFinder::Tables installers;
+    SafetyGuard::Lists guardLists;
+    std::vector<std::string_view> fullDiskAccessProbes;
+    TrashLayout trashLayout = TrashLayout::flat;
+
+    /// A guard of this moment for the user's home.
+    [[nodiscard]] SafetyGuard safetyGuard(const Preferences& preferences,
+                                          std::vector<std::filesystem::path> extraRoots) const;
+};
+
+/// Where the user's folders are, when the environment moves them; relative paths and empty ones are ignored, and so
+/// are those outside the home.
+struct UserEnvironment {
+    std::filesystem::path configHome;  // XDG_CONFIG_HOME
+    std::filesystem::path dataHome;    // XDG_DATA_HOME
+};
+
+namespace Profiles {
+
+
+[[nodiscard]] Profile macos(const std::filesystem::path& root, const std::filesystem::path& home);
+[[nodiscard]] Profile linux(const std::filesystem::path& root, const std::filesystem::path& home,
+                            const UserEnvironment& environment = {});
+
+/// "macos" or "linux"; nothing for any other text.
+[[nodiscard]] std::optional<Profile::Family> family(std::string_view name);
+/// That of the system this program runs on.
+[[nodiscard]] Profile::Family ofThisSystem();
+
+}  // namespace Profiles
+}  // namespace tavrel

@@ -68,18 +68,18 @@ bool SafetyGuard::hasSymlinkedAncestor(const Path& url, const Path& root) {
 }
 
 bool SafetyGuard::isPersonal(std::string_view relative) const {
-    for (const auto& entry : lists.neverInside) {
-        if (!Paths::isInside(relative, entry)) continue;
-        const std::string_view inside = below(relative, entry);
-        const std::string_view deeper = inside.substr(std::min(inside.find('/'), inside.size() - 1) + 1);
-        const auto& except = lists.exceptInside;
-        const bool excepted =
-            !inside.empty() && std::any_of(except.begin(), except.end(), [&](const auto& folder) {
-                return Paths::isInside(inside, folder) || Paths::isInside(deeper, folder);
-            });
-        if (!excepted) return true;
-    }
-    return false;
+    const auto inside = [&](const std::string& entry) { return Paths::isInside(relative, entry); };
+    if (std::any_of(lists.neverInside.begin(), lists.neverInside.end(), inside)) return true;
+
+    const auto profile = std::find_if(lists.profiles.begin(), lists.profiles.end(), inside);
+    if (profile == lists.profiles.end()) return false;
+    const std::string_view part = below(relative, *profile);
+    const auto slash = part.find('/');
+    const std::string_view deeper = slash == std::string_view::npos ? "" : part.substr(slash + 1);
+    return std::none_of(lists.profileCaches.begin(), lists.profileCaches.end(),
+                        [&](const std::string& cache) {
+                            return Paths::isInside(part, cache) || Paths::isInside(deeper, cache);
+                        });
 }
 
 // Both ways: a barred folder also shields every folder that holds it. A folder that was named through a link

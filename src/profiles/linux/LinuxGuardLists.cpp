@@ -16,9 +16,6 @@ constexpr std::string_view structure[] = {
     ".config",
     ".local",
     ".local/share",
-    ".local/share/Trash",
-    ".local/share/Trash/files",
-    ".local/share/Trash/info",
     ".local/share/applications",
     ".local/state",
     ".local/bin",
@@ -130,7 +127,7 @@ std::vector<std::string> holding(const std::vector<std::string>& entries) {
 
 }  // namespace
 
-SafetyGuard::Lists guardLists(const UserDirs& dirs) {
+SafetyGuard::Lists guardLists(const UserDirs& dirs, const std::filesystem::path& trashFolder) {
     SafetyGuard::Lists lists;
     lists.neverInside.assign(std::begin(personal), std::end(personal));
     lists.profiles.assign(std::begin(browserProfiles), std::end(browserProfiles));
@@ -142,6 +139,7 @@ SafetyGuard::Lists guardLists(const UserDirs& dirs) {
 
     lists.neverRemove.assign(std::begin(structure), std::end(structure));
     for (const auto& [name, folder] : dirs) lists.neverRemove.push_back(folder.native());
+    for (const char* part : {"", "/files", "/info"}) lists.neverRemove.push_back(trashFolder.native() + part);
     // A refusal inside a folder is worth nothing when the folder itself could go.
     for (const auto& entries : {lists.neverInside, lists.profiles, lists.neverRemove}) {
         for (std::string& folder : holding(entries)) lists.neverRemove.push_back(std::move(folder));

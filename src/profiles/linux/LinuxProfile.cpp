@@ -64,7 +64,7 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
                             .documents = dirs.at("DOCUMENTS"),
                             .autostart = config / "autostart",
                         });
-    Catalog catalog = Linux::catalog(dirs.at("DOWNLOAD"));
+    Catalog catalog = Linux::catalog(dirs.at("DOWNLOAD"), data / "Trash");
     JunkScanner::Tables tables = scanTables(places, catalog);
     return {
         .family = Profile::Family::linux,
@@ -75,7 +75,7 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
                                       "flatpakref", "snap"},
                        .packages = {"app"},
                        .applications = places.applications()},
-        .guardLists = Linux::guardLists(dirs),
+        .guardLists = Linux::guardLists(dirs, data / "Trash"),
         .trashLayout = Profile::TrashLayout::freedesktop,
     };
 }

@@ -13,7 +13,7 @@ namespace tavrel::Linux {
 [[nodiscard]] Catalog catalog(const std::filesystem::path& downloads);
 
 /// What a Linux home holds dear. Every folder that holds something personal stays as well.
-[[nodiscard]] SafetyGuard::Lists guardLists(const UserDirs& dirs);
+[[nodiscard]] SafetyGuard::Lists guardLists(const UserDirs& dirs, const std::filesystem::path& trashFolder);
 
 /// Rotated logs, crash dumps and what the system's own tools tidy up. Commands only on the running system: on
 /// the disk of another machine they would act on this one.

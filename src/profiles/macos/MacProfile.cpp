@@ -8,7 +8,6 @@ namespace tavrel {
 namespace {
 
 using Path = std::filesystem::path;
-using SpecialScanners::SystemFolder;
 
 SafetyGuard::Lists guardLists() {
     return {
@@ -72,16 +71,11 @@ SpecialScanners::SystemPlaces systemPlaces(const Places& places) {
         .folders =
             {
                 {.folder = caches,
-                 .takes = SystemFolder::Takes::everything,
                  .skippedPrefix = "com.apple.",
                  .minSize = 65536,
                  .note = Text::localized("System-wide cache")},
-                {.folder = reports,
-                 .takes = SystemFolder::Takes::everything,
-                 .minAgeDays = 7,
-                 .note = Text::localized("System crash report")},
+                {.folder = reports, .minAgeDays = 7, .note = Text::localized("System crash report")},
                 {.folder = logs,
-                 .takes = SystemFolder::Takes::rotated,
                  .extensions = {"gz", "bz2", "xz"},
                  .minAgeDays = 7,
                  .note = Text::localized("Rotated system log")},

@@ -8,9 +8,9 @@
 
 namespace tavrel::Linux {
 
-/// Where junk collects in a Linux home. `downloads` is the user's own name for that folder, relative to the
-/// home.
-[[nodiscard]] Catalog catalog(const std::filesystem::path& downloads);
+/// Where junk collects in a Linux home. Both folders are relative to it.
+[[nodiscard]] Catalog catalog(const std::filesystem::path& downloadsFolder,
+                              const std::filesystem::path& trashFolder);
 
 /// What a Linux home holds dear. Every folder that holds something personal stays as well.
 [[nodiscard]] SafetyGuard::Lists guardLists(const UserDirs& dirs, const std::filesystem::path& trashFolder);

@@ -30,8 +30,8 @@ constexpr std::string_view personal[] = {
     ".node_repl_history", ".psql_history", ".sqlite_history", ".mysql_history", ".lesshst", ".viminfo",
     ".profile", ".bashrc", ".bash_profile", ".bash_login", ".bash_logout", ".bash_aliases", ".inputrc",
     ".zshrc", ".zshenv", ".zprofile", ".zlogin", ".zlogout", ".config/fish", ".cshrc", ".tcshrc", ".kshrc",
-    ".xprofile", ".xinitrc", ".xsessionrc", ".Xresources", ".Xauthority", ".ICEauthority", ".config/user-
-    dirs.dirs",
+    ".xprofile", ".xinitrc", ".xsessionrc", ".Xresources", ".Xauthority", ".ICEauthority",
+    ".config/user-dirs.dirs",
 };
 
 /// Browsers that keep caches between the profiles' own data.

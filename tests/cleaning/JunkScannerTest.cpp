@@ -143,7 +143,7 @@ TEST_F(JunkScannerTest, OffersNothingThatThePersonBarred) {
 TEST(SampleMacTest, TheFilledDiskHoldsSomethingInEveryCategoryOfAScan) {
     const Sandbox disk;
     const SampleMac mac(disk.root());
-    mac.fill();
+    mac.fill(0.05);
     const auto items = mac.scan(JunkScanner::systemCategories());
     for (const CleanCategory category : JunkScanner::systemCategories()) {
         EXPECT_TRUE(std::any_of(items.begin(), items.end(), [&](auto& item) {

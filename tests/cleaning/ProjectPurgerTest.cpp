@@ -66,7 +66,7 @@ TEST_F(ProjectPurgerTest, BoundsItsWalk) {
     const auto six = project("~/Code/1/2/3/4/5/6", "package.json", "node_modules", 60);
     const auto seven = project("~/Code/1/2/3/4/5/6/7", "package.json", "node_modules", 60);
     const auto small = project("~/Code/small", "package.json", "node_modules", 60, 61440);
-    const auto inSmall = mac.folder("~/Code/small/node_modules/__pycache__", 1, 10);
+    const auto inSmall = mac.folder("~/Code/small/node_modules/__pycache__", 1, 0);
     const auto inGit = mac.folder("~/Code/shop/.git/__pycache__", 1, 70000);
     const auto inHidden = mac.folder("~/Code/shop/.idea/__pycache__", 1, 70000);
     const auto inUnmarkedHidden = mac.folder("~/Code/shop/.cache/__pycache__", 1, 70000);

@@ -66,6 +66,24 @@ TEST_F(SpecialScannersTest, WebCachesBelongToApplicationsThatHaveNoRows) {
     EXPECT_EQ(items[1].url, worker);
 }
 
+TEST_F(SpecialScannersTest, ContainersAreNamedAsPeopleKnowThem) {
+    struct Names : ApplicationNames {
+        [[nodiscard]] std::optional<std::string> displayName(const std::string& bundleID) const override {
+            if (bundleID == "com.apple.Notes") return "Notes.app";
+            return std::nullopt;
+        }
+    };
+    for (const char* container : {"com.apple.Notes", "com.apple.Mystery", ".hidden"}) {
+        mac.folder("~/Library/Containers/" + std::string(container) + "/Data/Library/Caches", 1, 70000);
+    }
+    const auto items = SpecialScanners::containerCaches(mac.profile().scan.containers, mac.home(),
+                                                        {"com.apple.Notes"}, true, Names(), mac.guard());
+    ASSERT_EQ(items.size(), 2U);
+    EXPECT_EQ(items[0].note, "com.apple.Mystery · rebuilt by the app on demand");
+    EXPECT_EQ(items[1].note, "Notes · running; quit it first");
+    EXPECT_EQ(items[1].risk, Risk::review);
+}
+
 TEST_F(SpecialScannersTest, OldSessionsAreSafeAndYoungOnesAreNotListed) {
     const std::string projects = "~/.claude/projects/";
     const auto old = mac.file(projects + "-Users-ana-code-shop/1.jsonl", 20000, 91);

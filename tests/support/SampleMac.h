@@ -43,8 +43,9 @@ class SampleMac {
         return scan(categories, context());
     }
 
-    /// Fills the disk with tens of thousands of files in every category, some with hostile names.
-    void fill() const;
+    /// Fills the disk with tens of thousands of files in every category, some with hostile names; with a
+    /// share of them where a test needs no more.
+    void fill(double share = 1) const;
 
   private:
     Path root_;

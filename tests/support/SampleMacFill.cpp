@@ -1,7 +1,7 @@
 #include "support/SampleMac.h"
 #include "support/Sandbox.h"
 
-#include <array>
+#include <algorithm>
 #include <filesystem>
 
 namespace tavrel::testing {
@@ -121,8 +121,12 @@ constexpr Marker markers[] = {
 
 }  // namespace
 
-void SampleMac::fill() const {
-    for (const Folder& row : folders) folder(row.path, row.files, row.bytesEach, row.daysOld);
+void SampleMac::fill(double share) const {
+    constexpr int fewest = 12;  // so that every folder stays worth a line
+    for (const Folder& row : folders) {
+        const int some = std::max(std::min(row.files, fewest), static_cast<int>(row.files * share));
+        folder(row.path, some, row.bytesEach, row.daysOld);
+    }
     for (const Bulk& row : files) bulk(row.path, row.bytes, row.daysOld);
     for (const Marker& row : markers) file(row.path, 20, row.daysOld);
     for (const std::string_view name : hostileNames) {

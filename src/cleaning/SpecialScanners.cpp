@@ -70,7 +70,8 @@ Items containerCaches(const std::vector<ContainerPlace>& places, const Path& hom
             const Path path = home / place.folder / container / place.inner;
             const auto size = worthwhileSize(path, safety);
             if (!size) continue;
-            const std::string name = withoutApp(names.displayName(container).value_or(container));
+            const auto shownName = names.displayName(container);
+            const std::string name = shownName ? withoutApp(*shownName) : container;
             const bool running = runningBundleIDs.contains(container);
             items.push_back({
                 .url = path,

@@ -176,8 +176,7 @@ bool livesBelow(const fs::path& folder, const FileIdentity& identity) {
     return false;
 }
 
-void perform(const Hostile& tree, const Way& way, const FolderAccess& access) {
-    const Stage stage;
+void perform(const Hostile& tree, const Way& way, const FolderAccess& access, const Stage& stage) {
     tree.build(stage);
     const auto target = stage.target(access, stage.home() / itemName);
     tree.swap(stage);
@@ -209,7 +208,8 @@ TEST_P(HostileTreeTest, whatLiesOutsideSurvives) {
         if (GetParam().mounts && !named.numbersMounts) continue;
         for (const auto& way : ways()) {
             SCOPED_TRACE(std::string(named.name) + ", " + way.name);
-            const auto run = [&] { perform(GetParam(), way, named.access); };
+            const Stage stage;  // goes when the mounts of the child have gone
+            const auto run = [&] { perform(GetParam(), way, named.access, stage); };
             if (!GetParam().mounts) {
                 run();
             } else if (testing::withPrivateMounts(run) == Ran::forbidden) {
@@ -222,8 +222,8 @@ TEST_P(HostileTreeTest, whatLiesOutsideSurvives) {
 TEST(HostileMemoryTest, anotherFileSystemInsideIsNeverEntered) {
     for (const auto& named : testing::accesses()) {
         SCOPED_TRACE(named.name);
+        const Stage stage;
         const auto ran = testing::withPrivateMounts([&] {
-            const Stage stage;
             makeFolderItem(stage);
             const auto inside = stage.home() / itemName / "sub/disk";
             fs::create_directories(inside);

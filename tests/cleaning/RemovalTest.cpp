@@ -131,9 +131,10 @@ TEST(RemovalTest, aThingBelowTheLongestPathCanBeTheTarget) {
 
 TEST(RemovalTest, aFolderMovedOutDuringTheWalkIsNotClimbedOutOf) {
     const Stage stage;
-    makeChain(stage.home() / "item", 100);
-    std::string middle = stage.home() / "item";
-    for (int i = 0; i < 50; ++i) middle += "/deeper";
+    makeChain(stage.home() / "item", 40);
+    // Two levels below the item: a walk that did climb on would empty the outside of the stage and then be at
+    // its end, still far from the folders above the sandbox.
+    const auto middle = stage.home() / "item/deeper/deeper";
 
     Interrupted access;
     access.beforeClimbing = once([&] { fs::rename(middle, stage.outside() / "folder/deeper"); });
@@ -142,6 +143,21 @@ TEST(RemovalTest, aFolderMovedOutDuringTheWalkIsNotClimbedOutOf) {
     EXPECT_EQ(reason(outcome).substr(0, 28), "Changed since it was checked");
     EXPECT_EQ(testing::contentOf(stage.outside() / "canary"), "alive");
     EXPECT_EQ(testing::contentOf(stage.outside() / "folder/canary"), "alive too");
+}
+
+TEST(RemovalTest, aFolderSwappedInAtTheLastMomentIsLeftAlone) {
+    const Stage stage;
+    stage.sandbox.text("home/item/file", "junk");
+    Interrupted access;
+    access.beforeOpening = [&](const std::string& name) {
+        const auto aside = stage.sandbox.path("aside");
+        if (name != "item" || fs::exists(aside)) return;
+        fs::rename(stage.home() / "item", aside);
+        fs::rename(stage.outside(), stage.home() / "item");
+    };
+    EXPECT_EQ(reason(Removal::erase(access, stage.target(access, stage.home() / "item"))),
+              "Changed since it was checked");
+    EXPECT_EQ(testing::contentOf(stage.home() / "item/canary"), "alive");
 }
 
 TEST(RemovalTest, aFileSwappedInAtTheLastMomentIsPutBack) {

@@ -70,9 +70,19 @@ Removal::Outcome FolderEraser::erase(FileHandle folder) {
 }
 
 std::error_code FolderEraser::step() {
+    Level& here = levels_.back();
     errno = 0;
-    if (const dirent* entry = ::readdir(levels_.back().stream.get())) return removeEntry(*entry);
-    return errno != 0 ? lastError() : leave();
+    if (const dirent* entry = ::readdir(here.stream.get())) return removeEntry(*entry);
+    if (errno == 0) return leave();
+    const auto failed = lastError();
+    const bool namesOnly = failed == std::errc::bad_file_descriptor;
+    return namesOnly && !std::exchange(here.ownerAdmitted, true) ? makeReadable(here) : failed;
+}
+
+std::error_code FolderEraser::makeReadable(Level& level) const {
+    if (admitOwner(access_, level.handle())) return std::make_error_code(std::errc::permission_denied);
+    auto readable = access_.openBeneath(level.handle(), {});
+    return readable ? openStream(level, std::move(*readable)) : readable.error();
 }
 
 std::error_code FolderEraser::removeEntry(const dirent& entry) {
@@ -117,15 +127,8 @@ std::error_code FolderEraser::push(const std::string& name, FileHandle folder) {
     return {};
 }
 
-std::error_code FolderEraser::openStream(Level& level, FileHandle folder) const {
+std::error_code FolderEraser::openStream(Level& level, FileHandle folder) {
     level.stream.reset(::fdopendir(folder.get()));
-    if (!level.stream && errno == EBADF) {  // good for names only
-        if (const auto failed = admitOwner(access_, folder.get())) return failed;
-        auto readable = access_.openBeneath(folder.get(), {});
-        if (!readable) return readable.error();
-        folder = std::move(*readable);
-        level.stream.reset(::fdopendir(folder.get()));
-    }
     if (!level.stream) return lastError();
     static_cast<void>(folder.release());  // the stream owns it now
     return {};

@@ -45,7 +45,8 @@ class FolderEraser {
 
     [[nodiscard]] std::error_code enter(const std::string& name);
     [[nodiscard]] std::error_code push(const std::string& name, FileHandle folder);
-    [[nodiscard]] std::error_code openStream(Level& level, FileHandle folder) const;
+    [[nodiscard]] static std::error_code openStream(Level& level, FileHandle folder);
+    [[nodiscard]] std::error_code makeReadable(Level& level) const;
 
     [[nodiscard]] std::error_code leave();
     [[nodiscard]] std::error_code reopenAbove();

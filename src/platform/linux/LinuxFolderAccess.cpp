@@ -23,7 +23,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::uint64_t folderFlags = O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+constexpr std::uint64_t folderFlags = O_DIRECTORY | O_CLOEXEC;
 
 std::error_code lastError() {
     return {errno, std::generic_category()};
@@ -85,7 +85,7 @@ LinuxFolderAccess::LinuxFolderAccess() : open_(openAt2) {}
 
 FolderAccess::Outcome<FileHandle> LinuxFolderAccess::openFolder(int at, const std::string& name) const {
     auto opened = openReadableOrNot([&](std::uint64_t flags) {  //
-        return ::openat(at, name.c_str(), static_cast<int>(flags));
+        return ::openat(at, name.c_str(), static_cast<int>(flags) | O_NOFOLLOW);
     });
     // The portable way finds the words for the failure.
     return opened ? std::move(opened) : PosixFolderAccess::openFolder(at, name);

@@ -64,7 +64,7 @@ TEST(Administrator, OnlyPathsThatRootAloneControlsAreNamed) {
     if (::geteuid() != 0) GTEST_SKIP() << "needs root to make root's folders";
     const Sandbox sandbox("/var/tmp");
     const auto folder = [&sandbox](const char* name, mode_t mode, uid_t owner) {
-        const auto path = sandbox.folder(name);
+        auto path = sandbox.folder(name);
         EXPECT_EQ(::chown(path.c_str(), owner, owner), 0);
         EXPECT_EQ(::chmod(path.c_str(), mode), 0);
         return path;

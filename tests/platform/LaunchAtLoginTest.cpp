@@ -11,7 +11,6 @@
 namespace tavrel {
 namespace {
 
-using testing::contentOf;
 using ::testing::ElementsAre;
 using testing::Sandbox;
 using Start = LinuxLaunchAtLogin::Start;

@@ -10,7 +10,6 @@ namespace tavrel {
 namespace {
 
 using ::testing::Contains;
-using ::testing::Not;
 using testing::Sandbox;
 using ::testing::UnorderedElementsAre;
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <memory>
-
 #include "cli/Commands.h"
 #include "core/Text.h"
+
+#include <memory>
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -11,8 +11,8 @@
 
 namespace tavrel::cli {
 
-/// Adds a command to the command line. A `Kind` holds its options, adds them with `addTo(CLI::App&)`, and acts on
-/// them with `run(const GlobalOptions&, Console&)`, which gives the exit status.
+/// Adds a command to the command line. A `Kind` holds its options, adds them with `addTo(CLI::App&)`, and
+/// acts on them with `run(const GlobalOptions&, Console&)`, which gives the exit status.
 template <typename Kind>
 void addCommand(CLI::App& app, Command& chosen, const char* name, const char* description) {
     const auto kind = std::make_shared<Kind>();

@@ -1,9 +1,9 @@
 #include "cli/Arguments.h"
 
-#include <system_error>
-
 #include "cli/Phrase.h"
 #include "core/Files.h"
+
+#include <system_error>
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "cli/Console.h"
+
 #include <filesystem>
 #include <string>
 #include <vector>
-
-#include "cli/Console.h"
 
 namespace CLI {
 class App;
@@ -17,8 +17,8 @@ namespace tavrel::cli::Arguments {
 /// Where relative paths count from; empty when that folder is gone, so that no such path means anything.
 [[nodiscard]] std::filesystem::path workingFolder();
 
-/// Adds an option that may be repeated, or an argument that takes all that follow, and whose texts are kept to the
-/// byte: nothing in a name is read as a list.
+/// Adds an option that may be repeated, or an argument that takes all that follow, and whose texts are kept
+/// to the byte: nothing in a name is read as a list.
 CLI::Option* addList(CLI::App& command, const std::string& name, std::vector<std::string>& target,
                      const std::string& description);
 

@@ -1,8 +1,3 @@
-#include <algorithm>
-#include <filesystem>
-#include <string>
-#include <vector>
-
 #include "cleaning/SafetyGuard.h"
 #include "cli/AddCommand.h"
 #include "cli/Arguments.h"
@@ -10,6 +5,13 @@
 #include "cli/Json.h"
 #include "cli/Phrase.h"
 #include "cli/Session.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
 
 namespace tavrel::cli {
 
@@ -52,7 +54,8 @@ struct CheckCommand {
 
     void addTo(CLI::App& command) {
         Arguments::addList(command, "PATH", paths, localized("what to judge"))->required();
-        Arguments::addList(command, "--extra-root", extraRoots, localized("admit this folder besides the home"))
+        Arguments::addList(command, "--extra-root", extraRoots,
+                           localized("admit this folder besides the home"))
             ->type_name("DIR");
         Arguments::addList(command, "--protect", protect, localized("bar this folder besides the settings'"))
             ->type_name("DIR");

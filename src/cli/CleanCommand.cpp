@@ -1,7 +1,3 @@
-#include <chrono>
-#include <string>
-#include <vector>
-
 #include "cleaning/Cleaner.h"
 #include "cli/AddCommand.h"
 #include "cli/Arguments.h"
@@ -15,6 +11,12 @@
 #include "cli/SystemTools.h"
 #include "core/ByteCount.h"
 #include "platform/FolderAccess.h"
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
 
 namespace tavrel::cli {
 
@@ -33,8 +35,9 @@ struct CleanOptions {
 
     void addTo(CLI::App& command) {
         finder.addTo(command);
-        auto* selects = Arguments::addList(command, "--select", select, localized("remove this; may be repeated"))
-                            ->type_name("PATH");
+        auto* selects =
+            Arguments::addList(command, "--select", select, localized("remove this; may be repeated"))
+                ->type_name("PATH");
         command.add_flag("--all", all, localized("remove what wants a review, too"))->excludes(selects);
         command.add_flag("--dry-run", dryRun, localized("tell what would be removed, touch nothing"));
         command.add_flag("--always-trash", alwaysTrash, localized("send everything to the Trash"));
@@ -46,8 +49,8 @@ std::string headline(const CleanReport& report) {
     const auto count = report.removed.size();
     std::string text;
     if (report.dryRun) {
-        text = counted("Preview: {1} would be freed ({0} item)", "Preview: {1} would be freed ({0} items)", count,
-                       byteCount(report.freed));
+        text = counted("Preview: {1} would be freed ({0} item)", "Preview: {1} would be freed ({0} items)",
+                       count, byteCount(report.freed));
     } else if (report.trashed < 1) {
         text = counted("Freed {1} · {0} item removed", "Freed {1} · {0} items removed", count,
                        byteCount(report.freed));
@@ -125,8 +128,8 @@ bool CleanRun::agreed(const Items& chosen) {
     if (!console_.json()) {
         ItemList::print(console_, chosen, session_.places().home(), [](const CleanItem&) { return true; });
     }
-    return console_.confirm(
-        counted("Remove {} item ({})?", "Remove {} items ({})?", chosen.size(), byteCount(Selection::size(chosen))));
+    return console_.confirm(counted("Remove {} item ({})?", "Remove {} items ({})?", chosen.size(),
+                                    byteCount(Selection::size(chosen))));
 }
 
 CleanReport CleanRun::remove(const Items& chosen, const SafetyGuard& guard, bool preview) {
@@ -146,7 +149,8 @@ CleanReport CleanRun::remove(const Items& chosen, const SafetyGuard& guard, bool
     const auto progress = [&](double fraction) {
         console_.progress(phrase("Removing… {:.0f} %", fraction * percent));
     };
-    CleanReport report = cleaner.clean(chosen, Finder::action(options_.finder.mode), guard, options, progress);
+    CleanReport report =
+        cleaner.clean(chosen, Finder::action(options_.finder.mode), guard, options, progress);
     console_.endProgress();
     return report;
 }

@@ -1,12 +1,12 @@
 #include "cli/CommandLine.h"
 
+#include "cli/ExitStatus.h"
+#include "cli/Phrase.h"
+
 #include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "cli/ExitStatus.h"
-#include "cli/Phrase.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -22,7 +22,8 @@ using Text::localized;
 constexpr std::size_t helpColumn = 34;
 
 void addGlobalOptions(CLI::App& app, GlobalOptions& global) {
-    app.add_option("--home", global.home, localized("work for the user whose home this is"))->type_name("DIR");
+    app.add_option("--home", global.home, localized("work for the user whose home this is"))
+        ->type_name("DIR");
     app.add_option("--root", global.root, localized("look for the system's folders below here (/)"))
         ->type_name("DIR");
     app.add_option("--profile", global.profile, localized("family of the system: macos or linux (this one)"))
@@ -45,8 +46,8 @@ void addCommands(CLI::App& app, Command& chosen) {
     Commands::addSettings(app, chosen);
 }
 
-/// The library reads "[a,b]" as a list of two, yet a file may be called that. A NUL at its end, which no argument
-/// can hold, keeps such an argument whole until `unguard` takes it off.
+/// The library reads "[a,b]" as a list of two, yet a file may be called that. A NUL at its end, which no
+/// argument can hold, keeps such an argument whole until `unguard` takes it off.
 std::string guarded(std::string_view argument) {
     std::string text(argument);
     if (text.starts_with('[')) text.push_back('\0');

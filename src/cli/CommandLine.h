@@ -12,8 +12,8 @@ struct CommandLine {
     GlobalOptions global;
     Command command;
 
-    /// The error is the exit status, where nothing is left to do: help was shown, or the mistake was named in one
-    /// line on standard error.
+    /// The error is the exit status, where nothing is left to do: help was shown, or the mistake was named in
+    /// one line on standard error.
     [[nodiscard]] static tl::expected<CommandLine, int> parse(int argc, const char* const* argv);
 };
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <functional>
-
 #include "cli/Console.h"
 #include "cli/GlobalOptions.h"
+
+#include <functional>
 
 namespace CLI {
 class App;

@@ -1,7 +1,7 @@
 #include "cli/Console.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
+#include "cli/ExitStatus.h"
+#include "cli/Phrase.h"
 
 #include <algorithm>
 #include <array>
@@ -10,12 +10,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <sys/ioctl.h>
 #include <system_error>
-
-#include "cli/ExitStatus.h"
-#include "cli/Phrase.h"
+#include <unistd.h>
 
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 namespace tavrel::cli {
 
@@ -59,7 +59,9 @@ Console::Console(const GlobalOptions& options)
       showsProgress_(!quiet_ && ::isatty(STDERR_FILENO) == 1 && environment("TERM") != "dumb"),
       width_(terminal_ ? columnsOfTerminal() : widthOfFiles) {}
 
-bool Console::canAsk() { return ::isatty(STDIN_FILENO) == 1; }
+bool Console::canAsk() {
+    return ::isatty(STDIN_FILENO) == 1;
+}
 
 std::string Console::fitted(std::string_view text, std::size_t columns) const {
     return terminal_ ? Text::elided(text, columns) : std::string(text);
@@ -75,7 +77,9 @@ void Console::write(std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
-void Console::line(std::string_view text) { write(fmt::format("{}\n", text)); }
+void Console::line(std::string_view text) {
+    write(fmt::format("{}\n", text));
+}
 
 void Console::document(const Json::Value& value) {
     constexpr int indent = 2;

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "cli/GlobalOptions.h"
+#include "cli/Json.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-#include "cli/GlobalOptions.h"
-#include "cli/Json.h"
 
 namespace tavrel::cli {
 

@@ -1,10 +1,3 @@
-#include <algorithm>
-#include <cstdint>
-#include <limits>
-#include <map>
-#include <string>
-#include <vector>
-
 #include "cli/AddCommand.h"
 #include "cli/Arguments.h"
 #include "cli/ExitStatus.h"
@@ -13,6 +6,15 @@
 #include "core/ByteCount.h"
 #include "disk/DiskIndex.h"
 #include "disk/FileSizer.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
 
 namespace tavrel::cli {
 
@@ -109,7 +111,8 @@ struct MeasureCommand {
         });
         print(console, rows);
         const auto files = static_cast<unsigned long>(measured.files);
-        const std::string total = counted("{1} in {0} file", "{1} in {0} files", files, byteCount(measured.size));
+        const std::string total =
+            counted("{1} in {0} file", "{1} in {0} files", files, byteCount(measured.size));
         console.line(console.styled(Console::Style::strong, total));
     }
 };

@@ -1,10 +1,5 @@
 #include "cli/Finders.h"
 
-#include <algorithm>
-#include <chrono>
-#include <set>
-#include <utility>
-
 #include "cleaning/InstallerFinder.h"
 #include "cleaning/JunkScanner.h"
 #include "cleaning/ProjectPurger.h"
@@ -13,6 +8,11 @@
 #include "cli/ExitStatus.h"
 #include "cli/Phrase.h"
 #include "core/Permissions.h"
+
+#include <algorithm>
+#include <chrono>
+#include <set>
+#include <utility>
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -31,7 +31,9 @@ constexpr int recentInstallerDays = 7;
 /// The name that the windowed program's own caches bear: nobody is offered those.
 constexpr const char* ownIdentifier = "com.quennith.Tavrel";
 
-Instant now() { return std::chrono::system_clock::now(); }
+Instant now() {
+    return std::chrono::system_clock::now();
+}
 
 /// A category by its raw value; the error names the text.
 std::string refuseUnknownCategory(const std::string& text) {
@@ -56,7 +58,8 @@ std::set<CleanCategory> asked(const std::vector<std::string>& names) {
 }  // namespace
 
 void FinderOptions::addTo(CLI::App& command) {
-    command.add_option("MODE", mode, localized("what to look for: system (default), ai, projects or installers"))
+    command
+        .add_option("MODE", mode, localized("what to look for: system (default), ai, projects or installers"))
         ->check(CLI::IsMember({"system", "ai", "projects", "installers"}))
         ->type_name("");
     command.add_option("--categories", categories, localized("only these groups, separated by commas"))
@@ -121,7 +124,8 @@ Finder::Items Finder::junk(Console& console) const {
         .runningBundleIDs = std::move(running.bundleIDs),
         .runningNames = std::move(running.names),
         .ownBundleID = ownIdentifier,
-        .hasFullDiskAccess = Permissions::hasFullDiskAccess(profile.places.home(), profile.fullDiskAccessProbes),
+        .hasFullDiskAccess =
+            Permissions::hasFullDiskAccess(profile.places.home(), profile.fullDiskAccessProbes),
         .now = now(),
     };
     std::set<CleanCategory> categories = JunkScanner::systemCategories();

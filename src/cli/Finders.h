@@ -1,15 +1,15 @@
 #pragma once
 
+#include "cleaning/CleanItem.h"
+#include "cli/Console.h"
+#include "cli/Session.h"
+#include "cli/SystemTools.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "cleaning/CleanItem.h"
-#include "cli/Console.h"
-#include "cli/Session.h"
-#include "cli/SystemTools.h"
 
 namespace CLI {
 class App;

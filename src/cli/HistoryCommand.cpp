@@ -1,6 +1,3 @@
-#include <chrono>
-#include <string>
-
 #include "cleaning/History.h"
 #include "cli/AddCommand.h"
 #include "cli/ExitStatus.h"
@@ -10,7 +7,11 @@
 #include "core/ByteCount.h"
 #include "core/Files.h"
 
+#include <chrono>
+#include <string>
+
 #include <fmt/chrono.h>
+#include <nlohmann/json.hpp>
 
 namespace tavrel::cli {
 
@@ -26,8 +27,8 @@ std::string row(const History::Entry& entry) {
     const auto seconds = std::chrono::floor<std::chrono::seconds>(entry.date);
     const std::string count = counted("{} item", "{} items", static_cast<unsigned long>(entry.count));
     return fmt::format("{:%Y-%m-%d %H:%M}  {:<{}}  {:>{}}  {:>{}}",
-                       fmt::localtime(seconds.time_since_epoch().count()), Text::shown(entry.action), actionColumns,
-                       count, countColumns, byteCount(entry.bytes), sizeColumns);
+                       fmt::localtime(seconds.time_since_epoch().count()), Text::shown(entry.action),
+                       actionColumns, count, countColumns, byteCount(entry.bytes), sizeColumns);
 }
 
 void print(Console& console, const std::vector<History::Entry>& entries) {

@@ -1,12 +1,12 @@
 #include "cli/ItemList.h"
 
-#include <algorithm>
-#include <string>
-
 #include "cli/Phrase.h"
 #include "cli/Selection.h"
 #include "core/ByteCount.h"
 #include "core/Paths.h"
+
+#include <algorithm>
+#include <string>
 
 namespace tavrel::cli::ItemList {
 
@@ -55,11 +55,13 @@ void printItem(Console& console, const CleanItem& item, const std::filesystem::p
     const std::size_t room = console.width() - pathColumn;
     const std::string path = console.fitted(shown(item.url, home), room);
     const std::string mark = marked ? console.styled(Style::mark, "●") : "○";
-    std::string line = fmt::format("  {}  {}  {}", mark, rightAligned(byteCount(item.size), sizeColumns), path);
+    std::string line =
+        fmt::format("  {}  {}  {}", mark, rightAligned(byteCount(item.size), sizeColumns), path);
 
     const Piece note = remark(console, item);
     const bool beside = Text::columns(path) + gap + Text::columns(note.plain) <= room;
-    if (!note.plain.empty()) line += (beside ? std::string(gap, ' ') : "\n" + std::string(pathColumn, ' ')) + note.styled;
+    if (!note.plain.empty())
+        line += (beside ? std::string(gap, ' ') : "\n" + std::string(pathColumn, ' ')) + note.styled;
     console.line(line);
 }
 

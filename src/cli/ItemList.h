@@ -1,14 +1,14 @@
 #pragma once
 
+#include "cleaning/CleanItem.h"
+#include "cli/Console.h"
+
 #include <filesystem>
 #include <functional>
 #include <vector>
 
-#include "cleaning/CleanItem.h"
-#include "cli/Console.h"
-
-/// Found items as a person reads them: by category in the order of the categories, each with its size, its path
-/// and what to mind.
+/// Found items as a person reads them: by category in the order of the categories, each with its size, its
+/// path and what to mind.
 namespace tavrel::cli::ItemList {
 
 /// Whether an item bears the mark of what is chosen.

@@ -1,15 +1,19 @@
 #include "cli/Json.h"
 
+#include "cli/Selection.h"
+#include "core/Text.h"
+
 #include <string>
 #include <type_traits>
 #include <variant>
 
-#include "cli/Selection.h"
-#include "core/Text.h"
+#include <nlohmann/json.hpp>
 
 namespace tavrel::cli::Json {
 
-Value path(const std::filesystem::path& path) { return Text::exact(path.native()); }
+Value path(const std::filesystem::path& path) {
+    return Text::exact(path.native());
+}
 
 Value item(const CleanItem& item) {
     return {
@@ -46,7 +50,7 @@ Value report(const CleanReport& report) {
         skipped.push_back({{"path", path(item.url)}, {"reason", Text::repaired(reason)}});
     }
     return {
-        {"dryRun", report.dryRun},           {"freed", report.freed}, {"trashed", report.trashed},
+        {"dryRun", report.dryRun},          {"freed", report.freed}, {"trashed", report.trashed},
         {"removed", items(report.removed)}, {"skipped", skipped},
     };
 }

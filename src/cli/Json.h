@@ -1,17 +1,17 @@
 #pragma once
 
-#include <filesystem>
-#include <string_view>
-#include <vector>
-
 #include "cleaning/CleanItem.h"
 #include "cleaning/CleanReport.h"
 #include "core/UserDefaults.h"
 
-#include <nlohmann/json.hpp>
+#include <filesystem>
+#include <string_view>
+#include <vector>
 
-/// The documents that scripts read. Keys stand in a fixed order; paths are written so that their bytes can be had
-/// back; sizes are bytes.
+#include <nlohmann/json_fwd.hpp>
+
+/// The documents that scripts read. Keys stand in a fixed order; paths are written so that their bytes can be
+/// had back; sizes are bytes.
 namespace tavrel::cli::Json {
 
 using Value = nlohmann::ordered_json;

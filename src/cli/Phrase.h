@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "core/Text.h"
+
+#include <string>
 
 #include <fmt/format.h>
 

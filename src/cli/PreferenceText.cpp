@@ -1,12 +1,14 @@
 #include "cli/PreferenceText.h"
 
+#include "cli/Json.h"
+#include "cli/Phrase.h"
+#include "core/Preferences.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
 
-#include "cli/Json.h"
-#include "cli/Phrase.h"
-#include "core/Preferences.h"
+#include <nlohmann/json.hpp>
 
 namespace tavrel::cli::PreferenceText {
 
@@ -54,7 +56,8 @@ Parsed parseTexts(std::string_view key, std::string_view text) {
     if (!areTexts) return tl::unexpected(localized("the value must be a JSON array of texts"));
     auto texts = array.get<UserDefaults::Texts>();
     for (const std::string& each : texts) {
-        if (!fits(key, each)) return tl::unexpected(phrase("\"{}\" does not fit this setting", Text::shown(each)));
+        if (!fits(key, each))
+            return tl::unexpected(phrase("\"{}\" does not fit this setting", Text::shown(each)));
     }
     return UserDefaults::Value(std::move(texts));
 }

@@ -1,5 +1,3 @@
-#include <set>
-
 #include "cli/AddCommand.h"
 #include "cli/Finders.h"
 #include "cli/ItemList.h"
@@ -9,6 +7,10 @@
 #include "cli/Session.h"
 #include "cli/SystemTools.h"
 #include "core/ByteCount.h"
+
+#include <set>
+
+#include <nlohmann/json.hpp>
 
 namespace tavrel::cli {
 

@@ -1,16 +1,18 @@
 #include "cli/Selection.h"
 
-#include <algorithm>
-#include <iterator>
-#include <set>
-
 #include "core/CheckedSum.h"
 #include "core/Paths.h"
 #include "core/Text.h"
 
+#include <algorithm>
+#include <iterator>
+#include <set>
+
 namespace tavrel::cli::Selection {
 
-bool isPreselected(const CleanItem& item) { return item.risk == Risk::safe; }
+bool isPreselected(const CleanItem& item) {
+    return item.risk == Risk::safe;
+}
 
 Items preselected(const Items& found) {
     Items chosen;
@@ -26,7 +28,9 @@ std::int64_t size(const Items& items) {
 
 namespace {
 
-std::string key(const std::filesystem::path& path) { return Paths::standardized(path).native(); }
+std::string key(const std::filesystem::path& path) {
+    return Paths::standardized(path).native();
+}
 
 }  // namespace
 

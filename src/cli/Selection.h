@@ -1,11 +1,11 @@
 #pragma once
 
+#include "cleaning/CleanItem.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
-
-#include "cleaning/CleanItem.h"
 
 /// Which of the found items are meant.
 namespace tavrel::cli::Selection {

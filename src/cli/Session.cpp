@@ -1,15 +1,14 @@
 #include "cli/Session.h"
 
-#include <pwd.h>
-#include <unistd.h>
+#include "cli/Phrase.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <pwd.h>
 #include <string_view>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
-
-#include "cli/Phrase.h"
 
 namespace tavrel::cli {
 
@@ -89,9 +88,10 @@ std::optional<std::string> Session::protectionUnknown() const {
     const bool known = defaults_.state() != UserDefaults::State::damaged &&
                        std::find(wrong.begin(), wrong.end(), "protectedPaths") == wrong.end();
     if (known) return std::nullopt;
-    return phrase("nothing is removed while the protected folders in {} cannot be read; write them anew with "
-                  "\"tavrelctl settings protectedPaths '[]'\"",
-                  Text::shown(defaults_.file().native()));
+    return phrase(
+        "nothing is removed while the protected folders in {} cannot be read; write them anew with "
+        "\"tavrelctl settings protectedPaths '[]'\"",
+        Text::shown(defaults_.file().native()));
 }
 
 }  // namespace tavrel::cli

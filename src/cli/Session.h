@@ -1,16 +1,16 @@
 #pragma once
 
-#include <filesystem>
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "cleaning/SafetyGuard.h"
 #include "cli/Console.h"
 #include "cli/GlobalOptions.h"
 #include "core/Preferences.h"
 #include "core/UserDefaults.h"
 #include "profiles/Profile.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include <tl/expected.hpp>
 
@@ -21,8 +21,8 @@ class Session {
   public:
     using Path = std::filesystem::path;
 
-    /// Looks at the places that the options name. The error is a line for the user: the home or the root is no
-    /// folder.
+    /// Looks at the places that the options name. The error is a line for the user: the home or the root is
+    /// no folder.
     [[nodiscard]] static tl::expected<Session, std::string> open(const GlobalOptions& options);
 
     [[nodiscard]] const Profile& profile() const { return profile_; }

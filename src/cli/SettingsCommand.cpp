@@ -1,8 +1,3 @@
-#include <algorithm>
-#include <optional>
-#include <string>
-#include <string_view>
-
 #include "cli/AddCommand.h"
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
@@ -10,6 +5,13 @@
 #include "cli/PreferenceText.h"
 #include "cli/Session.h"
 #include "core/Files.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <nlohmann/json.hpp>
 
 namespace tavrel::cli {
 
@@ -52,7 +54,8 @@ std::optional<std::string> setDamagedAside(Session& session, Console& console) {
     const auto file = session.defaults().file();
     const auto aside = Files::setAside(file);
     if (!aside) return phrase("the settings in {} can be neither read nor moved", Text::shown(file.native()));
-    console.warn(phrase("the settings could not be read; they were set aside as {}", Text::shown(aside->native())));
+    console.warn(
+        phrase("the settings could not be read; they were set aside as {}", Text::shown(aside->native())));
     session.refresh();
     return std::nullopt;
 }
@@ -76,11 +79,14 @@ struct SettingsCommand {
 
     void addTo(CLI::App& command) {
         auto* name = command.add_option("KEY", key, localized("the setting"))->type_name("");
-        command.add_option("VALUE", value, localized("its new value; lists as JSON"))->type_name("")->needs(name);
+        command.add_option("VALUE", value, localized("its new value; lists as JSON"))
+            ->type_name("")
+            ->needs(name);
     }
 
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
-        if (!key.empty() && !isKnown(key)) return console.misuse(phrase("\"{}\" is no setting", Text::shown(key)));
+        if (!key.empty() && !isKnown(key))
+            return console.misuse(phrase("\"{}\" is no setting", Text::shown(key)));
         auto session = Session::open(global);
         if (!session) return console.fail(session.error());
         if (value) return change(*session, key, *value, console);

@@ -1,7 +1,5 @@
 #include "cli/SystemTools.h"
 
-#include <unistd.h>
-
 #include "cleaning/FlatTrash.h"
 #include "cleaning/FreedesktopTrash.h"
 #include "platform/FolderAccess.h"
@@ -12,19 +10,21 @@
 #include "platform/posix/NoCommands.h"
 #include "platform/posix/PosixShell.h"
 
+#include <unistd.h>
+
 namespace tavrel::cli {
 
 namespace {
 
 using Path = std::filesystem::path;
 
-/// Where desktop entries are installed: by the system, by the user, and by the two ways of Flatpak.
-std::vector<Path> applicationFolders(const Places& places) {
+/// Where the desktop entries of the system lie that is looked at; the environment speaks of this machine
+/// alone.
+std::vector<Path> desktopEntries(const Places& places) {
+    if (places.isRunningSystem()) return applicationFolders(places.home());
     return {
         places.resolve("/usr/share/applications"),
-        places.resolve("/usr/local/share/applications"),
         places.resolve("/var/lib/flatpak/exports/share/applications"),
-        places.resolve("~/.local/share/applications"),
         places.resolve("~/.local/share/flatpak/exports/share/applications"),
     };
 }
@@ -36,7 +36,8 @@ std::unique_ptr<Shell> shellFor(const Places& places) {
 
 /// Asks the way that this very machine asks, whatever system is looked at.
 std::unique_ptr<Administrator> administratorFor(Shell& shell) {
-    if (Profiles::ofThisSystem() == Profile::Family::macos) return std::make_unique<AppleScriptAdministrator>(shell);
+    if (Profiles::ofThisSystem() == Profile::Family::macos)
+        return std::make_unique<AppleScriptAdministrator>(shell);
     return std::make_unique<LinuxAdministrator>(shell);
 }
 
@@ -50,7 +51,8 @@ std::unique_ptr<Trash> trashFor(const Profile& profile) {
 }
 
 std::unique_ptr<ApplicationNames> namesFor(const Profile& profile, const std::vector<Path>& folders) {
-    if (profile.family == Profile::Family::macos) return std::make_unique<BundleNames>(profile.places.applications());
+    if (profile.family == Profile::Family::macos)
+        return std::make_unique<BundleNames>(profile.places.applications());
     return std::make_unique<DesktopNames>(folders);
 }
 
@@ -58,7 +60,7 @@ std::unique_ptr<ApplicationNames> namesFor(const Profile& profile, const std::ve
 
 SystemTools::SystemTools(const Profile& profile)
     : isRunningSystem_(profile.places.isRunningSystem()),
-      applicationFolders_(applicationFolders(profile.places)),
+      applicationFolders_(desktopEntries(profile.places)),
       shell_(shellFor(profile.places)),
       administrator_(administratorFor(*shell_)),
       trash_(trashFor(profile)),

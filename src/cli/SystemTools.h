@@ -1,19 +1,19 @@
 #pragma once
 
-#include <filesystem>
-#include <memory>
-#include <vector>
-
 #include "cleaning/Trash.h"
 #include "platform/Administrator.h"
 #include "platform/RunningApplications.h"
 #include "platform/Shell.h"
 #include "profiles/Profile.h"
 
+#include <filesystem>
+#include <memory>
+#include <vector>
+
 namespace tavrel::cli {
 
-/// What stands in for the operating system in one run. On a disk that is only examined no command of this machine
-/// is run and none of its programs counts as running.
+/// What stands in for the operating system in one run. On a disk that is only examined no command of this
+/// machine is run and none of its programs counts as running.
 class SystemTools {
   public:
     explicit SystemTools(const Profile& profile);

@@ -1,6 +1,6 @@
-#include <clocale>
-
 #include "cli/CommandLine.h"
+
+#include <clocale>
 
 int main(int argc, char** argv) {
     using namespace tavrel::cli;

@@ -1,14 +1,13 @@
 #include "cli/Program.h"
 
+#include "core/FileHandle.h"
+
 #include <fcntl.h>
 #include <spawn.h>
+#include <stdexcept>
 #include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <stdexcept>
-
-#include "core/FileHandle.h"
 
 namespace tavrel::testing {
 
@@ -24,7 +23,8 @@ std::vector<char*> pointers(const std::vector<std::string>& words) {
 }  // namespace
 
 Program::Words Program::kept(const Words& words) const {
-    Words all = {"--home", box_.path("home").native(), "--root", box_.path("root").native(), "--profile", profile_};
+    Words all = {"--home", box_.path("home").native(), "--root", box_.path("root").native(), "--profile",
+                 profile_};
     all.insert(all.end(), words.begin(), words.end());
     return all;
 }
@@ -41,12 +41,12 @@ Ended Program::run(const Words& words, int input) const {
 
     Words line = {TAVRELCTL};
     line.insert(line.end(), words.begin(), words.end());
-    const Words environment = {"HOME=" + box_.path("elsewhere").native(), "PATH=/usr/bin:/bin", "LC_ALL=C.UTF-8",
-                               "XDG_DATA_HOME=" + box_.path("home/moved").native(),
+    const Words environment = {"HOME=" + box_.path("elsewhere").native(), "PATH=/usr/bin:/bin",
+                               "LC_ALL=C.UTF-8", "XDG_DATA_HOME=" + box_.path("home/moved").native(),
                                "XDG_CONFIG_HOME=" + box_.path("home/moved").native()};
     pid_t child = 0;
-    const int failed =
-        ::posix_spawn(&child, TAVRELCTL, &actions, nullptr, pointers(line).data(), pointers(environment).data());
+    const int failed = ::posix_spawn(&child, TAVRELCTL, &actions, nullptr, pointers(line).data(),
+                                     pointers(environment).data());
     ::posix_spawn_file_actions_destroy(&actions);
     if (failed != 0) throw std::runtime_error("the program cannot be started");
     int status = 0;
@@ -59,7 +59,9 @@ Ended Program::bare(const Words& words) const {
     return run(words, nothing.get());
 }
 
-Ended Program::operator()(const Words& words) const { return bare(kept(words)); }
+Ended Program::operator()(const Words& words) const {
+    return bare(kept(words));
+}
 
 Ended Program::answering(const std::string& answer, const Words& words) const {
     const FileHandle keyboard(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
@@ -67,7 +69,8 @@ Ended Program::answering(const std::string& answer, const Words& words) const {
         throw std::runtime_error("no terminal to be had");
     }
     const FileHandle terminal(::open(::ptsname(keyboard.get()), O_RDWR | O_NOCTTY | O_CLOEXEC));
-    if (::write(keyboard.get(), answer.data(), answer.size()) < 0) throw std::runtime_error("nothing can be typed");
+    if (::write(keyboard.get(), answer.data(), answer.size()) < 0)
+        throw std::runtime_error("nothing can be typed");
     return run(kept(words), terminal.get());
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "support/Sandbox.h"
+
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "support/Sandbox.h"
 
 #include <nlohmann/json.hpp>
 
@@ -17,11 +17,13 @@ struct Ended {
     std::string err;
 
     /// Standard output as one document; a discarded value when it is none.
-    [[nodiscard]] nlohmann::ordered_json json() const { return nlohmann::ordered_json::parse(out, nullptr, false); }
+    [[nodiscard]] nlohmann::ordered_json json() const {
+        return nlohmann::ordered_json::parse(out, nullptr, false);
+    }
 };
 
-/// Runs the real program in a sandbox: a home, a root without a system in it, and an environment that would show
-/// if anything but the options were heeded.
+/// Runs the real program in a sandbox: a home, a root without a system in it, and an environment that would
+/// show if anything but the options were heeded.
 class Program {
   public:
     using Words = std::vector<std::string>;

@@ -1,12 +1,12 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "cleaning/History.h"
+#include "cli/Program.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <map>
 
-#include "cleaning/History.h"
-#include "cli/Program.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace tavrel::testing {
 namespace {
@@ -72,7 +72,8 @@ INSTANTIATE_TEST_SUITE_P(Families, CommandLine, ::testing::ValuesIn(families),
 
 /// The item with that path, or null.
 Json itemAt(const Json& items, const std::string& path) {
-    const auto found = std::find_if(items.begin(), items.end(), [&](const Json& item) { return item["path"] == path; });
+    const auto found =
+        std::find_if(items.begin(), items.end(), [&](const Json& item) { return item["path"] == path; });
     return found == items.end() ? Json() : *found;
 }
 
@@ -148,7 +149,7 @@ TEST_P(CommandLine, NothingIsRemovedWithoutAgreement) {
     const Ended declined = ctl.answering("n\n", {"clean"});
     EXPECT_EQ(declined.status, 1);
     EXPECT_THAT(declined.out, HasSubstr("~/.npm/_cacache"));
-    EXPECT_THAT(declined.err, HasSubstr("Remove 1 item (" ));
+    EXPECT_THAT(declined.err, HasSubstr("Remove 1 item ("));
 
     const Ended preview = ctl({"clean", "--dry-run", "--all", "--json"});
     EXPECT_EQ(preview.status, 0) << preview.err;
@@ -157,7 +158,8 @@ TEST_P(CommandLine, NothingIsRemovedWithoutAgreement) {
     EXPECT_EQ(snapshot(), before);
 
     ASSERT_EQ(ctl({"settings", "dryRun", "on"}).status, 0);
-    EXPECT_EQ(ctl({"clean", "--yes", "--json"}).json()["dryRun"], true) << "the setting stands beside the flag";
+    EXPECT_EQ(ctl({"clean", "--yes", "--json"}).json()["dryRun"], true)
+        << "the setting stands beside the flag";
     EXPECT_TRUE(stands("home/.npm/_cacache/blob"));
 
     ASSERT_EQ(ctl({"settings", "dryRun", "off"}).status, 0);
@@ -186,7 +188,8 @@ TEST_P(CommandLine, SelectingTakesWhatIsNamedAndTellsWhatIsNot) {
     EXPECT_TRUE(stands("home/Downloads/kept.iso")) << "nothing is preselected beside what is named";
 
     Sandbox::date(box.file("home/Downloads/bytes\xff.iso", big), daysAgo(30));
-    EXPECT_EQ(ctl({"clean", "installers", "--yes", "--select", at("home/Downloads/bytes\xff.iso")}).status, 0);
+    EXPECT_EQ(ctl({"clean", "installers", "--yes", "--select", at("home/Downloads/bytes\xff.iso")}).status,
+              0);
     EXPECT_FALSE(stands("home/Downloads/bytes\xff.iso"));
 
     const auto before = fs::current_path();
@@ -204,7 +207,8 @@ TEST_P(CommandLine, OptionsOfTheScanReachTheFinders) {
     Sandbox::date(box.file(std::string(cache) + "/blob", big), daysAgo(10));
     Sandbox::date(box.path(cache), daysAgo(10));
     EXPECT_EQ(itemAt(ctl({"scan", "--json"}).json()["items"], at(cache))["risk"], "safe");
-    EXPECT_EQ(itemAt(ctl({"scan", "--json", "--running", "com.example.App=App"}).json()["items"], at(cache))["risk"],
+    EXPECT_EQ(itemAt(ctl({"scan", "--json", "--running", "com.example.App=App"}).json()["items"],
+                     at(cache))["risk"],
               "review");
 
     const Json narrowed = ctl({"scan", "--categories", "devCaches,logs", "--json"}).json();
@@ -274,11 +278,13 @@ TEST_P(CommandLine, SizesAreThoseOfTheDisk) {
     const auto folders = allocated(box.path("home/tree/inner")) + allocated(box.path("home/tree/inner/deep"));
     EXPECT_EQ(measured["size"], small + large + folders + allocated(box.path("home/tree")));
     EXPECT_EQ(measured["files"], 2);
-    EXPECT_EQ(measured["folders"], Json({{at("home/tree/inner"), {{"size", small + folders}, {"files", 1}}}}));
+    EXPECT_EQ(measured["folders"],
+              Json({{at("home/tree/inner"), {{"size", small + folders}, {"files", 1}}}}));
 
     const Json found = ctl({"large", at("home/tree"), "--json", "--minimum", std::to_string(large)}).json();
     EXPECT_EQ(found, Json::array({{{"path", at("home/tree/large")}, {"size", large}}}));
-    EXPECT_THAT(ctl({"large", at("home/tree"), "--json", "--minimum", "0", "--limit", "1"}).json(), SizeIs(1));
+    EXPECT_THAT(ctl({"large", at("home/tree"), "--json", "--minimum", "0", "--limit", "1"}).json(),
+                SizeIs(1));
     EXPECT_EQ(ctl({"measure", at("home/none")}).status, 1);
 }
 
@@ -325,7 +331,8 @@ TEST_P(CommandLine, UnreadableProtectionStopsACleanUntilItIsWrittenAnew) {
         box.text(GetParam().settings, content);
         const Ended refused = ctl({"clean", "--yes", "--json"});
         EXPECT_EQ(refused.status, 1);
-        EXPECT_THAT(refused.json()["error"].get<std::string>(), HasSubstr(box.path(GetParam().settings).native()));
+        EXPECT_THAT(refused.json()["error"].get<std::string>(),
+                    HasSubstr(box.path(GetParam().settings).native()));
         EXPECT_TRUE(stands("home/.npm/_cacache/blob"));
 
         const Ended read = ctl({"scan", "--json"});

@@ -139,8 +139,7 @@ TEST_F(SpecialScannersTest, SystemDataIsRotatedOrReportedAndOldEnough) {
     mac.file("/private/var/log/empty.gz", 0, 14);
     const auto report = mac.file("/Library/Logs/DiagnosticReports/x.ips", 10, 14);
     mac.file("/Library/Logs/DiagnosticReports/new.ips", 10, 1);
-    ScriptedShell shell;
-    shell.answer("/usr/bin/tmutil", {.status = 1, .output = "2026-01-02-030405\n"});
+    ScriptedShell shell(CommandResult{.status = 1, .output = "2026-01-02-030405\n"});
     const auto items = system(shell);
     EXPECT_EQ(items.size(), 3U) << "a tool that fails adds nothing";
     for (const auto& path : {cache, rotated, report}) {
@@ -153,10 +152,9 @@ TEST_F(SpecialScannersTest, SystemDataIsRotatedOrReportedAndOldEnough) {
 }
 
 TEST_F(SpecialScannersTest, SnapshotsAreReadFromLinesThatAreDates) {
-    ScriptedShell shell;
-    shell.answer("/usr/bin/tmutil", {.status = 0,
-                                     .output = "Snapshot dates for disk /:\n\n 2026-01-02-030405 \n"
-                                               "2026-01-03-030405; rm -rf /\r\n2026-01-04-030405\r\n"});
+    ScriptedShell shell(CommandResult{.status = 0,
+                                      .output = "Snapshot dates for disk /:\n\n 2026-01-02-030405 \n"
+                                                "2026-01-03-030405; rm -rf /\r\n2026-01-04-030405\r\n"});
     const auto items = system(shell);
     ASSERT_EQ(items.size(), 2U);
     EXPECT_EQ(items[0].url, "/.tavrel-snapshot/2026-01-02-030405");
@@ -170,12 +168,11 @@ TEST_F(SpecialScannersTest, DisabledPackageRevisionsAreNamedSafely) {
     const auto tool = mac.file("/bin/snap", 1);
     mac.file("/snaps/core20_1974.snap", 5000);
     const SpecialScanners::SystemPlaces places{.packages = {{.tool = tool, .folder = mac.at("/snaps")}}};
-    ScriptedShell shell;
-    shell.answer(tool, {.status = 0,
-                        .output = "Name    Version  Rev   Tracking  Publisher  Notes\n"
-                                  "core20  20230801 2015  latest    canonical  base\n"
-                                  "core20  20230622 1974  latest    canonical  base,disabled\n"
-                                  "$(x)    1        2     latest    evil       disabled\n"});
+    ScriptedShell shell(CommandResult{.status = 0,
+                                      .output = "Name    Version  Rev   Tracking  Publisher  Notes\n"
+                                                "core20  20230801 2015  latest    canonical  base\n"
+                                                "core20  20230622 1974  latest    canonical  base,disabled\n"
+                                                "$(x)    1        2     latest    evil       disabled\n"});
     const auto items = SpecialScanners::systemData(places, shell, mac.guard(), testing::now());
     ASSERT_EQ(items.size(), 1U);
     EXPECT_EQ(items[0].adminCommand, tool.native() + " remove 'core20' --revision=1974");

@@ -36,8 +36,7 @@ struct CleanOptions {
     void addTo(CLI::App& command) {
         finder.addTo(command);
         auto* selects =
-            Arguments::addList(command, "--select", select, localized("remove this; may be repeated"))
-                ->type_name("PATH");
+            Arguments::addList(command, "--select", "PATH", select, localized("remove this; repeatable"));
         command.add_flag("--all", all, localized("remove what wants a review, too"))->excludes(selects);
         command.add_flag("--dry-run", dryRun, localized("tell what would be removed, touch nothing"));
         command.add_flag("--always-trash", alwaysTrash, localized("send everything to the Trash"));

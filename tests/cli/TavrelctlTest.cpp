@@ -72,7 +72,7 @@ class CommandLine : public ::testing::TestWithParam<Family> {
 };
 
 INSTANTIATE_TEST_SUITE_P(Families, CommandLine, ::testing::ValuesIn(families),
-                         [](const auto& info) { return std::string(info.param.profile); });
+                         [](const auto& family) { return std::string(family.param.profile); });
 
 /// The item with that path, or null.
 Json itemAt(const Json& items, const std::string& path) {

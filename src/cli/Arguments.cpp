@@ -16,8 +16,8 @@ std::filesystem::path workingFolder() {
     return std::filesystem::current_path(gone);
 }
 
-CLI::Option* addList(CLI::App& command, const std::string& name, std::vector<std::string>& target,
-                     const std::string& description) {
+CLI::Option* addList(CLI::App& command, const std::string& name, const std::string& placeholder,
+                     std::vector<std::string>& target, const std::string& description) {
     const auto take = [&target](const CLI::results_t& texts) {
         target = texts;
         return true;
@@ -26,7 +26,8 @@ CLI::Option* addList(CLI::App& command, const std::string& name, std::vector<std
     return command.add_option(name, take, description)
         ->take_all()
         ->expected(1, noLimit)
-        ->allow_extra_args(!name.starts_with('-'));
+        ->allow_extra_args(!name.starts_with('-'))
+        ->option_text(placeholder);
 }
 
 bool exists(const std::string& path, Console& console) {

@@ -19,8 +19,8 @@ namespace tavrel::cli::Arguments {
 
 /// Adds an option that may be repeated, or an argument that takes all that follow, and whose texts are kept
 /// to the byte: nothing in a name is read as a list.
-CLI::Option* addList(CLI::App& command, const std::string& name, std::vector<std::string>& target,
-                     const std::string& description);
+CLI::Option* addList(CLI::App& command, const std::string& name, const std::string& placeholder,
+                     std::vector<std::string>& target, const std::string& description);
 
 /// Whether something stands at `path`, a link counting as itself. Says so when nothing does.
 bool exists(const std::string& path, Console& console);

@@ -53,12 +53,11 @@ struct CheckCommand {
     std::vector<std::string> protect;
 
     void addTo(CLI::App& command) {
-        Arguments::addList(command, "PATH", paths, localized("what to judge"))->required();
-        Arguments::addList(command, "--extra-root", extraRoots,
-                           localized("admit this folder besides the home"))
-            ->type_name("DIR");
-        Arguments::addList(command, "--protect", protect, localized("bar this folder besides the settings'"))
-            ->type_name("DIR");
+        Arguments::addList(command, "PATH", "...", paths, localized("what to judge"))->required();
+        Arguments::addList(command, "--extra-root", "DIR", extraRoots,
+                           localized("admit this folder besides the home"));
+        Arguments::addList(command, "--protect", "DIR", protect,
+                           localized("bar this folder besides those in the settings"));
     }
 
     [[nodiscard]] SafetyGuard guard(const Session& session) const {

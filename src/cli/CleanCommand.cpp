@@ -36,8 +36,7 @@ struct CleanOptions {
     void addTo(CLI::App& command) {
         finder.addTo(command);
         auto* selects =
-            Arguments::addList(command, "--select", select, localized("remove this; may be repeated"))
-                ->type_name("PATH");
+            Arguments::addList(command, "--select", "PATH", select, localized("remove this; repeatable"));
         command.add_flag("--all", all, localized("remove what wants a review, too"))->excludes(selects);
         command.add_flag("--dry-run", dryRun, localized("tell what would be removed, touch nothing"));
         command.add_flag("--always-trash", alwaysTrash, localized("send everything to the Trash"));
@@ -72,15 +71,17 @@ class CleanRun {
 
   private:
     [[nodiscard]] bool isPreview() const { return options_.dryRun || session_.preferences().dryRun; }
-    [[nodiscard]] Items choose(const Items& found);
+    [[nodiscard]] Items choose();
     [[nodiscard]] bool agreed(const Items& chosen);
     [[nodiscard]] CleanReport remove(const Items& chosen, const SafetyGuard& guard, bool preview);
     void print(const CleanReport& report);
+    void printNothing();
 
     const CleanOptions& options_;
     Session session_;
     Console& console_;
     SystemTools tools_;
+    Items found_;
     int status_ = ExitStatus::done;
 };
 
@@ -93,9 +94,10 @@ int CleanRun::run() {
     if (auto unknown = session_.protectionUnknown(); unknown && !preview) return console_.fail(*unknown);
 
     const Finder finder(session_, tools_, options_.finder);
-    const auto found = finder.find(console_);
+    Finder::Found found = finder.find(console_);
     status_ = found.status;
-    const Items chosen = choose(found.items);
+    found_ = std::move(found.items);
+    const Items chosen = choose();
     if (!preview && !options_.yes && !chosen.empty() && !agreed(chosen)) {
         return console_.fail(localized("nothing was removed"));
     }
@@ -113,10 +115,10 @@ int CleanRun::run() {
     return status_;
 }
 
-Items CleanRun::choose(const Items& found) {
-    if (options_.all) return found;
-    if (options_.select.empty()) return Selection::preselected(found);
-    Selection::Named named = Selection::named(found, options_.select, Arguments::workingFolder());
+Items CleanRun::choose() {
+    if (options_.all) return found_;
+    if (options_.select.empty()) return Selection::preselected(found_);
+    Selection::Named named = Selection::named(found_, options_.select, Arguments::workingFolder());
     for (const std::string& name : named.missing) {
         console_.warn(phrase("\"{}\" is not among what was found", Text::shown(name)));
         status_ = ExitStatus::undone;
@@ -155,11 +157,15 @@ CleanReport CleanRun::remove(const Items& chosen, const SafetyGuard& guard, bool
     return report;
 }
 
+void CleanRun::printNothing() {
+    if (status_ != ExitStatus::done) return;
+    if (found_.empty()) return console_.line(localized("Nothing worth removing right now"));
+    console_.line(counted("Nothing is preselected; {} item wants a review",
+                          "Nothing is preselected; {} items want a review", found_.size()));
+}
+
 void CleanRun::print(const CleanReport& report) {
-    if (report.removed.empty() && report.skipped.empty()) {
-        if (status_ == ExitStatus::done) console_.line(localized("Nothing worth removing right now"));
-        return;
-    }
+    if (report.removed.empty() && report.skipped.empty()) return printNothing();
     const auto& home = session_.places().home();
     if (report.dryRun) ItemList::print(console_, report.removed, home, [](const CleanItem&) { return true; });
     console_.line(console_.styled(Console::Style::strong, headline(report)));

@@ -27,12 +27,22 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& global) {
     app.add_option("--root", global.root, localized("look for the system's folders below here (/)"))
         ->type_name("DIR");
     app.add_option("--profile", global.profile, localized("family of the system: macos or linux (this one)"))
-        ->check(CLI::IsMember({"macos", "linux"}))
+        ->check(CLI::IsMember({"macos", "linux"}).description(""))
         ->type_name("NAME");
     app.add_flag("--json", global.json, localized("print one JSON document"));
     app.add_flag("--quiet", global.quiet, localized("no progress and no advice"));
     app.add_flag("--no-color", global.noColour, localized("no colours"));
-    app.set_version_flag("--version", "tavrelctl " TAVREL_VERSION);
+    app.set_version_flag("--version", "tavrelctl " TAVREL_VERSION, localized("print the version"));
+}
+
+void layOutHelp(CLI::FormatterBase& help) {
+    help.column_width(helpColumn);
+    help.label("OPTIONS", localized("options"));
+    help.label("SUBCOMMAND", localized("command"));
+    help.label("Subcommands", localized("Commands"));
+    help.label("Positionals", localized("Arguments"));
+    help.label("Options", localized("Options"));
+    help.label("REQUIRED", "");
 }
 
 void addCommands(CLI::App& app, Command& chosen) {
@@ -67,7 +77,8 @@ tl::expected<CommandLine, int> CommandLine::parse(int argc, const char* const* a
     CLI::App app(localized("Finds and removes what your disk can do without."), "tavrelctl");
     app.fallthrough();
     app.require_subcommand(0, 1);
-    app.get_formatter()->column_width(helpColumn);
+    app.set_help_flag("--help", localized("tell how this is used"));
+    layOutHelp(*app.get_formatter());
     addGlobalOptions(app, line.global);
     addCommands(app, line.command);
     unguard(app);

@@ -56,7 +56,7 @@ struct SizeCommand {
     std::vector<std::string> paths;
 
     void addTo(CLI::App& command) {
-        Arguments::addList(command, "PATH", paths, localized("files and folders"))->required();
+        Arguments::addList(command, "PATH", "...", paths, localized("files and folders"))->required();
     }
 
     [[nodiscard]] int run(const GlobalOptions& /*global*/, Console& console) const {
@@ -87,7 +87,7 @@ struct MeasureCommand {
         constexpr int deepest = 1000;
         command.add_option("PATH", path, localized("a folder"))->required()->type_name("");
         command.add_option("--depth", depth, localized("levels of folders to tell of (2)"))
-            ->check(CLI::Range(0, deepest))
+            ->check(CLI::Range(0, deepest).description(""))
             ->type_name("N");
     }
 
@@ -127,10 +127,10 @@ struct LargeCommand {
         constexpr std::int64_t mostRows = 1000000;
         command.add_option("PATH", path, localized("a folder"))->required()->type_name("");
         command.add_option("--minimum", minimum, localized("smallest size (524288000)"))
-            ->check(CLI::Range(std::int64_t{0}, most))
+            ->check(CLI::Range(std::int64_t{0}, most).description(""))
             ->type_name("BYTES");
         command.add_option("--limit", limit, localized("most files to list (200)"))
-            ->check(CLI::Range(std::int64_t{1}, mostRows))
+            ->check(CLI::Range(std::int64_t{1}, mostRows).description(""))
             ->type_name("N");
     }
 

@@ -58,27 +58,28 @@ std::set<CleanCategory> asked(const std::vector<std::string>& names) {
 }  // namespace
 
 void FinderOptions::addTo(CLI::App& command) {
+    const CLI::Validator known = CLI::IsMember({"system", "ai", "projects", "installers"}).description("");
+    const CLI::Validator age = CLI::Range(0, longestAge).description("");
     command
-        .add_option("MODE", mode, localized("what to look for: system (default), ai, projects or installers"))
-        ->check(CLI::IsMember({"system", "ai", "projects", "installers"}))
+        .add_option("MODE", mode, localized("what to look for: system (default), ai, projects, installers"))
+        ->check(known)
         ->type_name("");
     command.add_option("--categories", categories, localized("only these groups, separated by commas"))
         ->delimiter(',')
         ->check(refuseUnknownCategory)
         ->allow_extra_args(false)
-        ->type_name("A,B");
-    command.add_option("--stale-days", staleDays, localized("age of a project nobody touches (the setting)"))
-        ->check(CLI::Range(0, longestAge))
+        ->option_text("A,B");
+    command.add_option("--stale-days", staleDays, localized("age of an untouched project (the setting)"))
+        ->check(age)
         ->type_name("N");
     command.add_option("--session-age-days", sessionAgeDays, localized("age of an old AI session (90)"))
-        ->check(CLI::Range(0, longestAge))
+        ->check(age)
         ->type_name("N");
-    Arguments::addList(command, "--project-root", projectRoots,
-                       localized("look here for projects and nowhere else"))
-        ->type_name("DIR");
-    Arguments::addList(command, "--running", running, localized("treat this program as running"))
-        ->check(refuseUnnamedProgram)
-        ->type_name("BUNDLEID=NAME");
+    Arguments::addList(command, "--project-root", "DIR", projectRoots,
+                       localized("look here for projects and nowhere else"));
+    Arguments::addList(command, "--running", "BUNDLEID=NAME", running,
+                       localized("treat this program as running"))
+        ->check(refuseUnnamedProgram);
 }
 
 std::string Finder::action(std::string_view mode) {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace tavrel::cli::ItemList {
 
@@ -19,57 +20,74 @@ constexpr std::size_t sizeColumns = 8;  // "999.9 MB", "12.34 GB"
 constexpr std::size_t pathColumn = 2 + 1 + 2 + sizeColumns + 2;
 constexpr std::size_t gap = 2;
 
-/// A text in two forms: as it is measured, and as it is written.
-struct Piece {
-    std::string plain;
-    std::string styled;
+/// One item as two texts: its path, and what to mind about it.
+struct Row {
+    const CleanItem& item;
+    std::string path;
+    std::vector<std::pair<Style, std::string>> remarks;  // the chips, then the note
+
+    [[nodiscard]] std::size_t columnsOfRemarks() const {
+        std::size_t columns = 0;
+        for (const auto& [style, text] : remarks) columns += Text::columns(text) + (columns > 0 ? 1 : 0);
+        return columns;
+    }
 };
 
-void append(Piece& line, const Console& console, Style style, const std::string& text, const char* between) {
-    if (text.empty()) return;
-    if (!line.plain.empty()) {
-        line.plain += between;
-        line.styled += between;
-    }
-    line.plain += text;
-    line.styled += console.styled(style, text);
+Row rowFor(const Console& console, const CleanItem& item, const std::filesystem::path& home,
+           std::size_t room) {
+    Row row{.item = item, .path = console.fitted(shown(item.url, home), room)};
+    const auto chip = [&row](bool stands, Style style, const char* word) {
+        if (stands) row.remarks.emplace_back(style, "[" + localized(word) + "]");
+    };
+    chip(item.risk == Risk::review, Style::caution, "Review");
+    chip(item.permanent, Style::danger, "Permanent");
+    chip(item.requiresAdmin, Style::privileged, "admin");
+    const std::size_t left = room - std::min(room, row.columnsOfRemarks() + 1);
+    if (!item.note.empty())
+        row.remarks.emplace_back(Style::dim, console.fitted(Text::shown(item.note), left));
+    return row;
 }
 
-/// What to mind about an item: its chips, then its note.
-Piece remark(const Console& console, const CleanItem& item) {
-    const auto chip = [](bool stands, const char* word) { return stands ? "[" + localized(word) + "]" : ""; };
-    Piece line;
-    append(line, console, Style::caution, chip(item.risk == Risk::review, "Review"), " ");
-    append(line, console, Style::danger, chip(item.permanent, "Permanent"), " ");
-    append(line, console, Style::privileged, chip(item.requiresAdmin, "admin"), " ");
-    append(line, console, Style::dim, Text::shown(item.note), " ");
-    return line;
-}
+/// Remarks stand beside the paths where the whole group has room for that, else below them.
+enum class Remarks { beside, below };
 
-std::string rightAligned(const std::string& text, std::size_t columns) {
-    const std::size_t taken = Text::columns(text);
-    return std::string(columns > taken ? columns - taken : 0, ' ') + text;
-}
-
-void printItem(Console& console, const CleanItem& item, const std::filesystem::path& home, bool marked) {
-    const std::size_t room = console.width() - pathColumn;
-    const std::string path = console.fitted(shown(item.url, home), room);
+void printRow(Console& console, const Row& row, bool marked, Remarks place) {
     const std::string mark = marked ? console.styled(Style::mark, "●") : "○";
-    std::string line =
-        fmt::format("  {}  {}  {}", mark, rightAligned(byteCount(item.size), sizeColumns), path);
-
-    const Piece note = remark(console, item);
-    const bool beside = Text::columns(path) + gap + Text::columns(note.plain) <= room;
-    if (!note.plain.empty())
-        line += (beside ? std::string(gap, ' ') : "\n" + std::string(pathColumn, ' ')) + note.styled;
+    std::string line = fmt::format("  {}  {:>{}}  {}", mark, byteCount(row.item.size), sizeColumns, row.path);
+    std::string between =
+        place == Remarks::beside ? std::string(gap, ' ') : "\n" + std::string(pathColumn, ' ');
+    for (const auto& [style, text] : row.remarks) {
+        line += between + console.styled(style, text);
+        between = " ";
+    }
     console.line(line);
+}
+
+void printGroup(Console& console, CleanCategory category, const std::vector<CleanItem>& group,
+                const std::filesystem::path& home, const Marked& marked) {
+    const std::string title = console.styled(Style::strong, CleanCategories::title(category));
+    const std::string count = counted("{} item", "{} items", group.size());
+    console.line(fmt::format("{} · {} · {}", title, count, byteCount(Selection::size(group))));
+    console.line(console.styled(Style::dim, CleanCategories::summary(category)));
+
+    const std::size_t room = console.width() - pathColumn;
+    std::vector<Row> rows;
+    for (const CleanItem& item : group) rows.push_back(rowFor(console, item, home, room));
+    const bool fits = std::all_of(rows.begin(), rows.end(), [&](const Row& row) {
+        return Text::columns(row.path) + gap + row.columnsOfRemarks() <= room;
+    });
+    for (const Row& row : rows) {
+        printRow(console, row, marked(row.item), fits ? Remarks::beside : Remarks::below);
+    }
+    console.line("");
 }
 
 }  // namespace
 
 std::string shown(const std::filesystem::path& path, const std::filesystem::path& home) {
     const std::string& text = path.native();
-    if (!Paths::isInside(text, home.native())) return Text::shown(text);
+    const bool atHome = home != "/" && Paths::isInside(text, home.native());
+    if (!atHome) return Text::shown(text);
     return "~" + Text::shown(text.substr(home.native().size()));
 }
 
@@ -79,14 +97,7 @@ void print(Console& console, const std::vector<CleanItem>& items, const std::fil
         std::vector<CleanItem> group;
         std::copy_if(items.begin(), items.end(), std::back_inserter(group),
                      [&](const CleanItem& item) { return item.category == category; });
-        if (group.empty()) continue;
-
-        const std::string title = console.styled(Style::strong, CleanCategories::title(category));
-        const std::string count = counted("{} item", "{} items", group.size());
-        console.line(fmt::format("{} · {} · {}", title, count, byteCount(Selection::size(group))));
-        console.line(console.styled(Style::dim, CleanCategories::summary(category)));
-        for (const CleanItem& item : group) printItem(console, item, home, marked(item));
-        console.line("");
+        if (!group.empty()) printGroup(console, category, group, home, marked);
     }
 }
 

@@ -89,8 +89,8 @@ std::optional<std::string> Session::protectionUnknown() const {
                        std::find(wrong.begin(), wrong.end(), "protectedPaths") == wrong.end();
     if (known) return std::nullopt;
     return phrase(
-        "nothing is removed while the protected folders in {} cannot be read; write them anew with "
-        "\"tavrelctl settings protectedPaths '[]'\"",
+        "nothing is removed while the protected folders in {} cannot be read; "
+        "write them anew with \"tavrelctl settings protectedPaths\"",
         Text::shown(defaults_.file().native()));
 }
 

@@ -29,13 +29,14 @@ struct Family {
     const char* history;
     const char* settings;
     const char* trashed;  // a file "old.iso" in the Trash
+    const char* caches;
 };
 
 constexpr Family families[] = {
     {"macos", "home/Library/Application Support/Tavrel/history.json",
-     "home/Library/Preferences/com.quennith.tavrel.plist", "home/.Trash/old.iso"},
+     "home/Library/Preferences/com.quennith.tavrel.plist", "home/.Trash/old.iso", "home/Library/Caches"},
     {"linux", "home/.local/share/Tavrel/history.json", "home/.config/Tavrel/preferences.plist",
-     "home/.local/share/Trash/files/old.iso"},
+     "home/.local/share/Trash/files/old.iso", "home/.cache"},
 };
 
 /// A home with one thing to delete, one to review, and one that goes to the Trash.
@@ -46,9 +47,12 @@ class CommandLine : public ::testing::TestWithParam<Family> {
         box.file("home/.npm/_cacache/blob", big);
         box.file("home/.cache/bazel/blob", big);
         Sandbox::date(box.file("home/Downloads/old.iso", big), daysAgo(30));
-        Sandbox::date(box.file("home/work/.git/HEAD", 1), daysAgo(90));
-        Sandbox::date(box.file("home/work/package.json", 1), daysAgo(90));
+        box.file("home/work/.git/HEAD");
+        box.file("home/work/package.json");
         box.file("home/work/node_modules/left/index.js", big);
+        for (const auto& entry : fs::recursive_directory_iterator(box.path("home/work"))) {
+            Sandbox::date(entry.path(), daysAgo(90));
+        }
         Sandbox::date(box.path("home/work"), daysAgo(90));
     }
 
@@ -68,7 +72,7 @@ class CommandLine : public ::testing::TestWithParam<Family> {
 };
 
 INSTANTIATE_TEST_SUITE_P(Families, CommandLine, ::testing::ValuesIn(families),
-                         [](const auto& info) { return std::string(info.param.profile); });
+                         [](const auto& family) { return std::string(family.param.profile); });
 
 /// The item with that path, or null.
 Json itemAt(const Json& items, const std::string& path) {
@@ -200,16 +204,13 @@ TEST_P(CommandLine, SelectingTakesWhatIsNamedAndTellsWhatIsNot) {
 }
 
 TEST_P(CommandLine, OptionsOfTheScanReachTheFinders) {
-    const Ended running = ctl({"scan", "--json", "--running", "com.example.App=App"});
-    EXPECT_EQ(running.status, 0) << running.err;
-    const char* cache = GetParam().profile == std::string("macos") ? "home/Library/Caches/com.example.App"
-                                                                   : "home/.cache/com.example.App";
-    Sandbox::date(box.file(std::string(cache) + "/blob", big), daysAgo(10));
-    Sandbox::date(box.path(cache), daysAgo(10));
-    EXPECT_EQ(itemAt(ctl({"scan", "--json"}).json()["items"], at(cache))["risk"], "safe");
-    EXPECT_EQ(itemAt(ctl({"scan", "--json", "--running", "com.example.App=App"}).json()["items"],
-                     at(cache))["risk"],
-              "review");
+    const std::string cache = at(GetParam().caches) + "/com.example.App";
+    box.file(cache + "/blob", big);
+    Sandbox::date(cache, daysAgo(10));
+    const Words scan = {"scan", "--json"};
+    EXPECT_EQ(itemAt(ctl(scan).json()["items"], cache)["risk"], "safe");
+    const Words running = {"scan", "--json", "--running", "com.example.App=App"};
+    EXPECT_EQ(itemAt(ctl(running).json()["items"], cache)["risk"], "review");
 
     const Json narrowed = ctl({"scan", "--categories", "devCaches,logs", "--json"}).json();
     EXPECT_EQ(paths(narrowed["items"]), Json::array({at("home/.cache/bazel")}));

@@ -62,7 +62,7 @@ SystemTools::SystemTools(const Profile& profile)
     : isRunningSystem_(profile.places.isRunningSystem()),
       applicationFolders_(desktopEntries(profile.places)),
       shell_(shellFor(profile.places)),
-      administrator_(administratorFor(*shell_)),
+      administrator_(administratorFor(prompting_)),
       trash_(trashFor(profile)),
       names_(namesFor(profile, applicationFolders_)) {}
 

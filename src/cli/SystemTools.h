@@ -4,6 +4,7 @@
 #include "platform/Administrator.h"
 #include "platform/RunningApplications.h"
 #include "platform/Shell.h"
+#include "platform/posix/PosixShell.h"
 #include "profiles/Profile.h"
 
 #include <filesystem>
@@ -12,8 +13,8 @@
 
 namespace tavrel::cli {
 
-/// What stands in for the operating system in one run. On a disk that is only examined no command of this
-/// machine is run and none of its programs counts as running.
+/// What stands in for the operating system in one run. On a disk that is only examined no tool of this
+/// machine is asked and none of its programs counts as running; root still removes what is chosen there.
 class SystemTools {
   public:
     explicit SystemTools(const Profile& profile);
@@ -28,6 +29,7 @@ class SystemTools {
     bool isRunningSystem_;
     std::vector<std::filesystem::path> applicationFolders_;
     std::unique_ptr<Shell> shell_;
+    PosixShell prompting_{PosixShell::Terminal::shared};
     std::unique_ptr<Administrator> administrator_;
     std::unique_ptr<Trash> trash_;
     std::unique_ptr<ApplicationNames> names_;

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace tavrel::testing {
@@ -62,7 +63,7 @@ void growHardLinks(const Sandbox& sandbox) {
         const fs::path below = "f" + std::to_string(at % 7);
         const fs::path folder =
             at % 3 == 0 ? below : below / ("g" + std::to_string(at % 5)) / std::to_string(at);
-        files.push_back(sandbox.file(folder / ("own" + std::to_string(at)), 1000 * at));
+        files.push_back(sandbox.file(folder / ("own" + std::to_string(at)), 1000LL * at));
         for (int link = 0; link < 4; ++link) {
             const fs::path& known = files[random() % files.size()];
             fs::create_hard_link(known, sandbox.path(folder / ("l" + std::to_string(at * 10 + link))));
@@ -120,6 +121,10 @@ void makeFile(int folder) {
 
 }  // namespace
 
+void PrintTo(const Tree& tree, std::ostream* out) {
+    *out << tree.name;
+}
+
 const std::vector<Tree>& hostileTrees() {
     static const std::vector<Tree> trees = {
         {"Empty", [](const Sandbox&) {}},
@@ -141,8 +146,15 @@ void growDeep(const Sandbox& sandbox, int depth, Teeth teeth) {
     constexpr int levelsPerFile = 20;
     FileHandle at(::open(sandbox.root().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     for (int level = 0; level < depth; ++level) {
-        FileHandle tooth(teeth == Teeth::one ? makeAndOpen(at.get(), "to") : -1);
-        at = FileHandle(makeAndOpen(at.get(), "in"));
+        // Whatever order the file system lists names in, the tooth is often the one that has to wait.
+        const bool swapNames = level % 2 != 0;
+        const bool toothFirst = level % 4 < 2;
+        FileHandle tooth;
+        const auto addTooth = [&] { tooth = FileHandle(makeAndOpen(at.get(), swapNames ? "in" : "to")); };
+        if (teeth == Teeth::one && toothFirst) addTooth();
+        FileHandle next(makeAndOpen(at.get(), swapNames ? "to" : "in"));
+        if (teeth == Teeth::one && !toothFirst) addTooth();
+        at = std::move(next);
         if (level % levelsPerFile != 0) continue;
         makeFile(at.get());
         if (tooth) makeFile(tooth.get());

@@ -3,6 +3,7 @@
 #include "support/Sandbox.h"
 
 #include <functional>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,8 @@ struct Tree {
     std::string name;
     std::function<void(const Sandbox&)> grow;
 };
+
+void PrintTo(const Tree& tree, std::ostream* out);
 
 /// Each small enough to be named in full by a path.
 const std::vector<Tree>& hostileTrees();

@@ -171,8 +171,7 @@ TEST(MountedFolders, AreMeasuredLikeASingleWalkDoes) {
             return "the oracle entered the disk";
         if (FileSizer::size(sandbox.root()) != ftsContentSize(sandbox.root())) return "wrong contents";
         for (const unsigned threads : teamSizes) {
-            const std::string wrong =
-                difference(DiskIndex::measure(sandbox.root(), 5, {}, threads), expected);
+            std::string wrong = difference(DiskIndex::measure(sandbox.root(), 5, {}, threads), expected);
             if (!wrong.empty()) return wrong;
         }
         return {};

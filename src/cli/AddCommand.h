@@ -17,6 +17,7 @@ template <typename Kind>
 void addCommand(CLI::App& app, Command& chosen, const char* name, const char* description) {
     const auto kind = std::make_shared<Kind>();
     CLI::App* const command = app.add_subcommand(name, Text::localized(description));
+    command->group(Text::localized("Commands"));
     kind->addTo(*command);
     command->callback([kind, &chosen] {
         chosen = [kind](const GlobalOptions& global, Console& console) { return kind->run(global, console); };

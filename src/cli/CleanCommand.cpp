@@ -170,8 +170,8 @@ void CleanRun::print(const CleanReport& report) {
     if (report.dryRun) ItemList::print(console_, report.removed, home, [](const CleanItem&) { return true; });
     console_.line(console_.styled(Console::Style::strong, headline(report)));
     for (const auto& [item, reason] : report.skipped) {
-        console_.line(fmt::format("  {}: {}", ItemList::shown(item.url, home),
-                                  console_.styled(Console::Style::caution, Text::shown(reason))));
+        console_.line("  " + ItemList::shown(item.url, home));
+        console_.line("    " + console_.styled(Console::Style::caution, Text::shown(reason)));
     }
 }
 

@@ -19,14 +19,14 @@ namespace {
 
 using Text::localized;
 
-constexpr std::size_t helpColumn = 34;
+constexpr std::size_t helpColumn = 28;
 
 void addGlobalOptions(CLI::App& app, GlobalOptions& global) {
     app.add_option("--home", global.home, localized("work for the user whose home this is"))
         ->type_name("DIR");
     app.add_option("--root", global.root, localized("look for the system's folders below here (/)"))
         ->type_name("DIR");
-    app.add_option("--profile", global.profile, localized("family of the system: macos or linux (this one)"))
+    app.add_option("--profile", global.profile, localized("kind of system: macos or linux (this one)"))
         ->check(CLI::IsMember({"macos", "linux"}).description(""))
         ->type_name("NAME");
     app.add_flag("--json", global.json, localized("print one JSON document"));
@@ -39,7 +39,6 @@ void layOutHelp(CLI::FormatterBase& help) {
     help.column_width(helpColumn);
     help.label("OPTIONS", localized("options"));
     help.label("SUBCOMMAND", localized("command"));
-    help.label("Subcommands", localized("Commands"));
     help.label("Positionals", localized("Arguments"));
     help.label("Options", localized("Options"));
     help.label("REQUIRED", "");

@@ -60,8 +60,7 @@ std::set<CleanCategory> asked(const std::vector<std::string>& names) {
 void FinderOptions::addTo(CLI::App& command) {
     const CLI::Validator known = CLI::IsMember({"system", "ai", "projects", "installers"}).description("");
     const CLI::Validator age = CLI::Range(0, longestAge).description("");
-    command
-        .add_option("MODE", mode, localized("what to look for: system (default), ai, projects, installers"))
+    command.add_option("MODE", mode, localized("system (default), ai, projects or installers"))
         ->check(known)
         ->type_name("");
     command.add_option("--categories", categories, localized("only these groups, separated by commas"))

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <nlohmann/json.hpp>
 
@@ -29,6 +30,15 @@ Json::Value effective(const Session& session, std::string_view key) {
     return value ? Json::preference(*value) : Json::Value(nullptr);
 }
 
+/// A value for reading: each entry of a list on a line of its own.
+std::vector<std::string> linesFor(const Json::Value& value) {
+    if (!value.is_array()) return {Text::shown(value.dump())};
+    if (value.empty()) return {localized("none")};
+    std::vector<std::string> lines;
+    for (const Json::Value& entry : value) lines.push_back(Text::shown(entry.get<std::string>()));
+    return lines;
+}
+
 void printAll(const Session& session, Console& console) {
     Json::Value all = Json::Value::object();
     std::size_t widest = 0;
@@ -38,7 +48,9 @@ void printAll(const Session& session, Console& console) {
     }
     if (console.json()) return console.document(all);
     for (const auto& [key, value] : all.items()) {
-        console.line(fmt::format("{:<{}}  {}", key, widest, Text::shown(value.dump())));
+        const std::vector<std::string> lines = linesFor(value);
+        console.line(fmt::format("{:<{}}  {}", key, widest, lines.front()));
+        for (std::size_t i = 1; i < lines.size(); ++i) console.line(std::string(widest + 2, ' ') + lines[i]);
     }
 }
 

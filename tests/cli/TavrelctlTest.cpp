@@ -321,6 +321,7 @@ TEST_P(CommandLine, SettingsKeepWhatFitsAndRefuseTheRest) {
         EXPECT_EQ(ctl({"--json", "settings"}).json(), expected) << row.key << ' ' << row.text;
     }
     EXPECT_EQ(ctl({"settings", "protectedPaths"}).out, "[\"~/a\",\"/b\"]\n");
+    EXPECT_THAT(ctl({"settings"}).out, HasSubstr("protectedPaths    ~/a\n                  /b\n"));
 }
 
 TEST_P(CommandLine, UnreadableProtectionStopsACleanUntilItIsWrittenAnew) {

@@ -1,0 +1,175 @@
+#include "cleaning/Cleaner.h"
+
+#include "cleaning/History.h"
+#include "cleaning/Removal.h"
+#include "core/CheckedSum.h"
+#include "core/Files.h"
+#include "core/Paths.h"
+#include "core/Quoting.h"
+#include "core/Scripts.h"
+#include "core/Text.h"
+#include "disk/FileSizer.h"
+
+#include <algorithm>
+#include <chrono>
+#include <iterator>
+#include <utility>
+
+namespace tavrel {
+
+namespace {
+
+constexpr std::chrono::seconds administratorLimit{600};
+
+void noteRemoved(CleanReport& report, const CleanItem& item) {
+    report.removed.push_back(item);
+    report.freed = addBytes(report.freed, item.size);
+}
+
+void noteSkipped(CleanReport& report, const CleanItem& item, std::string reason) {
+    report.skipped.push_back({item, std::move(reason)});
+}
+
+/// What a failed batch says to the person who waits for it.
+std::string failureText(const CommandResult& result) {
+    if (result.output.find(Administrator::dismissed) != std::string::npos) {
+        return Text::localized("Password prompt cancelled");
+    }
+    return Text::trimmed(result.output);
+}
+
+History::Entry entryFor(const CleanReport& report, const std::string& action, Instant now) {
+    History::Entry entry{.id = History::newIdentifier(),
+                         .date = now,
+                         .action = action,
+                         .count = static_cast<std::int64_t>(report.removed.size()),
+                         .bytes = report.freed,
+                         .paths = {}};
+    std::transform(report.removed.begin(), report.removed.end(), std::back_inserter(entry.paths),
+                   [](const CleanItem& item) { return Text::exact(item.url.native()); });
+    return entry;
+}
+
+}  // namespace
+
+const std::set<CleanCategory>& Cleaner::direct() {
+    using enum CleanCategory;
+    static const std::set<CleanCategory> categories = {
+        userCaches, logs,     xcode, packageManagers, devCaches, editors,
+        appData,    browsers, mail,  downloads,       projects,  aiCaches,
+    };
+    return categories;
+}
+
+CleanReport Cleaner::clean(const std::vector<CleanItem>& items, const std::string& action,
+                           const SafetyGuard& safety, Options options, const Progress& progress) const {
+    CleanReport report{.dryRun = options.dryRun};
+    std::vector<CleanItem> ordinary;
+    std::vector<CleanItem> forRoot;
+    for (const auto& item : items) (item.requiresAdmin ? forRoot : ordinary).push_back(item);
+
+    for (std::size_t i = 0; i < ordinary.size(); ++i) {
+        cleanOne(ordinary[i], safety, options, report);
+        if (progress) progress(static_cast<double>(i + 1) / static_cast<double>(items.size()));
+    }
+    if (!forRoot.empty()) cleanWithAdmin(forRoot, safety, options, report);
+    if (!options.dryRun && !report.removed.empty()) {
+        // A history that cannot be written does not undo the clean.
+        static_cast<void>(History::record(tools_.history, entryFor(report, action, tools_.now())));
+    }
+    return report;
+}
+
+Cleaner::Disposal Cleaner::disposal(const CleanItem& item, Options options) {
+    if (item.permanent) return Disposal::erase;
+    if (options.alwaysTrash || item.risk != Risk::safe) return Disposal::trash;
+    return direct().contains(item.category) ? Disposal::erase : Disposal::trash;
+}
+
+void Cleaner::cleanOne(const CleanItem& item, const SafetyGuard& safety, Options options,
+                       CleanReport& report) const {
+    // Seen first and vetted second: whatever is swapped in after the vetting is then another thing than was
+    // seen.
+    const auto seen = Removal::identify(tools_.access, item.url);
+    const auto verdict = safety.check(item.url);
+    if (!verdict.isAllowed()) return noteSkipped(report, item, verdict.reason());
+    if (!seen) return;
+
+    const auto how = disposal(item, options);
+    if (!options.dryRun) {
+        const auto outcome = dispose(Removal::target(item.url, verdict, *seen), how);
+        if (!outcome) return noteSkipped(report, item, outcome.error().reason);
+    }
+    if (how == Disposal::trash) report.trashed = addBytes(report.trashed, item.size);
+    noteRemoved(report, item);
+}
+
+Removal::Outcome Cleaner::dispose(const Removal::Target& target, Disposal how) const {
+    if (how == Disposal::trash) return tools_.trash.trash(target);
+    auto outcome = Removal::erase(tools_.access, target);
+    if (outcome) tools_.trash.erased(target.path());
+    return outcome;
+}
+
+std::optional<std::string> Cleaner::refusalForRoot(const CleanItem& item, const SafetyGuard& guard) const {
+    // A command of its own names no path that could be judged; the scanner that wrote it is trusted.
+    if (item.adminCommand) return std::nullopt;
+    const auto verdict = guard.check(item.url);
+    if (!verdict.isAllowed()) return verdict.reason();
+    if (!tools_.administrator.mayName(Paths::standardized(item.url))) {
+        return Text::localized("Others than the administrator can change the folder it is in");
+    }
+    return std::nullopt;
+}
+
+void Cleaner::cleanWithAdmin(const std::vector<CleanItem>& items, const SafetyGuard& safety, Options options,
+                             CleanReport& report) const {
+    const auto guard = safety.withRoots(tools_.systemRoots);
+    std::vector<CleanItem> accepted;
+    std::vector<std::string> commands;
+    for (const auto& item : items) {
+        if (auto reason = refusalForRoot(item, guard)) {
+            noteSkipped(report, item, std::move(*reason));
+            continue;
+        }
+        const auto path = Paths::standardized(item.url);
+        commands.push_back(item.adminCommand.value_or("/bin/rm -rf -- " + Quoting::shell(path.native())));
+        accepted.push_back(item);
+    }
+    if (accepted.empty()) return;
+
+    const auto result = options.dryRun
+                            ? CommandResult{}
+                            : tools_.administrator.run(Scripts::statusBatch(commands), administratorLimit);
+    for (const auto& item : accepted) {
+        // The one status of the batch does not tell its commands apart, so the disk is asked.
+        const bool gone = !item.adminCommand && !Removal::identify(tools_.access, item.url);
+        if (result.status == 0 || gone) {
+            noteRemoved(report, item);
+        } else {
+            noteSkipped(report, item, failureText(result));
+        }
+    }
+}
+
+std::int64_t Cleaner::emptyTrash(const FolderAccess& access, Trash& trash) {
+    const auto root = trash.home();
+    const auto contents = trash.contents();
+    const auto way = Paths::components(contents.lexically_relative(root).native());
+
+    std::int64_t freed = 0;
+    for (const auto& name : Files::names(contents)) {
+        const auto path = contents / name;
+        const auto seen = Removal::identify(access, path);
+        if (!seen) continue;
+        const auto size = FileSizer::size(path);
+        Removal::Target target{.root = root, .components = way, .seen = *seen};
+        target.components.push_back(name);
+        if (!Removal::erase(access, target)) continue;
+        trash.erased(path);
+        freed = addBytes(freed, size);
+    }
+    return freed;
+}
+
+}  // namespace tavrel

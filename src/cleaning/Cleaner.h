@@ -1,12 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <filesystem>
-#include <functional>
-#include <set>
-#include <string>
-#include <vector>
-
 #include "cleaning/CleanItem.h"
 #include "cleaning/CleanReport.h"
 #include "cleaning/SafetyGuard.h"
@@ -14,10 +7,19 @@
 #include "core/Instant.h"
 #include "platform/Administrator.h"
 
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
 namespace tavrel {
 
-/// Removes what a person agreed to. Each item is vetted again at the moment of action, then deleted, moved to the
-/// Trash, or run as root in one batch; the report says what became of it and the history remembers the run.
+/// Removes what a person agreed to. Each item is vetted again at the moment of action, then deleted, moved to
+/// the Trash, or run as root in one batch; the report says what became of it and the history remembers the
+/// run.
 class Cleaner {
   public:
     /// What a clean asks of the system, borrowed for the life of the cleaner.
@@ -42,19 +44,28 @@ class Cleaner {
     /// Categories whose safe items may be deleted outright instead of going to the Trash.
     [[nodiscard]] static const std::set<CleanCategory>& direct();
 
-    /// `action` is the word in the history. `progress` is called after each ordinary item with the share of all
-    /// items that is done, so a run with administrator items ends short of 1. Nothing that goes wrong with one item
-    /// ends the run.
+    /// `action` is the word in the history. `progress` is called after each ordinary item with the share of
+    /// all items that is done, so a run with administrator items ends short of 1. Nothing that goes wrong
+    /// with one item ends the run.
     [[nodiscard]] CleanReport clean(const std::vector<CleanItem>& items, const std::string& action,
-                                    const SafetyGuard& safety, Options options, const Progress& progress) const;
+                                    const SafetyGuard& safety, Options options,
+                                    const Progress& progress) const;
 
-    /// Deletes everything in the home Trash, which is the user's and so not vetted; the folder stays. Bytes removed.
+    /// Deletes everything in the home Trash, which is the user's and so not vetted; the folder stays. Bytes
+    /// removed.
     [[nodiscard]] static std::int64_t emptyTrash(const FolderAccess& access, Trash& trash);
 
   private:
     enum class Disposal { erase, trash };
 
-    void cleanOne(const CleanItem& item, const SafetyGuard& safety, Options options, CleanReport& report) const;
+    [[nodiscard]] static Disposal disposal(const CleanItem& item, Options options);
+    [[nodiscard]] Removal::Outcome dispose(const Removal::Target& target, Disposal how) const;
+    /// Why root may not remove the item; nothing when it may.
+    [[nodiscard]] std::optional<std::string> refusalForRoot(const CleanItem& item,
+                                                            const SafetyGuard& guard) const;
+
+    void cleanOne(const CleanItem& item, const SafetyGuard& safety, Options options,
+                  CleanReport& report) const;
     void cleanWithAdmin(const std::vector<CleanItem>& items, const SafetyGuard& safety, Options options,
                         CleanReport& report) const;
 

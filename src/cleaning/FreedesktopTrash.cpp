@@ -1,0 +1,135 @@
+#include "cleaning/FreedesktopTrash.h"
+
+#include "core/Paths.h"
+
+#include <cctype>
+#include <cerrno>
+#include <ctime>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace tavrel {
+
+namespace {
+
+constexpr std::string_view infoExtension = ".trashinfo";
+
+std::error_code lastError() {
+    return {errno, std::generic_category()};
+}
+
+std::string infoName(const std::string& name) {
+    return name + std::string(infoExtension);
+}
+
+/// The present as the notes write it: local time without a zone.
+std::string deletionDate() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}", local.tm_year + 1900, local.tm_mon + 1,
+                       local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);
+}
+
+/// Writes all of `content` and sees it on the disk.
+std::error_code writeThrough(int file, std::string_view content) {
+    while (!content.empty()) {
+        const auto written = ::write(file, content.data(), content.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return lastError();
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return ::fsync(file) == 0 ? std::error_code() : lastError();
+}
+
+}  // namespace
+
+std::string FreedesktopTrash::percentEncoded(std::string_view bytes) {
+    constexpr std::string_view plain = "-_.!~*'()/";
+    std::string encoded;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool kept =
+            (byte < 0x80U && std::isalnum(byte) != 0) || plain.find(c) != std::string_view::npos;
+        encoded += kept ? std::string(1, c) : fmt::format("%{:02X}", byte);
+    }
+    return encoded;
+}
+
+MovingTrash::Outcome<FileHandle> FreedesktopTrash::openOnVolume(int top) const {
+    auto shared = openShared(top);
+    return shared ? std::move(shared) : makeOwnFolders(top, {fmt::format(".Trash-{}", user())});
+}
+
+MovingTrash::Outcome<FileHandle> FreedesktopTrash::openShared(int top) const {
+    auto shared = access().openBeneath(top, {".Trash"});
+    if (!shared) return shared;
+    // Without the sticky bit any user could put another folder in the place of ours.
+    struct stat status {};
+    if (::fstat(shared->get(), &status) != 0 || (status.st_mode & S_ISVTX) == 0) {
+        return tl::unexpected(std::make_error_code(std::errc::operation_not_permitted));
+    }
+    return makeOwnFolders(shared->get(), {std::to_string(user())});
+}
+
+MovingTrash::Outcome<MovingTrash::Bin> FreedesktopTrash::openBin(FileHandle trash) const {
+    auto files = makeFolders(trash.get(), {"files"});
+    if (!files) return tl::unexpected(files.error());
+    auto info = makeFolders(trash.get(), {"info"});
+    if (!info) return tl::unexpected(info.error());
+    return Bin{.files = std::move(*files), .notes = std::move(*info), .origin = {}};
+}
+
+std::error_code FreedesktopTrash::note(const Bin& bin, const std::string& name) const {
+    const FileHandle file(::openat(bin.notes.get(), infoName(name).c_str(),
+                                   O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!file) return lastError();
+    const auto content =
+        fmt::format("[Trash Info]\nPath={}\nDeletionDate={}\n", percentEncoded(bin.origin), deletionDate());
+    const auto failed = writeThrough(file.get(), content);
+    if (failed) dropNote(bin, name);
+    return failed;
+}
+
+void FreedesktopTrash::dropNote(const Bin& bin, const std::string& name) const {
+    ::unlinkat(bin.notes.get(), infoName(name).c_str(), 0);
+}
+
+std::size_t FreedesktopTrash::noteSuffix() const {
+    return infoExtension.size();
+}
+
+void FreedesktopTrash::erased(const Path& path) {
+    const Path whole = Paths::standardized(path);
+    if (whole.parent_path().filename() != "files") return;
+    const auto way = wayToTrash(whole.parent_path().parent_path());
+    if (!way) return;
+    const auto anchor = access().openAnchor(way->anchor);
+    if (!anchor) return;
+    const auto trash = access().openBeneath(anchor->get(), way->components);
+    if (!trash) return;
+    const auto files = access().openBeneath(trash->get(), {"files"});
+    const auto info = access().openBeneath(trash->get(), {"info"});
+    const std::string name = Paths::name(whole);
+    if (!files || !info || access().identify(files->get(), name)) return;
+    ::unlinkat(info->get(), infoName(name).c_str(), 0);
+}
+
+std::optional<FreedesktopTrash::Way> FreedesktopTrash::wayToTrash(const Path& trash) const {
+    if (trash == Paths::standardized(home() / folder())) {
+        return Way{.anchor = home(), .components = Paths::components(folder().native())};
+    }
+    const std::string name = Paths::name(trash);
+    const Path above = trash.parent_path();
+    if (name == fmt::format(".Trash-{}", user())) return Way{.anchor = above, .components = {name}};
+    if (name == std::to_string(user()) && above.filename() == ".Trash") {
+        return Way{.anchor = above.parent_path(), .components = {".Trash", name}};
+    }
+    return std::nullopt;
+}
+
+}  // namespace tavrel

@@ -1,21 +1,21 @@
 #pragma once
 
+#include "core/Instant.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <string>
 #include <system_error>
 #include <vector>
 
-#include "core/Instant.h"
-
-/// The user's record of every real removal: a JSON array, newest first, at most 500 entries. No state in memory;
-/// two writers at one moment can lose an entry, never the file.
+/// The user's record of every real removal: a JSON array, newest first, at most 500 entries. No state in
+/// memory; two writers at one moment can lose an entry, never the file.
 namespace tavrel::History {
 
 struct Entry {
-    std::string id;        // a UUID
-    Instant date;          // kept to the second
-    std::string action;    // "clean", "ai", "purge", "installers", "uninstall", "optimize"
+    std::string id;      // a UUID
+    Instant date;        // kept to the second
+    std::string action;  // "clean", "ai", "purge", "installers", "uninstall", "optimize"
     std::int64_t count = 0;
     std::int64_t bytes = 0;
     std::vector<std::string> paths;  // as Text::exact writes them
@@ -31,8 +31,8 @@ struct Record {
 
 [[nodiscard]] Record load(const std::filesystem::path& file);
 
-/// Puts `entry` first. A file that does not decode is set aside and begun anew. An error is only for the curious:
-/// a history that cannot be written never stops a clean.
+/// Puts `entry` first. A file that does not decode is set aside and begun anew. An error is only for the
+/// curious: a history that cannot be written never stops a clean.
 std::error_code record(const std::filesystem::path& file, const Entry& entry);
 
 /// Removes the file; nothing happens where there is none.

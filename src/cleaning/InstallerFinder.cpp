@@ -1,0 +1,78 @@
+#include "cleaning/InstallerFinder.h"
+
+#include "cleaning/Scanning.h"
+#include "core/Files.h"
+#include "core/Text.h"
+
+#include <map>
+
+namespace tavrel::InstallerFinder {
+
+using Text::localized;
+
+namespace {
+
+constexpr int deepest = 2;  // a root's entries and those of its sub-folders
+
+CleanItem installer(const Path& path, Risk risk, std::string note) {
+    return {.url = path,
+            .size = FileSizer::size(path),
+            .category = CleanCategory::installers,
+            .risk = risk,
+            .note = std::move(note)};
+}
+
+/// Every visible installer below `folder`. An installer can be a folder, and is never searched; neither is a
+/// folder that people see as one file.
+void search(const Tables& tables, const Path& folder, int level, std::vector<Path>& found) {
+    if (level > deepest) return;
+    for (const std::string& name : Files::names(folder, Files::Hidden::skip)) {
+        const Path path = folder / name;
+        const std::string extension = Text::lowercased(Paths::extension(path));
+        if (tables.extensions.contains(extension)) {
+            found.push_back(path);
+        } else if (!tables.packages.contains(extension) && Files::isFolder(path)) {
+            search(tables, path, level + 1, found);
+        }
+    }
+}
+
+}  // namespace
+
+std::vector<CleanItem> scan(const Tables& tables, const std::vector<Path>& roots, const SafetyGuard& safety,
+                            int recentDays, Instant now) {
+    std::map<std::string, CleanItem> byPath;
+    std::vector<Path> found;
+    for (const Path& root : roots) search(tables, root, 1, found);
+    for (const Path& path : found) {
+        if (!Scanning::vet(safety, path)) continue;
+        const bool recent = Files::modificationDate(path).value_or(distantPast) > now - Days(recentDays);
+        byPath.insert_or_assign(
+            Paths::standardized(path).native(),
+            recent
+                ? installer(path, Risk::review, localized("Downloaded recently"))
+                : installer(path, Risk::safe, localized("Installer; the app it installed doesn't need it")));
+    }
+    for (const Path& path : macOSInstallers(tables.applications, safety)) {
+        byPath.insert_or_assign(
+            Paths::standardized(path).native(),
+            installer(path, Risk::safe,
+                      localized("macOS installer app; download it again from the App Store if ever needed")));
+    }
+
+    std::vector<CleanItem> items;
+    for (auto& [path, item] : byPath) items.push_back(std::move(item));
+    Scanning::sortBySize(items);
+    return items;
+}
+
+std::vector<Path> macOSInstallers(const Path& applications, const SafetyGuard& safety) {
+    std::vector<Path> found;
+    for (const std::string& name : Files::names(applications)) {
+        if (!name.starts_with("Install macOS")) continue;
+        if (Scanning::vet(safety, applications / name)) found.push_back(applications / name);
+    }
+    return found;
+}
+
+}  // namespace tavrel::InstallerFinder

@@ -8,8 +8,8 @@
 
 namespace tavrel {
 
-/// The last vetting of every path that would be removed: a decision over a path, the file system's idea of links
-/// and the values held here. It removes nothing and keeps no state, so any thread may ask it.
+/// The last vetting of every path that would be removed: a decision over a path, the file system's idea of
+/// links and the values held here. It removes nothing and keeps no state, so any thread may ask it.
 class SafetyGuard {
   public:
     using Path = std::filesystem::path;
@@ -18,9 +18,10 @@ class SafetyGuard {
     struct Lists {
         std::vector<std::string> neverRemove;  // the folder itself stays, what is inside may go
         std::vector<std::string> neverInside;  // neither the folder nor anything in it
-        /// Relative folders that may go although an entry of `neverInside` holds them: directly below the entry or
-        /// below one of its folders. The caches of a browser's profile, for example.
-        std::vector<std::string> exceptInside;
+        /// Like `neverInside`, but for `profileCaches`: browsers keep caches between what is personal.
+        std::vector<std::string> profiles;
+        /// What may go directly below an entry of `profiles` or below one of its folders; relative paths.
+        std::vector<std::string> profileCaches;
     };
 
     /// The answer: allowed, or refused with a reason in the user's words.

@@ -1,0 +1,191 @@
+#include "cleaning/SpecialScanners.h"
+
+#include "cleaning/Scanning.h"
+#include "core/Files.h"
+#include "core/Text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <map>
+#include <regex>
+
+namespace tavrel::SpecialScanners {
+
+using Scanning::note;
+using Scanning::vet;
+using Text::localized;
+
+namespace {
+
+/// The size of a candidate that exists, that the guard allows and that is worth a line.
+std::optional<std::int64_t> worthwhileSize(const Path& path, const SafetyGuard& safety) {
+    if (!Files::exists(path) || !vet(safety, path)) return std::nullopt;
+    const std::int64_t size = FileSizer::size(path);
+    if (size < leastSize) return std::nullopt;
+    return size;
+}
+
+std::string withoutApp(std::string name) {
+    constexpr std::string_view suffix = ".app";
+    for (auto at = name.find(suffix); at != std::string::npos; at = name.find(suffix))
+        name.erase(at, suffix.size());
+    return name;
+}
+
+}  // namespace
+
+Items appWebCaches(const std::vector<WebCachePlaces>& places, const Path& home,
+                   const std::set<std::string>& runningNames, const SafetyGuard& safety) {
+    Items items;
+    for (const WebCachePlaces& place : places) {
+        for (const std::string& name : Files::names(home / place.folder)) {
+            if (!place.skippedPrefix.empty() && name.starts_with(place.skippedPrefix)) continue;
+            if (std::find(place.skipped.begin(), place.skipped.end(), name) != place.skipped.end()) continue;
+            const bool running = runningNames.contains(name);
+            for (const std::string_view cache : webCacheNames) {
+                const Path path = home / place.folder / name / cache;
+                const auto size = worthwhileSize(path, safety);
+                if (!size) continue;
+                items.push_back({
+                    .url = path,
+                    .size = *size,
+                    .category = CleanCategory::appData,
+                    .risk = running ? Risk::review : Risk::safe,
+                    .note = note(name, running ? localized("running; quit it first")
+                                               : localized("rebuilt on next launch")),
+                });
+            }
+        }
+    }
+    return items;
+}
+
+Items containerCaches(const std::vector<ContainerPlace>& places, const Path& home,
+                      const std::set<std::string>& runningBundleIDs, bool hasFullDiskAccess,
+                      const ApplicationNames& names, const SafetyGuard& safety) {
+    Items items;
+    if (!hasFullDiskAccess) return items;
+    for (const ContainerPlace& place : places) {
+        for (const std::string& container : Files::names(home / place.folder, Files::Hidden::skip)) {
+            const Path path = home / place.folder / container / place.inner;
+            const auto size = worthwhileSize(path, safety);
+            if (!size) continue;
+            const auto shownName = names.displayName(container);
+            const std::string name = shownName ? withoutApp(*shownName) : container;
+            const bool running = runningBundleIDs.contains(container);
+            items.push_back({
+                .url = path,
+                .size = *size,
+                .category = place.category,
+                .risk = running ? Risk::review : Risk::safe,
+                .note = note(name, running ? localized("running; quit it first")
+                                           : localized("rebuilt by the app on demand")),
+            });
+        }
+    }
+    return items;
+}
+
+namespace {
+
+struct Extension {
+    std::string name;
+    std::vector<int> version;
+};
+
+/// "1.10.0-darwin-arm64" as 1, 10, 0. A piece that is no number is left out.
+std::vector<int> versionNumbers(std::string_view text) {
+    text = text.substr(0, text.find('-'));
+    std::vector<int> numbers;
+    while (!text.empty()) {
+        const std::string_view piece = text.substr(0, text.find('.'));
+        int number = 0;
+        const auto [end, error] = std::from_chars(piece.data(), piece.data() + piece.size(), number);
+        if (error == std::errc() && end == piece.data() + piece.size()) numbers.push_back(number);
+        text.remove_prefix(std::min(piece.size() + 1, text.size()));
+    }
+    return numbers;
+}
+
+/// The versions of each extension in a folder, by the extension's name without its version.
+std::map<std::string, std::vector<Extension>> extensionsIn(const Path& folder) {
+    static const std::regex versionAtEnd(R"(-(\d+(?:\.\d+)+)(?:-[a-z0-9-]+)?$)");
+    constexpr std::size_t longestName = 255;  // keeps the matcher's recursion bounded
+    std::map<std::string, std::vector<Extension>> groups;
+    for (const std::string& name : Files::names(folder)) {
+        std::smatch match;
+        if (name.size() > longestName || !std::regex_search(name, match, versionAtEnd)) continue;
+        groups[match.prefix().str()].push_back({name, versionNumbers(match.str().substr(1))});
+    }
+    return groups;
+}
+
+}  // namespace
+
+Items oldEditorExtensions(const Path& home, const SafetyGuard& safety) {
+    Items items;
+    for (const std::string_view folder :
+         {".vscode/extensions", ".vscode-insiders/extensions", ".cursor/extensions", ".windsurf/extensions",
+          ".vscode-oss/extensions"}) {
+        for (const auto& [key, versions] : extensionsIn(home / folder)) {
+            const auto newest =
+                std::max_element(versions.begin(), versions.end(),
+                                 [](const auto& a, const auto& b) { return a.version < b.version; });
+            for (const Extension& extension : versions) {
+                const Path path = home / folder / extension.name;
+                if (extension.name == newest->name || !vet(safety, path)) continue;
+                items.push_back({
+                    .url = path,
+                    .size = FileSizer::size(path),
+                    .category = CleanCategory::editors,
+                    .risk = Risk::safe,
+                    .note = localized("Superseded by") + " " + newest->name,
+                });
+            }
+        }
+    }
+    return items;
+}
+
+Items volumeTrashes(const VolumeTrashes& trashes, const SafetyGuard& safety) {
+    Items items;
+    for (const Path& trash : trashes) {
+        for (const std::string& name : Files::names(trash)) {
+            const Path path = trash / name;
+            if (!vet(safety, path)) continue;
+            items.push_back({
+                .url = path,
+                .size = FileSizer::size(path),
+                .category = CleanCategory::trash,
+                .risk = Risk::safe,
+                .note = localized("Already in the Trash"),
+                .permanent = true,
+            });
+        }
+    }
+    return items;
+}
+
+Items olderVersions(const Path& in, CleanCategory category, const std::string& label,
+                    const SafetyGuard& safety) {
+    const auto names = Files::names(in, Files::Hidden::skip);
+    const auto date = [&](const std::string& name) {
+        return Files::modificationDate(in / name).value_or(distantPast);
+    };
+    const auto newest = std::max_element(names.begin(), names.end(),
+                                         [&](const auto& a, const auto& b) { return date(a) < date(b); });
+    Items items;
+    for (const std::string& name : names) {
+        if (name == *newest || !vet(safety, in / name)) continue;
+        items.push_back({
+            .url = in / name,
+            .size = FileSizer::size(in / name),
+            .category = category,
+            .risk = Risk::safe,
+            .note = note(label, localized("older version; the newest stays")),
+        });
+    }
+    return items;
+}
+
+}  // namespace tavrel::SpecialScanners

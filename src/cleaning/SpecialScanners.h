@@ -1,5 +1,11 @@
 #pragma once
 
+#include "cleaning/CleanItem.h"
+#include "cleaning/SafetyGuard.h"
+#include "core/Instant.h"
+#include "platform/RunningApplications.h"
+#include "platform/Shell.h"
+
 #include <filesystem>
 #include <optional>
 #include <set>
@@ -7,31 +13,35 @@
 #include <string_view>
 #include <vector>
 
-#include "cleaning/CleanItem.h"
-#include "cleaning/SafetyGuard.h"
-#include "core/Instant.h"
-#include "platform/RunningApplications.h"
-#include "platform/Shell.h"
-
-/// Targets that need more than a catalog row: a walk, a comparison of versions, an age, a tool. Every scanner gives
-/// finished items that the guard has allowed, and never fails: what cannot be read is passed over.
+/// Targets that need more than a catalog row: a walk, a comparison of versions, an age, a tool. Every scanner
+/// gives finished items that the guard has allowed, and never fails: what cannot be read is passed over.
 namespace tavrel::SpecialScanners {
+
+/// Nothing smaller is worth a line.
+inline constexpr std::int64_t leastSize = 65536;
 
 using Path = std::filesystem::path;
 using Items = std::vector<CleanItem>;
 
 /// Web caches that browser engines leave in an application's folder.
 inline constexpr std::string_view webCacheNames[] = {
-    "Cache",          "Code Cache",  "GPUCache",      "DawnCache",
-    "DawnGraphiteCache", "DawnWebGPUCache", "ShaderCache", "GrShaderCache",
-    "Service Worker/CacheStorage", "Service Worker/ScriptCache",
+    "Cache",
+    "Code Cache",
+    "GPUCache",
+    "DawnCache",
+    "DawnGraphiteCache",
+    "DawnWebGPUCache",
+    "ShaderCache",
+    "GrShaderCache",
+    "Service Worker/CacheStorage",
+    "Service Worker/ScriptCache",
 };
 
 /// Where applications keep their data, and which of them have rows of their own.
 struct WebCachePlaces {
-    Path folder;                         // relative to the home
-    std::string skippedPrefix;           // names that belong to the system; empty for none
-    std::vector<std::string> skipped;    // names with catalog rows
+    Path folder;                       // relative to the home
+    std::string skippedPrefix;         // names that belong to the system; empty for none
+    std::vector<std::string> skipped;  // names with catalog rows
 };
 
 /// One kind of sandbox: every entry of `folder` keeps a cache at `inner`. Relative to the home.
@@ -41,44 +51,56 @@ struct ContainerPlace {
     CleanCategory category = CleanCategory::userCaches;
 };
 
-/// A folder of the system whose entries root may remove.
+/// A folder of the system, some of whose entries root may remove.
 struct SystemFolder {
-    enum class Takes { everything, rotated, files };
+    enum class Takes { anything, files };
 
     Path folder;
-    Takes takes = Takes::everything;  // `rotated`: files with one of the extensions below; `files`: every file
-    std::vector<std::string> extensions;
-    std::string skippedPrefix;  // of names; empty for none
-    int minAgeDays = 0;
+    Takes takes = Takes::anything;
+    std::vector<std::string> extensions;  // exactly as written; empty: every entry
+    std::string skippedPrefix;            // of names; empty for none
+    int minAgeDays = 0;  // 0: age plays no part; else a date that cannot be read counts as new
     std::int64_t minSize = 1;
     Risk risk = Risk::safe;
     std::string note;
 };
 
-/// A command that frees what no plain path names, offered where `tool` exists.
+/// A command that frees what no plain path names, offered where its tool exists.
 struct SystemCommand {
+    /// Files that the command removes, as far as their names tell: in the folder and three levels below it.
+    struct Empties {
+        Path folder;
+        std::string nameHolds;
+        int minAgeDays = 0;
+    };
+
     std::string identifier;  // last part of the item's url
     Path tool;
     std::string command;
-    std::vector<Path> measured;  // what it empties; the sum of their sizes is the item's
-    int measuredMinAgeDays = 0;  // only what is older counts
+    std::vector<Empties>
+        empties;  // their sizes make the item's; without any the size is unknown and stands as 0
     Risk risk = Risk::safe;
     std::string note;
+};
+
+/// Where disabled revisions of packages lie, and the tool that names and removes them.
+struct PackageRevisions {
+    Path tool;
+    Path folder;
 };
 
 /// Everything system-owned that a profile knows, absolute paths already below the root in force.
 struct SystemPlaces {
     std::vector<SystemFolder> folders;
     std::vector<SystemCommand> commands;
-    std::optional<Path> snapshotTool;  // lists local snapshots
-    std::optional<Path> packageTool;   // lists installed revisions of packages, disabled ones among them
-    std::vector<Path> roots;           // the guard's extra roots for these items
+    std::optional<Path> snapshotTool;  // lists local snapshots of the disk
+    std::optional<PackageRevisions> packages;
+    std::vector<Path> roots;  // the guard's extra roots for these items
 };
 
-/// The Trashes of mounted volumes: their entries, and the roots under which the guard admits them.
-struct VolumeTrashes {
-    std::vector<Path> contents;
-};
+/// The Trashes of mounted volumes other than the home's: the folders whose entries are what lies in them,
+/// which are also the roots under which the guard admits those.
+using VolumeTrashes = std::vector<Path>;
 
 [[nodiscard]] Items ai(const Path& home, const SafetyGuard& safety, int sessionAgeDays, Instant now);
 
@@ -92,11 +114,15 @@ struct VolumeTrashes {
 
 [[nodiscard]] Items oldEditorExtensions(const Path& home, const SafetyGuard& safety);
 
-[[nodiscard]] Items systemData(const SystemPlaces& places, Shell& shell, const SafetyGuard& safety, Instant now);
+/// Every item needs root. `safety` admits the roots of `places`. Commands and snapshots are not vetted: their
+/// urls are identifiers that never reach the disk.
+[[nodiscard]] Items systemData(const SystemPlaces& places, Shell& shell, const SafetyGuard& safety,
+                               Instant now);
 
+/// `safety` admits the trashes as extra roots.
 [[nodiscard]] Items volumeTrashes(const VolumeTrashes& trashes, const SafetyGuard& safety);
 
-/// Every version in a folder but the newest.
+/// Every version in a folder but the one modified last.
 [[nodiscard]] Items olderVersions(const Path& in, CleanCategory category, const std::string& label,
                                   const SafetyGuard& safety);
 

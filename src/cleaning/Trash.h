@@ -23,6 +23,8 @@ class Trash {
 
     /// The folder whose entries are what the user sees in the home Trash.
     [[nodiscard]] virtual std::filesystem::path contents() const = 0;
+    /// The folder above `contents` from which the way down is walked, following no link.
+    [[nodiscard]] virtual std::filesystem::path home() const = 0;
 };
 
 }  // namespace tavrel

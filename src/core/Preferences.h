@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/UserDefaults.h"
+
 #include <array>
 #include <cstdint>
 #include <filesystem>
@@ -8,8 +10,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "core/UserDefaults.h"
 
 namespace tavrel {
 

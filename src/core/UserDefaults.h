@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Instant.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -8,8 +10,6 @@
 #include <system_error>
 #include <variant>
 #include <vector>
-
-#include "core/Instant.h"
 
 namespace tavrel {
 

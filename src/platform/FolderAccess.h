@@ -1,14 +1,14 @@
 #pragma once
 
-#include <sys/types.h>
+#include "core/FileHandle.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <sys/stat.h>
+#include <sys/types.h>
 #include <system_error>
 #include <vector>
-
-#include "core/FileHandle.h"
 
 #include <tl/expected.hpp>
 
@@ -21,8 +21,8 @@ struct FileIdentity {
     mode_t type = 0;          // the S_IFMT bits
     std::uint64_t mount = 0;  // which mount it was reached through; 0 where the system has no such number
 
-    [[nodiscard]] bool isFolder() const;
-    [[nodiscard]] bool isLink() const;
+    [[nodiscard]] bool isFolder() const { return S_ISDIR(type); }
+    [[nodiscard]] bool isLink() const { return S_ISLNK(type); }
     /// The same thing; the way it was reached does not count.
     [[nodiscard]] bool sameThing(const FileIdentity& other) const {
         return device == other.device && inode == other.inode && type == other.type;
@@ -47,17 +47,27 @@ class FolderAccess {
     [[nodiscard]] virtual Outcome<FileHandle> openAnchor(const std::filesystem::path& root) const = 0;
 
     /// Opens the folder that `components` lead to below `anchor`; the anchor again when there are none. ELOOP
-    /// when a component is a link, EXDEV when one is a mount point, ENOENT and ENOTDIR as usual.
-    [[nodiscard]] virtual Outcome<FileHandle> openBeneath(int anchor,
-                                                          const std::vector<std::string>& components) const = 0;
+    /// when a component is a link, EXDEV when one is a mount point, EINVAL when one is no plain name, ENOENT
+    /// and ENOTDIR as usual. Where the folder may be searched but not read, the handle may be good for names
+    /// only: listing it then fails with EBADF.
+    [[nodiscard]] virtual Outcome<FileHandle> openBeneath(
+        int anchor, const std::vector<std::string>& components) const = 0;
+    /// Opens the folder that holds the folder behind `handle`: EXDEV when that is another mount, ENOENT when
+    /// nothing is above.
+    [[nodiscard]] virtual Outcome<FileHandle> openAbove(int handle) const = 0;
 
     [[nodiscard]] virtual Outcome<FileIdentity> identify(int handle) const = 0;
-    /// The entry `name` of `folder` itself, never what a link points to.
+    /// The entry `name` of `folder` itself, never what a link points to. A whole path, looked up as usual,
+    /// may stand beside AT_FDCWD.
     [[nodiscard]] virtual Outcome<FileIdentity> identify(int folder, const std::string& name) const = 0;
 
-    /// Moves an entry to another folder of the same file system; fails with EEXIST rather than replace anything.
-    [[nodiscard]] virtual std::error_code moveExclusively(int fromFolder, const std::string& fromName, int toFolder,
-                                                          const std::string& toName) const = 0;
+    /// Moves an entry to another folder of the same file system; fails with EEXIST rather than replace
+    /// anything.
+    [[nodiscard]] virtual std::error_code moveExclusively(int fromFolder, const std::string& fromName,
+                                                          int toFolder, const std::string& toName) const = 0;
+
+    /// Sets the permission bits of the folder behind `handle`, also where the handle is good for names only.
+    [[nodiscard]] virtual std::error_code setMode(int handle, mode_t permissions) const = 0;
 
     /// Whether something is mounted at or below the folder behind `handle`, so that a removal can be refused
     /// before it begins. False where the system cannot tell in advance; the walk still refuses at the mount.

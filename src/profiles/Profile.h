@@ -1,12 +1,5 @@
 #pragma once
 
-#include <filesystem>
-#include <memory>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "cleaning/Catalog.h"
 #include "cleaning/InstallerFinder.h"
 #include "cleaning/JunkScanner.h"
@@ -14,6 +7,13 @@
 #include "cleaning/Trash.h"
 #include "core/Places.h"
 #include "core/Preferences.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace tavrel {
 
@@ -37,15 +37,14 @@ struct Profile {
                                           std::vector<std::filesystem::path> extraRoots) const;
 };
 
-/// Where the user's folders are, when the environment moves them; relative paths and empty ones are ignored, and so
-/// are those outside the home.
+/// Where the user's folders are, when the environment moves them; relative paths and empty ones are ignored,
+/// and so are those outside the home.
 struct UserEnvironment {
     std::filesystem::path configHome;  // XDG_CONFIG_HOME
     std::filesystem::path dataHome;    // XDG_DATA_HOME
 };
 
 namespace Profiles {
-
 
 [[nodiscard]] Profile macos(const std::filesystem::path& root, const std::filesystem::path& home);
 [[nodiscard]] Profile linux(const std::filesystem::path& root, const std::filesystem::path& home,

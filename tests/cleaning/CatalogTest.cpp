@@ -1,0 +1,41 @@
+#include "cleaning/Catalog.h"
+#include "profiles/Profile.h"
+
+#include <set>
+
+#include <gtest/gtest.h>
+
+namespace tavrel {
+namespace {
+
+TEST(CatalogTest, ScansSpecialPlacesBeforeTheFoldersThatHoldThem) {
+    for (const auto& profile : {Profiles::macos("/", "/Users/ana"), Profiles::linux("/", "/home/ana")}) {
+        const auto rules = profile.catalog.rules();
+        EXPECT_EQ(rules, profile.scan.rules);
+        std::set<std::string> paths;
+        for (const CleanRule& rule : rules) {
+            EXPECT_TRUE(rule.path.starts_with("~/")) << rule.path;
+            EXPECT_TRUE(paths.insert(rule.path).second) << rule.path << " stands twice";
+            EXPECT_FALSE(rule.note.empty()) << rule.path;
+            EXPECT_EQ(rule.permanent, rule.category == CleanCategory::trash) << rule.path;
+            EXPECT_EQ(rule.mode.kind == CleanRule::Mode::Kind::files, !rule.mode.extensions.empty())
+                << rule.path;
+        }
+    }
+}
+
+TEST(CatalogTest, TheMacsTableBeginsAndEndsWhereScanningDoes) {
+    const auto rules = Profiles::macos("/", "/Users/ana").catalog.rules();
+    EXPECT_EQ(rules.front().path, "~/Library/Developer/Xcode/DerivedData");
+    EXPECT_EQ(rules.back().path, "~/.Trash");
+
+    const auto editor = std::find_if(rules.begin(), rules.end(), [](const CleanRule& rule) {
+        return rule.path == "~/Library/Application Support/Code - Insiders/User/workspaceStorage";
+    });
+    ASSERT_NE(editor, rules.end());
+    EXPECT_EQ(editor->note, "Code - Insiders · per-workspace state (open tabs, local history)");
+    EXPECT_EQ(editor->risk, Risk::review);
+}
+
+}  // namespace
+}  // namespace tavrel

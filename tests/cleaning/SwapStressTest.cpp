@@ -1,0 +1,135 @@
+#include "cleaning/Removal.h"
+#include "cleaning/Stage.h"
+
+#include <chrono>
+#include <fcntl.h>
+#include <filesystem>
+#include <functional>
+#include <signal.h>
+#include <stdio.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+namespace tavrel {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Layout;
+using testing::Stage;
+
+constexpr std::chrono::seconds duration{2};
+
+/// Another program that does one thing over and over until this object goes.
+class Adversary {
+  public:
+    explicit Adversary(const std::function<void()>& act) : process_(::fork()) {
+        if (process_ != 0) return;
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        while (true) act();
+    }
+    ~Adversary() {
+        ::kill(process_, SIGKILL);
+        ::waitpid(process_, nullptr, 0);
+    }
+    Adversary(const Adversary&) = delete;
+    Adversary& operator=(const Adversary&) = delete;
+
+  private:
+    pid_t process_;
+};
+
+void exchange(const fs::path& a, const fs::path& b) {
+    ::renameat2(AT_FDCWD, a.c_str(), AT_FDCWD, b.c_str(), RENAME_EXCHANGE);
+}
+
+/// A folder with work for a walk, moved to `item` in one step. Whether it got there.
+bool putItem(const Stage& stage, const fs::path& item, int round) {
+    const fs::path fresh = "fresh" + std::to_string(round);
+    for (int i = 0; i < 20; ++i) stage.sandbox.text(fresh / "sub/many" / std::to_string(i), "junk");
+    ::unlink(item.c_str());  // a link that the adversary left
+    return ::rename(stage.sandbox.path(fresh).c_str(), item.c_str()) == 0;
+}
+
+/// Puts a link to the outside in the place of `folder`, or the folder back.
+void flip(const Stage& stage, const fs::path& folder, const fs::path& decoy) {
+    static int away = 0;
+    if (!fs::is_symlink(decoy) && !fs::is_symlink(folder)) {
+        ::rename(decoy.c_str(), stage.sandbox.path("away" + std::to_string(++away)).c_str());
+        static_cast<void>(::symlink(stage.outside().c_str(), decoy.c_str()));
+    }
+    exchange(folder, decoy);
+}
+
+TEST(SwapStressTest, foldersSwappedForLinksDuringRemovalsNeverLeadOutside) {
+    const Stage stage;
+    for (int i = 0; i < 200; ++i) stage.sandbox.text("outside/lots/" + std::to_string(i), "alive");
+    const auto outside = testing::snapshot(stage.outside());
+    const auto& access = systemFolderAccess();
+    const auto item = stage.home() / "item";
+    auto flat = makeTrash(Layout::flat, access, stage.home());
+
+    int removed = 0;
+    int refused = 0;
+    {
+        const Adversary adversary([&] {
+            flip(stage, item / "sub/many", stage.sandbox.path("decoy-many"));
+            flip(stage, item / "sub", stage.sandbox.path("decoy-sub"));
+            flip(stage, item, stage.sandbox.path("decoy-item"));
+        });
+        const auto end = std::chrono::steady_clock::now() + duration;
+        for (int round = 0; std::chrono::steady_clock::now() < end; ++round) {
+            if (!putItem(stage, item, round)) continue;
+            const auto seen = Removal::identify(access, item);
+            const auto verdict = stage.guard().check(item);
+            if (!seen || !verdict.isAllowed()) continue;
+            const auto target = Removal::target(item, verdict, *seen);
+            const auto outcome = round % 2 == 0 ? Removal::erase(access, target) : flat->trash(target);
+            ++(outcome ? removed : refused);
+        }
+    }
+    EXPECT_GT(removed, 0);
+    EXPECT_GT(refused, 0) << "no swap hit a removal, so nothing was tried";
+    EXPECT_EQ(testing::snapshot(stage.outside()), outside);
+}
+
+TEST(SwapStressTest, aFileSwappedInIsNeverLost) {
+    for (const auto& [name, access, numbersMounts] : testing::accesses()) {
+        SCOPED_TRACE(name);
+        const Stage stage;
+        const auto item = stage.home() / "item";
+        const auto precious = stage.sandbox.text("home/precious", "precious");
+        const auto identity = *Removal::identify(access, precious);
+        const auto isPrecious = [&](const fs::path& path) {
+            const auto found = Removal::identify(access, path);
+            return found && found->sameThing(identity);
+        };
+
+        int removed = 0;
+        int refused = 0;
+        const auto end = std::chrono::steady_clock::now() + duration / 2;
+        while (std::chrono::steady_clock::now() < end) {
+            stage.sandbox.text(item, "junk");
+            const auto target = stage.target(access, item);
+            {
+                const Adversary adversary([&] { exchange(item, precious); });
+                for (volatile int delay = 0; delay < (removed + refused) % 64 * 2'000;) delay = delay + 1;
+                ++(Removal::erase(access, target) ? removed : refused);
+            }
+            ASSERT_TRUE(isPrecious(precious) || isPrecious(item))
+                << "after " << removed + refused << " removals";
+            if (isPrecious(item)) {
+                fs::remove(precious);
+                fs::rename(item, precious);
+            }
+        }
+        EXPECT_GT(removed, 0);
+        EXPECT_GT(refused, 0);
+    }
+}
+
+}  // namespace
+}  // namespace tavrel

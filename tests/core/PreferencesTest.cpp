@@ -1,0 +1,92 @@
+#include "core/Preferences.h"
+#include "support/Sandbox.h"
+
+#include <gmock/gmock.h>
+
+namespace tavrel {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::Sandbox;
+
+UserDefaults holding(const Sandbox& sandbox, const std::string& entries) {
+    return UserDefaults(
+        sandbox.text("s.plist", "<plist version=\"1.0\"><dict>" + entries + "</dict></plist>"));
+}
+
+TEST(Preferences, EveryFieldSurvivesARestart) {
+    Preferences chosen;
+    chosen.protectedPaths = {"~/Keep", "/srv/\xFF", "/srv/\\x41", "C:\\"};  // a path may be any bytes
+    chosen.projectRoots = {};
+    chosen.staleProjectDays = 365;
+    chosen.dryRun = true;
+    chosen.alwaysTrash = true;
+    chosen.menuBarMetrics = {MenuBarMetric::network, MenuBarMetric::cpu};
+    chosen.sounds = false;
+    chosen.pinnedProcesses = {"kernel_task"};
+
+    const Sandbox sandbox;
+    UserDefaults defaults(sandbox.path("s.plist"));
+    for (const std::string_view key : Preferences::keys()) {
+        ASSERT_FALSE(defaults.set(std::string(key), chosen.value(key).value()));
+    }
+    EXPECT_EQ(Preferences::read(UserDefaults(sandbox.path("s.plist"))), chosen);
+    EXPECT_EQ(chosen.value("unknown"), std::nullopt);
+}
+
+TEST(Preferences, AMissingFileGivesTheDefaults) {
+    const Sandbox sandbox;
+    const UserDefaults defaults(sandbox.path("s.plist"));
+    EXPECT_EQ(Preferences::read(defaults), Preferences());
+    EXPECT_THAT(Preferences::unreadableKeys(defaults), ElementsAre());
+}
+
+TEST(Preferences, AWrongTypeTakesTheDefaultAndIsTold) {
+    const Sandbox sandbox;
+    const UserDefaults defaults = holding(sandbox,
+                                          "<key>protectedPaths</key><string>~/Keep</string>"
+                                          "<key>projectRoots</key><array><integer>1</integer></array>"
+                                          "<key>staleProjectDays</key><string>7</string>"
+                                          "<key>dryRun</key><true/>"
+                                          "<key>alwaysTrash</key><integer>1</integer>"
+                                          "<key>menuBarMetrics</key><dict/>"
+                                          "<key>sounds</key><data></data>");
+    Preferences expected;
+    expected.dryRun = true;
+    EXPECT_EQ(Preferences::read(defaults), expected);
+    EXPECT_THAT(Preferences::unreadableKeys(defaults),
+                ElementsAre("protectedPaths", "projectRoots", "staleProjectDays", "alwaysTrash",
+                            "menuBarMetrics", "sounds"));
+}
+
+TEST(Preferences, UnknownMetricsAreDroppedAndTheOrderKept) {
+    const Sandbox sandbox;
+    const UserDefaults defaults = holding(sandbox,
+                                          "<key>menuBarMetrics</key><array><string>disk</"
+                                          "string><string>warp</string><string>gpu</string></array>");
+    EXPECT_THAT(Preferences::read(defaults).menuBarMetrics,
+                ElementsAre(MenuBarMetric::disk, MenuBarMetric::gpu));
+    EXPECT_THAT(Preferences::unreadableKeys(defaults), ElementsAre());
+}
+
+TEST(Preferences, EveryMetricHasItsOwnRow) {
+    for (const MenuBarMetric metric : allMenuBarMetrics) {
+        EXPECT_EQ(menuBarMetric(rawValue(metric)), metric);
+        EXPECT_FALSE(title(metric).empty());
+        EXPECT_FALSE(symbol(metric).empty());
+    }
+    EXPECT_EQ(menuBarMetric(""), std::nullopt);
+}
+
+TEST(Preferences, OnlyCodeFoldersThatExistAreUsed) {
+    const Sandbox sandbox;
+    sandbox.folder("home/code");
+    sandbox.folder("work");
+    Preferences preferences;
+    preferences.projectRoots = {"~/gone", "~/code", sandbox.path("work").native()};
+    EXPECT_THAT(preferences.projectRootURLs(sandbox.path("home")),
+                ElementsAre(sandbox.path("home/code"), sandbox.path("work")));
+}
+
+}  // namespace
+}  // namespace tavrel

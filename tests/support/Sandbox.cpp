@@ -1,20 +1,20 @@
 #include "support/Sandbox.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <array>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <sys/stat.h>
 
 namespace tavrel::testing {
 
 namespace fs = std::filesystem;
 
 Sandbox::Sandbox(const Path& under) {
-    std::string pattern = ((under.empty() ? fs::temp_directory_path() : under) / "tavrel-test-XXXXXX").native();
+    std::string pattern =
+        ((under.empty() ? fs::temp_directory_path() : under) / "tavrel-test-XXXXXX").native();
     if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
     root_ = fs::canonical(pattern);
 }
@@ -60,7 +60,9 @@ void Sandbox::date(const Path& path, Instant modified) {
     }
 }
 
-Instant now() { return std::chrono::system_clock::now(); }
+Instant now() {
+    return std::chrono::system_clock::now();
+}
 
 Instant daysAgo(double days) {
     using namespace std::chrono;

@@ -1,16 +1,16 @@
 #pragma once
 
+#include "core/Instant.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
-#include "core/Instant.h"
-
 namespace tavrel::testing {
 
-/// A temporary folder that goes with everything in it when the test ends. Paths given to it are relative to it;
-/// folders above a path are made on the way.
+/// A temporary folder that goes with everything in it when the test ends. Paths given to it are relative to
+/// it; folders above a path are made on the way.
 class Sandbox {
   public:
     using Path = std::filesystem::path;

@@ -1,0 +1,83 @@
+#include "core/Files.h"
+#include "core/Paths.h"
+#include "core/Text.h"
+#include "profiles/CatalogRow.h"
+#include "profiles/Profile.h"
+#include "profiles/linux/LinuxTables.h"
+
+#include <unistd.h>
+
+namespace tavrel {
+
+namespace {
+
+using Path = std::filesystem::path;
+
+/// `moved` relative to the home where the environment names a folder inside it, else `usual`.
+Path belowHome(const Path& moved, const Path& home, const char* usual) {
+    const Path folder = Paths::standardized(moved);
+    if (!moved.is_absolute() || folder == home || !Paths::isInside(folder.native(), home.native()))
+        return usual;
+    return folder.lexically_relative(home);
+}
+
+Linux::UserDirs userDirs(const Path& home, const Path& config) {
+    return Linux::parseUserDirs(Files::read(home / config / "user-dirs.dirs").value_or(""), home);
+}
+
+JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
+    JunkScanner::Tables tables{
+        .rules = catalog.rules(),
+        .webCaches = {{.folder = ".config", .skipped = {std::begin(editorNames), std::end(editorNames)}}},
+        .containers = {{.folder = ".var/app", .inner = "cache"},
+                       {.folder = "snap", .inner = "common/.cache"},
+                       {.folder = ".local/state", .inner = "log", .category = CleanCategory::logs},
+                       {.folder = ".local/state", .inner = "logs", .category = CleanCategory::logs}},
+        .system = Linux::systemPlaces(places),
+        .versioned = {{.parentSuffix = "JetBrains",
+                       .key = JunkScanner::Tables::Versioned::Key::letters,
+                       .newestNote =
+                           Text::localized("Newest version of this IDE; rebuilt slowly on next open"),
+                       .olderNote = Text::localized("Older version of an IDE that has a newer one")}},
+    };
+    if (places.isRunningSystem()) {
+        tables.volumeTrashes =
+            Linux::volumeTrashes(Files::read("/proc/self/mounts").value_or(""), ::getuid(), places.trash());
+    }
+    return tables;
+}
+
+}  // namespace
+
+Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironment& environment) {
+    const Path resolvedHome = Paths::resolved(home);
+    const Path config = belowHome(environment.configHome, resolvedHome, ".config");
+    const Path data = belowHome(environment.dataHome, resolvedHome, ".local/share");
+    const Linux::UserDirs dirs = userDirs(resolvedHome, config);
+    const Places places(root, resolvedHome,
+                        {
+                            .applicationSupport = data,
+                            .preferences = config / "Tavrel/preferences.plist",
+                            .trash = data / "Trash",
+                            .downloads = dirs.at("DOWNLOAD"),
+                            .desktop = dirs.at("DESKTOP"),
+                            .documents = dirs.at("DOCUMENTS"),
+                            .autostart = config / "autostart",
+                        });
+    Catalog catalog = Linux::catalog(dirs.at("DOWNLOAD"), data / "Trash");
+    JunkScanner::Tables tables = scanTables(places, catalog);
+    return {
+        .family = Profile::Family::linux,
+        .places = places,
+        .catalog = std::move(catalog),
+        .scan = std::move(tables),
+        .installers = {.extensions = {"dmg", "pkg", "mpkg", "xip", "iso", "deb", "rpm", "appimage", "run",
+                                      "flatpakref", "snap"},
+                       .packages = {"app"},
+                       .applications = places.applications()},
+        .guardLists = Linux::guardLists(dirs, data / "Trash"),
+        .trashLayout = Profile::TrashLayout::freedesktop,
+    };
+}
+
+}  // namespace tavrel

@@ -1,0 +1,134 @@
+#include "core/Text.h"
+#include "profiles/CatalogRow.h"
+#include "profiles/Profile.h"
+#include "profiles/macos/MacTables.h"
+
+namespace tavrel {
+
+namespace {
+
+using Path = std::filesystem::path;
+
+SafetyGuard::Lists guardLists() {
+    return {
+        .neverRemove =
+            {
+                "",
+                "Library",
+                "Library/Caches",
+                "Library/Logs",
+                "Library/Application Support",
+                "Library/Containers",
+                "Library/Group Containers",
+                "Library/Preferences",
+                "Library/Developer",
+                "Library/Developer/Xcode",
+                "Library/Developer/Xcode/DerivedData",
+                "Library/Developer/Xcode/Archives",
+                "Library/Developer/CoreSimulator",
+                "Desktop",
+                "Documents",
+                "Downloads",
+                "Pictures",
+                "Movies",
+                "Music",
+                "Public",
+                "Applications",
+                ".Trash",
+                ".ssh",
+                ".gnupg",
+                ".config",
+            },
+        .neverInside =
+            {
+                "Library/Keychains",
+                "Library/Mobile Documents",
+                "Library/CloudStorage",
+                "Library/Mail",
+                "Library/Messages",
+                "Library/Photos",
+                "Library/Safari",
+                "Library/Calendars",
+                "Library/Contacts",
+                "Library/Notes",
+                "Library/Application Support/AddressBook",
+                "Library/Application Support/com.apple.TCC",
+                "Library/Group Containers/group.com.apple.notes",
+                ".ssh",
+                ".gnupg",
+                "Pictures",
+                "Movies",
+                "Music",
+            },
+    };
+}
+
+SpecialScanners::SystemPlaces systemPlaces(const Places& places) {
+    const Path caches = places.resolve("/Library/Caches");
+    const Path reports = places.resolve("/Library/Logs/DiagnosticReports");
+    const Path logs = places.resolve("/private/var/log");
+    return {
+        .folders =
+            {
+                {.folder = caches,
+                 .skippedPrefix = "com.apple.",
+                 .minSize = 65536,
+                 .note = Text::localized("System-wide cache")},
+                {.folder = reports, .minAgeDays = 7, .note = Text::localized("System crash report")},
+                {.folder = logs,
+                 .extensions = {"gz", "bz2", "xz"},
+                 .minAgeDays = 7,
+                 .note = Text::localized("Rotated system log")},
+            },
+        .snapshotTool = "/usr/bin/tmutil",
+        .roots = {caches, reports, logs},
+    };
+}
+
+JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
+    return {
+        .rules = catalog.rules(),
+        .systemCachePrefix = "com.apple.",
+        .webCaches = {{.folder = "Library/Application Support",
+                       .skippedPrefix = "com.apple.",
+                       .skipped = {std::begin(editorNames), std::end(editorNames)}}},
+        .containers = {{.folder = "Library/Containers", .inner = "Data/Library/Caches"}},
+        .system = systemPlaces(places),
+        .versioned = {{.parentSuffix = "DeviceSupport",
+                       .key = JunkScanner::Tables::Versioned::Key::firstWord,
+                       .newestNote = Text::localized("Newest — keep it if your device runs this version"),
+                       .olderNote = Text::localized("Older iOS version; Xcode re-copies it if ever needed")}},
+    };
+}
+
+}  // namespace
+
+Profile Profiles::macos(const Path& root, const Path& home) {
+    const Places places(root, home,
+                        {
+                            .applicationSupport = "Library/Application Support",
+                            .preferences = "Library/Preferences/com.quennith.tavrel.plist",
+                            .trash = ".Trash",
+                            .downloads = "Downloads",
+                            .desktop = "Desktop",
+                            .documents = "Documents",
+                            .autostart = ".config/autostart",
+                        });
+    Catalog catalog = Mac::catalog();
+    JunkScanner::Tables tables = scanTables(places, catalog);
+    return {
+        .family = Profile::Family::macos,
+        .places = places,
+        .catalog = std::move(catalog),
+        .scan = std::move(tables),
+        .installers = {.extensions = {"dmg", "pkg", "mpkg", "xip", "iso"},
+                       .packages = {"app", "framework", "bundle", "plugin", "kext", "photoslibrary"},
+                       .applications = places.applications()},
+        .guardLists = guardLists(),
+        .fullDiskAccessProbes = {"Library/Application Support/com.apple.TCC/TCC.db",
+                                 "Library/Containers/com.apple.stocks", "Library/Safari"},
+        .trashLayout = Profile::TrashLayout::flat,
+    };
+}
+
+}  // namespace tavrel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "cleaning/MovingTrash.h"
+
+#include <string>
+#include <string_view>
+
+namespace tavrel {
+
+/// The Trash that Linux desktops share: "files" holds the things, "info" a note on each of where it was and
+/// when it was deleted. See the freedesktop.org Trash specification 1.0.
+class FreedesktopTrash final : public MovingTrash {
+  public:
+    /// `folder` is relative to `home`; `user` is whose Trash it is. `access` is borrowed.
+    FreedesktopTrash(const FolderAccess& access, Path home, Path folder, uid_t user)
+        : MovingTrash(access, std::move(home), std::move(folder), user) {}
+
+    void erased(const Path& path) override;
+    [[nodiscard]] Path contents() const override { return home() / folder() / "files"; }
+
+    /// `bytes` as the key "Path" holds them: every byte that RFC 2396 does not call unreserved as "%XX", the
+    /// slashes as they are.
+    [[nodiscard]] static std::string percentEncoded(std::string_view bytes);
+
+  private:
+    /// A folder and the way from there to a Trash.
+    struct Way {
+        Path anchor;
+        std::vector<std::string> components;
+    };
+
+    [[nodiscard]] Outcome<FileHandle> openOnVolume(int top) const override;
+    [[nodiscard]] Outcome<FileHandle> openShared(int top) const;
+    [[nodiscard]] Outcome<Bin> openBin(FileHandle trash) const override;
+    [[nodiscard]] std::error_code note(const Bin& bin, const std::string& name) const override;
+    void dropNote(const Bin& bin, const std::string& name) const override;
+    [[nodiscard]] std::size_t noteSuffix() const override;
+    [[nodiscard]] std::optional<Way> wayToTrash(const Path& trash) const;
+};
+
+}  // namespace tavrel

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tavrel {
+
+/// Bytes from the system's generator, which nobody can guess.
+[[nodiscard]] std::vector<std::uint8_t> randomBytes(std::size_t count);
+
+/// A hidden file name that nobody can guess and nothing bears yet: for what is out of sight only for a
+/// moment.
+[[nodiscard]] std::string privateName();
+
+}  // namespace tavrel

@@ -1,0 +1,70 @@
+#include "profiles/CatalogRow.h"
+
+#include "core/Text.h"
+
+#include <set>
+#include <string>
+
+namespace tavrel {
+
+namespace {
+
+std::set<std::string> words(std::string_view text) {
+    std::set<std::string> found;
+    while (!text.empty()) {
+        const auto blank = text.find(' ');
+        found.emplace(text.substr(0, blank));
+        text.remove_prefix(blank == std::string_view::npos ? text.size() : blank + 1);
+    }
+    return found;
+}
+
+CleanRule::Mode modeOf(const CatalogRow& row) {
+    switch (row.mode) {
+        case CatalogRow::Mode::children:
+            return CleanRule::Mode::children();
+        case CatalogRow::Mode::files:
+            return CleanRule::Mode::files(words(row.extra.extensions));
+        case CatalogRow::Mode::whole:
+            break;
+    }
+    return CleanRule::Mode::whole();
+}
+
+}  // namespace
+
+std::vector<CleanRule> rulesOf(std::span<const CatalogRow> rows) {
+    std::vector<CleanRule> rules;
+    rules.reserve(rows.size());
+    for (const CatalogRow& row : rows) {
+        rules.push_back({
+            .category = row.category,
+            .path = std::string(row.path),
+            .mode = modeOf(row),
+            .risk = row.risk,
+            .note = Text::localized(row.note),
+            .minAgeDays = row.extra.minAgeDays,
+            .permanent = row.extra.permanent,
+            .reviewWithinDays = row.extra.reviewWithinDays,
+            .owner = std::string(row.extra.owner),
+        });
+    }
+    return rules;
+}
+
+std::vector<CleanRule> editorRules(std::string_view folder, std::span<const std::string_view> names,
+                                   std::span<const EditorRow> rows) {
+    std::vector<CleanRule> rules;
+    for (const std::string_view name : names) {
+        for (const EditorRow& row : rows) {
+            CleanRule rule{
+                .category = CleanCategory::editors, .mode = CleanRule::Mode::whole(), .risk = row.risk};
+            rule.path.append(folder).append("/").append(name).append(row.suffix);
+            rule.note.append(name).append(" · ").append(Text::localized(row.phrase));
+            rules.push_back(std::move(rule));
+        }
+    }
+    return rules;
+}
+
+}  // namespace tavrel

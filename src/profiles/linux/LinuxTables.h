@@ -1,0 +1,27 @@
+#pragma once
+
+#include "cleaning/Catalog.h"
+#include "cleaning/SafetyGuard.h"
+#include "cleaning/SpecialScanners.h"
+#include "core/Places.h"
+#include "profiles/linux/UserDirs.h"
+
+namespace tavrel::Linux {
+
+/// Where junk collects in a Linux home. Both folders are relative to it.
+[[nodiscard]] Catalog catalog(const std::filesystem::path& downloadsFolder,
+                              const std::filesystem::path& trashFolder);
+
+/// What a Linux home holds dear. Every folder that holds something personal stays as well.
+[[nodiscard]] SafetyGuard::Lists guardLists(const UserDirs& dirs, const std::filesystem::path& trashFolder);
+
+/// Rotated logs, crash dumps and what the system's own tools tidy up. Commands only on the running system: on
+/// the disk of another machine they would act on this one.
+[[nodiscard]] SpecialScanners::SystemPlaces systemPlaces(const Places& places);
+
+/// The folders of deleted files on the volumes mounted in `mounts` (the text of /proc/self/mounts) that
+/// belong to `user`; no folder that is reached through a link.
+[[nodiscard]] SpecialScanners::VolumeTrashes volumeTrashes(std::string_view mounts, unsigned user,
+                                                           const std::filesystem::path& homeTrash);
+
+}  // namespace tavrel::Linux

@@ -20,7 +20,7 @@ constexpr std::size_t sizeColumns = 8;  // "999.9 MB", "12.34 GB"
 constexpr std::size_t pathColumn = 2 + 1 + 2 + sizeColumns + 2;
 constexpr std::size_t gap = 2;
 
-/// One item as two texts: its path, and what to mind about it.
+/// One item as two texts: what it is, and what to mind about it.
 struct Row {
     const CleanItem& item;
     std::string path;
@@ -33,9 +33,14 @@ struct Row {
     }
 };
 
+/// What is removed, as people know it: the path, or the command where there is none.
+std::string subject(const CleanItem& item, const std::filesystem::path& home) {
+    return item.adminCommand ? Text::shown(*item.adminCommand) : shown(item.url, home);
+}
+
 Row rowFor(const Console& console, const CleanItem& item, const std::filesystem::path& home,
            std::size_t room) {
-    Row row{.item = item, .path = console.fitted(shown(item.url, home), room)};
+    Row row{.item = item, .path = console.fitted(subject(item, home), room)};
     const auto chip = [&row](bool stands, Style style, const char* word) {
         if (stands) row.remarks.emplace_back(style, "[" + localized(word) + "]");
     };

@@ -4,9 +4,10 @@
 
 namespace tavrel {
 
-/// Whether every folder from "/" down to the one that holds `path` belongs to root and lets nobody else swap
-/// what is in it: not writable by group or others, unless sticky. A link among them is a no, and so is a path
-/// that is not absolute or holds "." or "..".
+/// Whether nobody but root can put another thing in the place of a folder above `path`: each of them lies in
+/// a folder that belongs to root and is not writable by group or others, unless sticky. Others may write to
+/// the folder that holds `path` itself. A link on the way is a no, and so is a path that is not absolute or
+/// holds "." or "..".
 [[nodiscard]] bool onlyRootCanReplaceFoldersAbove(const std::filesystem::path& path);
 
 }  // namespace tavrel

@@ -9,8 +9,8 @@
 
 namespace tavrel {
 
-/// The folders with installed applications' desktop entries, the most important first, as the XDG Base
-/// Directory Specification and the environment name them; those of Flatpak and snap are among them.
+/// The folders with installed applications' desktop entries, the most important first, as the XDG base
+/// directories and the environment name them; those of Flatpak and snap are among them.
 [[nodiscard]] std::vector<std::filesystem::path> applicationFolders(const std::filesystem::path& home);
 
 /// What runs now, read from a folder like /proc: the processes of this user, for root those of all. The

@@ -77,7 +77,7 @@ class AiScan {
             for (const std::string& month : Files::names(sessions / year)) {
                 if (newestModification(sessions / year / month, 3) >= now_ - Days(ageDays)) continue;
                 add(sessions / year / month, CleanCategory::aiSessions, Risk::safe,
-                    "Codex · " + localized("sessions from ") + year + "-" + month);
+                    note("Codex", localized("sessions from ").append(year).append("-").append(month)));
             }
         }
     }

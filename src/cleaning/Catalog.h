@@ -1,13 +1,13 @@
 #pragma once
 
-#include <vector>
-
 #include "cleaning/CleanRule.h"
+
+#include <vector>
 
 namespace tavrel {
 
-/// The vocabulary of the scan: where junk collects and how to treat it. A profile fills the groups; what needs
-/// more than a path belongs to the special scanners.
+/// The vocabulary of the scan: where junk collects and how to treat it. A profile fills the groups; what
+/// needs more than a path belongs to the special scanners.
 struct Catalog {
     using Rules = std::vector<CleanRule>;
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "cleaning/CleanCategory.h"
+#include "cleaning/Risk.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
-
-#include "cleaning/CleanCategory.h"
-#include "cleaning/Risk.h"
 
 namespace tavrel {
 

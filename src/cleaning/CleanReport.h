@@ -1,10 +1,10 @@
 #pragma once
 
+#include "cleaning/CleanItem.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include "cleaning/CleanItem.h"
 
 namespace tavrel {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <set>
-#include <string>
-
 #include "cleaning/CleanCategory.h"
 #include "cleaning/Risk.h"
+
+#include <set>
+#include <string>
 
 namespace tavrel {
 

@@ -61,6 +61,7 @@ std::vector<CleanItem> scan(const Tables& tables, const std::vector<Path>& roots
     }
 
     std::vector<CleanItem> items;
+    items.reserve(byPath.size());
     for (auto& [path, item] : byPath) items.push_back(std::move(item));
     Scanning::sortBySize(items);
     return items;

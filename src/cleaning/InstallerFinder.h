@@ -1,15 +1,16 @@
 #pragma once
 
+#include "cleaning/CleanItem.h"
+#include "cleaning/SafetyGuard.h"
+#include "core/Instant.h"
+
 #include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "cleaning/CleanItem.h"
-#include "cleaning/SafetyGuard.h"
-#include "core/Instant.h"
-
-/// Finds disk images, packages and system installers, which only take up room once their software is installed.
+/// Finds disk images, packages and system installers, which only take up room once their software is
+/// installed.
 namespace tavrel::InstallerFinder {
 
 using Path = std::filesystem::path;

@@ -1,5 +1,11 @@
 #pragma once
 
+#include "cleaning/Catalog.h"
+#include "cleaning/CleanItem.h"
+#include "cleaning/SafetyGuard.h"
+#include "cleaning/SpecialScanners.h"
+#include "core/Instant.h"
+
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -7,15 +13,10 @@
 #include <string>
 #include <vector>
 
-#include "cleaning/Catalog.h"
-#include "cleaning/CleanItem.h"
-#include "cleaning/SafetyGuard.h"
-#include "cleaning/SpecialScanners.h"
-#include "core/Instant.h"
-
 namespace tavrel {
 
-/// Turns the catalog into the list that a person reviews. It only reads. A scan never fails and keeps nothing.
+/// Turns the catalog into the list that a person reviews. It only reads. A scan never fails and keeps
+/// nothing.
 class JunkScanner {
   public:
     /// What a profile knows of its system, beside the rows of the catalog.
@@ -58,10 +59,10 @@ class JunkScanner {
     /// The categories of the Clean tab's system mode.
     [[nodiscard]] static const std::set<CleanCategory>& systemCategories();
 
-    /// Items of the asked categories, largest first. `progress` is called on this thread when a rule or a special
-    /// scanner is entered.
-    [[nodiscard]] std::vector<CleanItem> scan(const std::set<CleanCategory>& categories, const Context& context,
-                                              const Progress& progress) const;
+    /// Items of the asked categories, largest first. `progress` is called on this thread when a rule or a
+    /// special scanner is entered.
+    [[nodiscard]] std::vector<CleanItem> scan(const std::set<CleanCategory>& categories,
+                                              const Context& context, const Progress& progress) const;
 
   private:
     Tables tables_;

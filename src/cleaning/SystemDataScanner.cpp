@@ -9,6 +9,8 @@
 #include <regex>
 #include <sstream>
 
+#include <fmt/format.h>
+
 // What belongs to the system and only root can remove: entries of its folders, local snapshots, and what its
 // own tools tidy up. Each item is gone for good.
 
@@ -116,11 +118,12 @@ void revisionItems(const PackageRevisions& packages, Shell& shell, Items& items)
         if (line.size() > 500 || !std::regex_match(line, match, disabled)) continue;
         const std::string name = match[1];
         const std::string revision = match[2];
+        const Path file = packages.folder / fmt::format("{}_{}.snap", name, revision);
         items.push_back(commandItem(
-            "/.tavrel-command/snap-" + name + "-" + revision,
-            FileSizer::size(packages.folder / (name + "_" + revision + ".snap")), Risk::review,
+            fmt::format("/.tavrel-command/snap-{}-{}", name, revision), FileSizer::size(file), Risk::review,
             Scanning::note(name, localized("disabled revision; without it there is no way back")),
-            packages.tool.native() + " remove " + Quoting::shell(name) + " --revision=" + revision));
+            fmt::format("{} remove {} --revision={}", packages.tool.native(), Quoting::shell(name),
+                        revision)));
     }
 }
 

@@ -1,7 +1,6 @@
 #include "core/FileHandle.h"
 
 #include <unistd.h>
-
 #include <utility>
 
 namespace tavrel {
@@ -14,7 +13,9 @@ FileHandle& FileHandle::operator=(FileHandle&& other) noexcept {
     return *this;
 }
 
-int FileHandle::release() { return std::exchange(descriptor_, -1); }
+int FileHandle::release() {
+    return std::exchange(descriptor_, -1);
+}
 
 void FileHandle::close() {
     if (descriptor_ >= 0) ::close(release());

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <sys/types.h>
+#include "core/Instant.h"
 
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 #include <utility>
 #include <vector>
-
-#include "core/Instant.h"
 
 #include <tl/expected.hpp>
 

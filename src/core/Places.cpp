@@ -1,8 +1,8 @@
 #include "core/Places.h"
 
-#include <utility>
-
 #include "core/Paths.h"
+
+#include <utility>
 
 namespace tavrel {
 

@@ -30,15 +30,16 @@ struct LargeFile {
 };
 
 /// The tree below `path`, which may itself be a file. Folders and links count their own blocks, a hard-linked
-/// file counts once, where a walk in directory order first meets it. Other file systems are not entered. Nothing
-/// is skipped by name. A path that cannot be opened gives zeros; a stopped walk gives zeros and the folders that
-/// were finished. `threads` of 0 means as many as the machine has processors.
-[[nodiscard]] Measurement measure(const std::filesystem::path& path, int recordDepth, std::stop_token stop = {},
-                                  unsigned threads = 0);
+/// file counts once, where a walk in directory order first meets it. Other file systems are not entered.
+/// Nothing is skipped by name. A path that cannot be opened gives zeros; a stopped walk gives zeros and the
+/// folders that were finished. `threads` of 0 means as many as the machine has processors.
+[[nodiscard]] Measurement measure(const std::filesystem::path& path, int recordDepth,
+                                  std::stop_token stop = {}, unsigned threads = 0);
 
 /// Files of at least `minimum` allocated bytes, largest first, equal ones in the order of the walk, at most
 /// `limit`. Photo, music and TV libraries are not entered. A stopped walk gives what it has.
 [[nodiscard]] std::vector<LargeFile> largeFiles(const std::filesystem::path& under, std::int64_t minimum,
-                                                std::size_t limit, std::stop_token stop = {}, unsigned threads = 0);
+                                                std::size_t limit, std::stop_token stop = {},
+                                                unsigned threads = 0);
 
 }  // namespace tavrel::DiskIndex

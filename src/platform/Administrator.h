@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/Shell.h"
+
 #include <chrono>
 #include <filesystem>
 #include <string>
-
-#include "platform/Shell.h"
 
 namespace tavrel {
 
@@ -16,7 +16,8 @@ class Administrator {
 
     virtual ~Administrator() = default;
 
-    [[nodiscard]] virtual CommandResult run(const std::string& script, std::chrono::duration<double> timeout) = 0;
+    [[nodiscard]] virtual CommandResult run(const std::string& script,
+                                            std::chrono::duration<double> timeout) = 0;
 
     /// Whether a script that names `path` removes what it names: true only when nobody but root can put
     /// another thing in the place of any folder above it.

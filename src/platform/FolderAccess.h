@@ -42,8 +42,8 @@ class FolderAccess {
 
     virtual ~FolderAccess() = default;
 
-    /// Opens an admitted root by path. The root itself must be a folder and no link; what stands above it is
-    /// trusted.
+    /// Opens an admitted root by its absolute path, in which no component is a link: roots are resolved when
+    /// they are admitted, so a link now means that somebody leads elsewhere. Mounts may lie on the way.
     [[nodiscard]] virtual Outcome<FileHandle> openAnchor(const std::filesystem::path& root) const = 0;
 
     /// Opens the folder that `components` lead to below `anchor`; the anchor again when there are none. ELOOP

@@ -1,0 +1,425 @@
+#include "cleaning/History.h"
+#include "cli/Program.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tavrel::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::SizeIs;
+using Json = nlohmann::ordered_json;
+using Words = Program::Words;
+
+constexpr std::int64_t big = 200000;  // above the least size of an item
+
+/// Where each family of systems keeps what the program writes.
+struct Family {
+    const char* profile;
+    const char* history;
+    const char* settings;
+    const char* trashed;  // a file "old.iso" in the Trash
+    const char* caches;
+};
+
+constexpr Family families[] = {
+    {"macos", "home/Library/Application Support/Tavrel/history.json",
+     "home/Library/Preferences/com.quennith.tavrel.plist", "home/.Trash/old.iso", "home/Library/Caches"},
+    {"linux", "home/.local/share/Tavrel/history.json", "home/.config/Tavrel/preferences.plist",
+     "home/.local/share/Trash/files/old.iso", "home/.cache"},
+};
+
+/// A home with one thing to delete, one to review, and one that goes to the Trash.
+class CommandLine : public ::testing::TestWithParam<Family> {
+  protected:
+    CommandLine() : ctl(box, GetParam().profile) {
+        box.folder("root");
+        box.file("home/.npm/_cacache/blob", big);
+        box.file("home/.cache/bazel/blob", big);
+        Sandbox::date(box.file("home/Downloads/old.iso", big), daysAgo(30));
+        box.file("home/work/.git/HEAD");
+        box.file("home/work/package.json");
+        box.file("home/work/node_modules/left/index.js", big);
+        for (const auto& entry : fs::recursive_directory_iterator(box.path("home/work"))) {
+            Sandbox::date(entry.path(), daysAgo(90));
+        }
+        Sandbox::date(box.path("home/work"), daysAgo(90));
+    }
+
+    [[nodiscard]] bool stands(const fs::path& relative) const { return fs::exists(box.path(relative)); }
+    [[nodiscard]] std::string at(const char* relative) const { return box.path(relative).native(); }
+    /// Every path below the home, with what tells a change.
+    [[nodiscard]] std::map<std::string, fs::file_time_type> snapshot() const {
+        std::map<std::string, fs::file_time_type> all;
+        for (const auto& entry : fs::recursive_directory_iterator(box.path("home"))) {
+            all[entry.path().native()] = fs::last_write_time(entry.path());
+        }
+        return all;
+    }
+
+    const Sandbox box;
+    const Program ctl;
+};
+
+INSTANTIATE_TEST_SUITE_P(Families, CommandLine, ::testing::ValuesIn(families),
+                         [](const auto& family) { return std::string(family.param.profile); });
+
+/// The item with that path, or null.
+Json itemAt(const Json& items, const std::string& path) {
+    const auto found =
+        std::find_if(items.begin(), items.end(), [&](const Json& item) { return item["path"] == path; });
+    return found == items.end() ? Json() : *found;
+}
+
+Json paths(const Json& items) {
+    Json list = Json::array();
+    for (const Json& item : items) list.push_back(item["path"]);
+    return list;
+}
+
+TEST_P(CommandLine, ScanTellsEveryItemAndSumsWhatIsPreselected) {
+    const Ended ended = ctl({"scan", "--json"});
+    EXPECT_EQ(ended.status, 0) << ended.err;
+    EXPECT_EQ(ended.err, "");
+    const Json found = ended.json();
+    const Json cache = itemAt(found["items"], at("home/.npm/_cacache"));
+    const auto size = allocated(box.path("home/.npm/_cacache/blob"));
+    const Json expected = {{"path", at("home/.npm/_cacache")},
+                           {"size", size},
+                           {"category", "packageManagers"},
+                           {"risk", "safe"},
+                           {"note", "npm download cache"},
+                           {"permanent", false},
+                           {"requiresAdmin", false},
+                           {"adminCommand", nullptr},
+                           {"selected", true}};
+    EXPECT_EQ(cache.dump(), expected.dump());
+    EXPECT_EQ(itemAt(found["items"], at("home/.cache/bazel"))["selected"], false);
+    EXPECT_EQ(found["mode"], "system");
+    EXPECT_EQ(found["selected"], size);
+    EXPECT_EQ(found["total"], 2 * size);
+}
+
+TEST_P(CommandLine, CleanRemovesWhatIsPreselectedAndRemembersIt) {
+    const auto size = allocated(box.path("home/.npm/_cacache/blob"));
+    const Ended cleaned = ctl({"clean", "--yes", "--json"});
+    EXPECT_EQ(cleaned.status, 0) << cleaned.err;
+    EXPECT_EQ(cleaned.json()["freed"], size);
+    EXPECT_EQ(cleaned.json()["trashed"], 0);
+    EXPECT_EQ(cleaned.json()["dryRun"], false);
+    EXPECT_EQ(paths(cleaned.json()["removed"]), Json::array({at("home/.npm/_cacache")}));
+    EXPECT_FALSE(stands("home/.npm/_cacache"));
+    EXPECT_TRUE(stands("home/.cache/bazel/blob")) << "what wants a review was not asked for";
+
+    const Ended trashed = ctl({"clean", "installers", "--yes"});
+    EXPECT_EQ(trashed.status, 0) << trashed.err;
+    EXPECT_THAT(trashed.out, HasSubstr("in the Trash"));
+    EXPECT_TRUE(stands(GetParam().trashed));
+
+    const Ended projects = ctl({"clean", "--yes", "projects"});
+    EXPECT_EQ(projects.status, 0) << projects.err;
+    EXPECT_FALSE(stands("home/work/node_modules"));
+
+    const Ended history = ctl({"history", "--json"});
+    EXPECT_EQ(history.json(), Json::parse(contentOf(box.path(GetParam().history))));
+    std::vector<std::string> actions;
+    for (const Json& entry : history.json()) actions.push_back(entry["action"]);
+    EXPECT_THAT(actions, ElementsAre("purge", "installers", "clean"));
+    EXPECT_EQ(history.json()[2]["paths"], Json::array({at("home/.npm/_cacache")}));
+    EXPECT_THAT(ctl({"history"}).out, HasSubstr("purge"));
+    EXPECT_FALSE(stands("home/moved")) << "the environment's folders count only without --home";
+
+    EXPECT_EQ(ctl({"history", "--clear", "--json"}).json(), Json::array());
+    EXPECT_FALSE(stands(GetParam().history));
+}
+
+TEST_P(CommandLine, NothingIsRemovedWithoutAgreement) {
+    const auto before = snapshot();
+    const Ended refused = ctl({"clean", "--json"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.out, "");
+    EXPECT_THAT(refused.err, HasSubstr("--yes"));
+
+    const Ended declined = ctl.answering("n\n", {"clean"});
+    EXPECT_EQ(declined.status, 1);
+    EXPECT_THAT(declined.out, HasSubstr("~/.npm/_cacache"));
+    EXPECT_THAT(declined.err, HasSubstr("Remove 1 item ("));
+
+    const Ended preview = ctl({"clean", "--dry-run", "--all", "--json"});
+    EXPECT_EQ(preview.status, 0) << preview.err;
+    EXPECT_EQ(preview.json()["dryRun"], true);
+    EXPECT_THAT(preview.json()["removed"], SizeIs(2));
+    EXPECT_EQ(snapshot(), before);
+
+    ASSERT_EQ(ctl({"settings", "dryRun", "on"}).status, 0);
+    EXPECT_EQ(ctl({"clean", "--yes", "--json"}).json()["dryRun"], true)
+        << "the setting stands beside the flag";
+    EXPECT_TRUE(stands("home/.npm/_cacache/blob"));
+
+    ASSERT_EQ(ctl({"settings", "dryRun", "off"}).status, 0);
+    EXPECT_EQ(ctl.answering("y\n", {"clean"}).status, 0);
+    EXPECT_FALSE(stands("home/.npm/_cacache"));
+}
+
+TEST_P(CommandLine, SelectingTakesWhatIsNamedAndTellsWhatIsNot) {
+    const auto name = std::string("home/Downloads/a\nb\xff.iso");
+    Sandbox::date(box.file(name, big), daysAgo(30));
+    Sandbox::date(box.file("home/Downloads/kept.iso", big), daysAgo(30));
+    const Json found = ctl({"scan", "installers", "--json"}).json();
+    std::string escaped;
+    for (const Json& path : paths(found["items"])) {
+        if (path.get<std::string>().find("\\xFF") != std::string::npos) escaped = path;
+    }
+    ASSERT_NE(escaped, "") << found.dump();
+
+    const Ended cleaned = ctl({"clean", "installers", "--yes", "--json", "--select", escaped, "--select",
+                               at("home/Downloads/./old.iso"), "--select", at("home/Documents/no.iso")});
+    EXPECT_EQ(cleaned.status, 1) << "one of the three was not found";
+    EXPECT_THAT(cleaned.err, AllOf(HasSubstr("no.iso"), Not(HasSubstr("old.iso"))));
+    EXPECT_THAT(cleaned.json()["removed"], SizeIs(2));
+    EXPECT_FALSE(stands(name));
+    EXPECT_TRUE(stands(GetParam().trashed));
+    EXPECT_TRUE(stands("home/Downloads/kept.iso")) << "nothing is preselected beside what is named";
+
+    Sandbox::date(box.file("home/Downloads/bytes\xff.iso", big), daysAgo(30));
+    EXPECT_EQ(ctl({"clean", "installers", "--yes", "--select", at("home/Downloads/bytes\xff.iso")}).status,
+              0);
+    EXPECT_FALSE(stands("home/Downloads/bytes\xff.iso"));
+
+    const auto before = fs::current_path();
+    fs::current_path(box.path("home"));
+    EXPECT_EQ(ctl({"clean", "installers", "--yes", "--select", "Downloads/../Downloads/kept.iso"}).status, 0);
+    fs::current_path(before);
+    EXPECT_FALSE(stands("home/Downloads/kept.iso"));
+}
+
+TEST_P(CommandLine, OptionsOfTheScanReachTheFinders) {
+    const std::string cache = at(GetParam().caches) + "/com.example.App";
+    box.file(cache + "/blob", big);
+    Sandbox::date(cache, daysAgo(10));
+    const Words scan = {"scan", "--json"};
+    EXPECT_EQ(itemAt(ctl(scan).json()["items"], cache)["risk"], "safe");
+    const Words running = {"scan", "--json", "--running", "com.example.App=App"};
+    EXPECT_EQ(itemAt(ctl(running).json()["items"], cache)["risk"], "review");
+
+    const Json narrowed = ctl({"scan", "--categories", "devCaches,logs", "--json"}).json();
+    EXPECT_EQ(paths(narrowed["items"]), Json::array({at("home/.cache/bazel")}));
+
+    const std::string modules = at("home/work/node_modules");
+    EXPECT_EQ(itemAt(ctl({"scan", "projects", "--json"}).json()["items"], modules)["risk"], "safe");
+    const Json fresh = ctl({"--json", "scan", "projects", "--stale-days", "9999"}).json();
+    EXPECT_EQ(itemAt(fresh["items"], modules)["risk"], "review");
+    box.folder("home/other");
+    const Json elsewhere = ctl({"scan", "--project-root", at("home/other"), "projects", "--json"}).json();
+    EXPECT_THAT(elsewhere["items"], IsEmpty()) << "a given root stands in place of what would be discovered";
+    EXPECT_EQ(ctl({"scan", "projects", "--project-root", at("home/nowhere")}).status, 1);
+    EXPECT_EQ(ctl({"scan", "ai"}).out, "Nothing worth removing right now\n");
+}
+
+TEST_P(CommandLine, AlwaysTrashKeepsWhatWouldBeDeleted) {
+    const Ended cleaned = ctl({"clean", "--yes", "--always-trash", "--json"});
+    EXPECT_EQ(cleaned.status, 0) << cleaned.err;
+    EXPECT_EQ(cleaned.json()["trashed"], cleaned.json()["freed"]);
+    EXPECT_TRUE(fs::exists(box.path(GetParam().trashed).parent_path() / "_cacache/blob"));
+}
+
+TEST_P(CommandLine, CheckGivesTheVerdictOnEachPath) {
+    box.link("home/bridge", box.path("home/work"));
+    box.file("home/[a,b]");
+    const std::map<std::string, Json> expected = {
+        {at("home/Documents"), "system folder"},
+        {at("home/.ssh/id"), "personal data"},
+        {at("home/bridge/x"), "reached through a symbolic link"},
+        {at("home/bridge"), nullptr},
+        {at("elsewhere/x"), "outside the folders Tavrel cleans"},
+        {at("extra"), "system folder"},
+        {at("extra/x"), nullptr},
+        {at("home/work/keep/x"), "protected in Settings"},
+        {at("home/barred"), "protected in Settings"},
+        {"relative", "not an absolute file path"},
+        {"[a,b]", "not an absolute file path"},
+        {"{}", "not an absolute file path"},
+    };
+    ASSERT_EQ(ctl({"settings", "protectedPaths", R"(["~/barred"])"}).status, 0);
+    Words words = {"check", "--json", "--extra-root", at("extra"), "--protect", at("home/work/keep")};
+    for (const auto& [path, reason] : expected) words.push_back(path);
+    const Ended ended = ctl(words);
+    EXPECT_EQ(ended.status, 0) << ended.err;
+    ASSERT_THAT(ended.json(), SizeIs(expected.size()));
+    for (const Json& verdict : ended.json()) {
+        const auto reason = expected.at(verdict["path"]);
+        EXPECT_EQ(verdict["reason"], reason) << verdict["path"];
+        EXPECT_EQ(verdict["allowed"], reason.is_null()) << verdict["path"];
+    }
+}
+
+TEST_P(CommandLine, SizesAreThoseOfTheDisk) {
+    box.file("home/tree/inner/deep/small", 5000);
+    box.file("home/tree/large", 3 * big);
+    const auto small = allocated(box.path("home/tree/inner/deep/small"));
+    const auto large = allocated(box.path("home/tree/large"));
+
+    const Ended sizes = ctl({"size", at("home/tree"), at("home/none"), "--json"});
+    EXPECT_EQ(sizes.status, 1);
+    EXPECT_THAT(sizes.err, AllOf(HasSubstr("home/none"), HasSubstr("does not exist")));
+    EXPECT_EQ(sizes.json(), Json::array({{{"path", at("home/tree")}, {"size", small + large}},
+                                         {{"path", at("home/none")}, {"size", 0}}}));
+
+    const Json measured = ctl({"measure", at("home/tree"), "--depth", "1", "--json"}).json();
+    const auto folders = allocated(box.path("home/tree/inner")) + allocated(box.path("home/tree/inner/deep"));
+    EXPECT_EQ(measured["size"], small + large + folders + allocated(box.path("home/tree")));
+    EXPECT_EQ(measured["files"], 2);
+    EXPECT_EQ(measured["folders"],
+              Json({{at("home/tree/inner"), {{"size", small + folders}, {"files", 1}}}}));
+
+    const Json found = ctl({"large", at("home/tree"), "--json", "--minimum", std::to_string(large)}).json();
+    EXPECT_EQ(found, Json::array({{{"path", at("home/tree/large")}, {"size", large}}}));
+    EXPECT_THAT(ctl({"large", at("home/tree"), "--json", "--minimum", "0", "--limit", "1"}).json(),
+                SizeIs(1));
+    EXPECT_EQ(ctl({"measure", at("home/none")}).status, 1);
+}
+
+TEST_P(CommandLine, SettingsKeepWhatFitsAndRefuseTheRest) {
+    const struct {
+        const char* key;
+        const char* text;
+        Json stored;  // null when refused
+    } rows[] = {
+        {"dryRun", "on", true},
+        {"sounds", "false", false},
+        {"sounds", "maybe", nullptr},
+        {"staleProjectDays", "365", 365},
+        {"staleProjectDays", "366", nullptr},
+        {"staleProjectDays", "7 days", nullptr},
+        {"projectRoots", "[]", Json::array()},
+        {"protectedPaths", R"(["~/a", "/b"])", {"~/a", "/b"}},
+        {"protectedPaths", R"(["relative"])", nullptr},
+        {"protectedPaths", R"(["/a\u0000b"])", nullptr},
+        {"protectedPaths", "/a", nullptr},
+        {"menuBarMetrics", R"(["battery", "cpu"])", {"battery", "cpu"}},
+        {"menuBarMetrics", R"(["wind"])", nullptr},
+        {"pinnedProcesses", "[1]", nullptr},
+        {"unheardOf", "true", nullptr},
+    };
+    Json expected = ctl({"settings", "--json"}).json();
+    EXPECT_EQ(expected["staleProjectDays"], 30);
+    for (const auto& row : rows) {
+        const Ended ended = ctl({"settings", row.key, row.text, "--json"});
+        EXPECT_EQ(ended.status, row.stored.is_null() ? 2 : 0) << row.key << ' ' << row.text << ended.err;
+        EXPECT_EQ(ended.out.empty(), row.stored.is_null()) << row.key << ' ' << row.text;
+        if (!row.stored.is_null()) expected[row.key] = row.stored;
+        EXPECT_EQ(ctl({"--json", "settings"}).json(), expected) << row.key << ' ' << row.text;
+    }
+    EXPECT_EQ(ctl({"settings", "protectedPaths"}).out, "[\"~/a\",\"/b\"]\n");
+    EXPECT_THAT(ctl({"settings"}).out, HasSubstr("protectedPaths    ~/a\n                  /b\n"));
+}
+
+TEST_P(CommandLine, UnreadableProtectionStopsACleanUntilItIsWrittenAnew) {
+    const char* broken[] = {
+        "no property list",
+        R"(<plist version="1.0"><dict><key>protectedPaths</key><string>~/.npm</string></dict></plist>)",
+    };
+    for (const char* content : broken) {
+        box.text(GetParam().settings, content);
+        const Ended refused = ctl({"clean", "--yes", "--json"});
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_THAT(refused.json()["error"].get<std::string>(),
+                    HasSubstr(box.path(GetParam().settings).native()));
+        EXPECT_TRUE(stands("home/.npm/_cacache/blob"));
+
+        const Ended read = ctl({"scan", "--json"});
+        EXPECT_EQ(read.status, 0);
+        EXPECT_THAT(read.err, HasSubstr("default"));
+        EXPECT_THAT(read.json()["items"], SizeIs(2));
+        EXPECT_EQ(ctl({"clean", "--dry-run"}).status, 0);
+    }
+    box.text(GetParam().settings, broken[0]);
+    const Ended changed = ctl({"settings", "protectedPaths", R"(["~/.npm"])"});
+    EXPECT_EQ(changed.status, 0);
+    EXPECT_THAT(changed.err, HasSubstr(".damaged"));
+    EXPECT_EQ(contentOf(at(GetParam().settings) + ".damaged"), broken[0]);
+
+    const Ended skipped = ctl({"clean", "--yes", "--select", at("home/.npm/_cacache")});
+    EXPECT_EQ(skipped.status, 1) << "the barred thing is no longer offered";
+    EXPECT_TRUE(stands("home/.npm/_cacache/blob"));
+}
+
+TEST_P(CommandLine, DamagedHistoryIsNamedAndCountsAsEmpty) {
+    EXPECT_EQ(ctl({"history", "--json"}).json(), Json::array());
+    EXPECT_EQ(ctl({"history"}).out, "Nothing cleaned yet.\n");
+    box.text(GetParam().history, "[{\"id\": 7}]");
+    const Ended ended = ctl({"history", "--json"});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.out, "[]\n");
+    EXPECT_THAT(ended.err, HasSubstr(box.path(GetParam().history).native()));
+}
+
+TEST_P(CommandLine, TheHomeMayBeALinkButMustBeAFolder) {
+    const auto through = box.link("shortcut", box.path("home"));
+    const Words rest = {"--root", at("root"), "--profile", GetParam().profile, "scan", "--json"};
+    Words words = {"--home", through};
+    words.insert(words.end(), rest.begin(), rest.end());
+    EXPECT_FALSE(itemAt(ctl.bare(words).json()["items"], at("home/.npm/_cacache")).is_null());
+
+    for (const auto& wrong : {box.path("nowhere"), box.file("plain"), fs::path()}) {
+        words[1] = wrong;
+        const Ended ended = ctl.bare(words);
+        EXPECT_EQ(ended.status, 1);
+        EXPECT_THAT(ended.json()["error"].get<std::string>(), HasSubstr(wrong.native()));
+        EXPECT_EQ(std::count(ended.err.begin(), ended.err.end(), '\n'), 1) << ended.err;
+    }
+}
+
+TEST_P(CommandLine, GlobalOptionsStandBeforeOrAfterTheCommand) {
+    const Words options = ctl.kept({"--json"});
+    Words after = {"scan"};
+    after.insert(after.end(), options.begin(), options.end());
+    Words before = options;
+    before.emplace_back("scan");
+    EXPECT_EQ(ctl.bare(after).out, ctl.bare(before).out);
+    EXPECT_THAT(ctl.bare(after).json()["items"], SizeIs(2));
+}
+
+TEST_P(CommandLine, WrongUsageSaysOneLineAndDoesNothing) {
+    const Words wrong[] = {
+        {"sweep"},
+        {"--json"},
+        {"scan", "--categories", "dust"},
+        {"scan", "everything"},
+        {"scan", "--stale-days", "soon"},
+        {"scan", "--running", "nameless"},
+        {"clean", "--all", "--select", "/x"},
+        {"clean", "--yes", "--force"},
+        {"check"},
+        {"size", "--home"},
+        {"measure", "/x", "/y"},
+        {"--profile", "other", "scan"},
+        {"settings", "k\ne\x1b[2Jy"},
+        {"history", "--clear=perhaps"},
+    };
+    const auto before = snapshot();
+    for (const Words& words : wrong) {
+        const Ended ended = ctl.bare(words);
+        EXPECT_EQ(ended.status, 2) << ::testing::PrintToString(words);
+        EXPECT_EQ(ended.out, "") << ::testing::PrintToString(words);
+        EXPECT_THAT(ended.err, AllOf(::testing::StartsWith("tavrelctl: "), Not(HasSubstr("\x1b"))));
+        EXPECT_EQ(std::count(ended.err.begin(), ended.err.end(), '\n'), 1) << ended.err;
+    }
+    EXPECT_EQ(snapshot(), before);
+    EXPECT_EQ(ctl.bare({}).status, 0);
+    EXPECT_THAT(ctl.bare({}).out, AllOf(HasSubstr("scan"), HasSubstr("--json")));
+    EXPECT_THAT(ctl.bare({"--version"}).out, ::testing::StartsWith("tavrelctl "));
+}
+
+}  // namespace
+}  // namespace tavrel::testing

@@ -44,9 +44,9 @@ TEST(Text, ShowsNoNameThatSteersTheTerminal) {
         {"one\ntwo\tthree", "one\\ntwo\\tthree"},
         {"\x1B[2Jgone\r", "\\x1B[2Jgone\\x0D"},
         {"\x7F", "\\x7F"},
-        {"\u009B2J", "\\xC2\\x9B2J"},                 // the one-character form of ESC [
-        {"a\u2028b", "a\\xE2\\x80\\xA8b"},            // a line separator
-        {"exe.\u202Egpj", "exe.\\xE2\\x80\\xAEgpj"},  // right-to-left override
+        {"\u009B2J", "\\xC2\\x9B2J"},                            // the one-character form of ESC [
+        {"a\u2028b", "a\\xE2\\x80\\xA8b"},                       // a line separator
+        {"a\u2066b\u2069", "a\\xE2\\x81\\xA6b\\xE2\\x81\\xA9"},  // what reorders letters
         {"bad\xFF", "bad\\xFF"},
     };
     for (const auto& [bytes, text] : cases) EXPECT_EQ(Text::shown(bytes), text);

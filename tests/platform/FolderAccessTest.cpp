@@ -91,6 +91,9 @@ TEST_P(FolderAccessTest, anAnchorThatIsALinkIsRefused) {
     sandbox.folder("real");
     sandbox.link("link", "real");
     EXPECT_FALSE(access().openAnchor(sandbox.path("link")));
+    sandbox.folder("real/inside");
+    EXPECT_FALSE(access().openAnchor(sandbox.path("link/inside")));
+    EXPECT_TRUE(access().openAnchor(sandbox.path("real/inside")));
     EXPECT_TRUE(access().openAnchor(sandbox.path("real")));
 }
 

@@ -44,7 +44,8 @@ SampleMac::Path SampleMac::folder(std::string_view path, int files, std::int64_t
     fs::create_directories(folder);
     for (int i = 0; i < files; ++i) {
         const std::string below = files > filesPerFolder ? "/" + std::to_string(i / filesPerFolder) : "";
-        file(base + below + "/" + std::to_string(i) + ".bin", bytesEach, daysOld);
+        const Path made = file(base + below + "/" + std::to_string(i) + ".bin", bytesEach, daysOld);
+        Sandbox::date(made.parent_path(), daysAgo(daysOld));
     }
     Sandbox::date(folder, daysAgo(daysOld));
     return folder;

@@ -10,8 +10,8 @@
 
 #include <fmt/format.h>
 
-// Builds the large sample Mac and shows what the command line finds on it. `tavrel-demo TAVRELCTL [FOLDER]`:
-// with a folder, which must not exist, the Mac is left there for trying things out.
+// Builds the large sample Mac and shows what the command line, which stands beside this program, finds on it.
+// Given a folder, which must not exist yet, the Mac is left there for trying things out.
 
 namespace {
 
@@ -31,15 +31,15 @@ int show(const std::string& program, const tavrel::testing::SampleMac& mac) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 3) {
-        std::cerr << "usage: tavrel-demo TAVRELCTL [FOLDER]\n";
+    if (argc > 2) {
+        std::cerr << "usage: tavrel-demo [FOLDER]\n";
         return 2;
     }
-    const std::string program = argv[1];
     try {
-        if (argc == 3) {
-            if (!fs::create_directories(argv[2])) throw std::runtime_error("the folder is there already");
-            const tavrel::testing::SampleMac mac(fs::canonical(argv[2]));
+        const std::string program = fs::canonical("/proc/self/exe").replace_filename("tavrelctl");
+        if (argc == 2) {
+            if (!fs::create_directories(argv[1])) throw std::runtime_error("the folder is there already");
+            const tavrel::testing::SampleMac mac(fs::canonical(argv[1]));
             mac.fill();
             return show(program, mac);
         }

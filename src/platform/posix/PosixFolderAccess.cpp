@@ -1,5 +1,6 @@
 #include "platform/posix/PosixFolderAccess.h"
 
+#include "core/Paths.h"
 #include "core/RandomBytes.h"
 
 #include <cerrno>
@@ -49,7 +50,12 @@ bool PosixFolderAccess::isPlainName(const std::string& component) {
 }
 
 FolderAccess::Outcome<FileHandle> PosixFolderAccess::openAnchor(const std::filesystem::path& root) const {
-    return openFolder(AT_FDCWD, root.native());
+    auto here = openFolder(AT_FDCWD, "/");
+    for (const auto& component : Paths::components(root.native())) {
+        if (!here) break;
+        here = openFolder(here->get(), component);
+    }
+    return here;
 }
 
 FolderAccess::Outcome<FileHandle> PosixFolderAccess::openBeneath(

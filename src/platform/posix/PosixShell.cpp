@@ -28,17 +28,17 @@ CommandResult notStarted(int error) {
     return {-1, std::generic_category().message(error)};
 }
 
-/// Sends the watched process group one SIGTERM when its time is up, nothing stronger. Waits in a thread of
-/// its own, which exists before the child does: a machine that has no thread left must not leave a child
-/// unwatched.
+/// Sends what it watches, a process or a whole group (negative, as kill takes it), one SIGTERM when its time
+/// is up, nothing stronger. Waits in a thread of its own, which exists before the child does: a machine that
+/// has no thread left must not leave a child unwatched.
 class TimeLimit {
   public:
     explicit TimeLimit(std::chrono::duration<double> limit)
         : limit_(bounded(limit)), waiting_([this](const std::stop_token& stop) { wait(stop); }) {}
 
-    void watch(pid_t group) {
+    void watch(pid_t target) {
         const std::lock_guard lock(mutex_);
-        group_ = group;
+        target_ = target;
         changed_.notify_one();
     }
 
@@ -57,15 +57,15 @@ class TimeLimit {
 
     void wait(const std::stop_token& stop) {
         std::unique_lock lock(mutex_);
-        if (!changed_.wait(lock, stop, [this] { return group_ != 0; })) return;
+        if (!changed_.wait(lock, stop, [this] { return target_ != 0; })) return;
         changed_.wait_until(lock, stop, Clock::now() + limit_, [] { return false; });
-        if (!stop.stop_requested()) ::kill(-group_, SIGTERM);
+        if (!stop.stop_requested()) ::kill(target_, SIGTERM);
     }
 
     Clock::duration limit_;
     std::mutex mutex_;
     std::condition_variable_any changed_;
-    pid_t group_ = 0;
+    pid_t target_ = 0;
     std::jthread waiting_;  // last, so that it starts when the rest is made
 };
 
@@ -85,7 +85,7 @@ std::error_code open(Pipe& made) {
 /// login would give them rather than as this program set them.
 class Launch {
   public:
-    explicit Launch(int output) {
+    Launch(int output, PosixShell::Terminal terminal) {
         ::posix_spawn_file_actions_init(&actions_);
         ::posix_spawnattr_init(&attributes_);
         // The pipe goes first: its end may itself be one of the three standard handles.
@@ -101,8 +101,9 @@ class Launch {
         ::sigemptyset(&none);
         note(::posix_spawnattr_setsigdefault(&attributes_, &every));
         note(::posix_spawnattr_setsigmask(&attributes_, &none));
-        note(::posix_spawnattr_setflags(&attributes_,
-                                        POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK));
+        const int session = terminal == PosixShell::Terminal::none ? POSIX_SPAWN_SETSID : 0;
+        note(::posix_spawnattr_setflags(
+            &attributes_, static_cast<short>(session | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK)));
     }
     ~Launch() {
         ::posix_spawnattr_destroy(&attributes_);
@@ -165,12 +166,14 @@ bool holdsNul(const std::string& path, const std::vector<std::string>& args) {
     return nul(path) || std::any_of(args.begin(), args.end(), nul);
 }
 
-CommandResult runChild(const std::string& path, const std::vector<std::string>& args, TimeLimit& limit) {
+CommandResult runChild(const std::string& path, const std::vector<std::string>& args,
+                       PosixShell::Terminal terminal, TimeLimit& limit) {
     Pipe pipe;
     if (const std::error_code error = open(pipe)) return notStarted(error.value());
     pid_t child = 0;
-    if (const int error = Launch(pipe.writing.get()).start(child, path, args)) return notStarted(error);
-    limit.watch(child);
+    if (const int error = Launch(pipe.writing.get(), terminal).start(child, path, args))
+        return notStarted(error);
+    limit.watch(terminal == PosixShell::Terminal::none ? -child : child);
 
     // Read before waiting: a child that fills the pipe would otherwise never end.
     pipe.writing.close();
@@ -187,7 +190,7 @@ CommandResult PosixShell::run(const std::string& path, const std::vector<std::st
     if (holdsNul(path, args)) return notStarted(EINVAL);
     try {
         TimeLimit limit(timeout);
-        return runChild(path, args, limit);
+        return runChild(path, args, terminal_, limit);
     } catch (const std::system_error& error) {
         return notStarted(error.code().value());
     }

@@ -1,0 +1,94 @@
+#include "cleaning/SafetyGuard.h"
+#include "cli/AddCommand.h"
+#include "cli/Arguments.h"
+#include "cli/ExitStatus.h"
+#include "cli/Json.h"
+#include "cli/Phrase.h"
+#include "cli/Session.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+namespace tavrel::cli {
+
+namespace {
+
+using Path = std::filesystem::path;
+using Text::localized;
+
+Json::Value document(const std::vector<std::string>& paths, const SafetyGuard& guard) {
+    Json::Value verdicts = Json::Value::array();
+    for (const std::string& path : paths) {
+        const auto verdict = guard.check(path);
+        verdicts.push_back({
+            {"path", Json::path(path)},
+            {"allowed", verdict.isAllowed()},
+            {"reason", verdict.isAllowed() ? Json::Value(nullptr) : Json::Value(verdict.reason())},
+        });
+    }
+    return verdicts;
+}
+
+void print(Console& console, const std::vector<std::string>& paths, const SafetyGuard& guard) {
+    const std::vector<std::string> words = {localized("allowed"), localized("refused")};
+    const auto wider = std::max(Text::columns(words[0]), Text::columns(words[1]));
+    for (const std::string& path : paths) {
+        const auto verdict = guard.check(path);
+        const std::string& word = words.at(verdict.isAllowed() ? 0 : 1);
+        const auto style = verdict.isAllowed() ? Console::Style::mark : Console::Style::danger;
+        std::string line = console.styled(style, word) + std::string(wider - Text::columns(word) + 2, ' ');
+        line += Text::shown(path);
+        if (!verdict.isAllowed()) line += "  " + console.styled(Console::Style::dim, verdict.reason());
+        console.line(line);
+    }
+}
+
+struct CheckCommand {
+    std::vector<std::string> paths;
+    std::vector<std::string> extraRoots;
+    std::vector<std::string> protect;
+
+    void addTo(CLI::App& command) {
+        Arguments::addList(command, "PATH", "...", paths, localized("what to judge"))->required();
+        Arguments::addList(command, "--extra-root", "DIR", extraRoots,
+                           localized("admit this folder besides the home"));
+        Arguments::addList(command, "--protect", "DIR", protect,
+                           localized("bar this folder besides those in the settings"));
+    }
+
+    [[nodiscard]] SafetyGuard guard(const Session& session) const {
+        const Path here = Arguments::workingFolder();
+        std::vector<Path> roots;
+        for (const std::string& root : extraRoots) roots.push_back(here / root);
+        SafetyGuard guard = session.guard(std::move(roots));
+        for (const std::string& barred : protect) {
+            const bool atHome = barred.starts_with('~');
+            guard.protectedPaths.push_back(atHome ? barred : (here / barred).native());
+        }
+        return guard;
+    }
+
+    [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
+        const auto session = Session::open(global);
+        if (!session) return console.fail(session.error());
+        session->warnOfSettings(console);
+        if (console.json()) {
+            console.document(document(paths, guard(*session)));
+        } else {
+            print(console, paths, guard(*session));
+        }
+        return ExitStatus::done;
+    }
+};
+
+}  // namespace
+
+void Commands::addCheck(CLI::App& app, Command& chosen) {
+    addCommand<CheckCommand>(app, chosen, "check", "tell whether paths may be removed, and why not");
+}
+
+}  // namespace tavrel::cli

@@ -1,0 +1,192 @@
+#include "cleaning/Cleaner.h"
+#include "cli/AddCommand.h"
+#include "cli/Arguments.h"
+#include "cli/ExitStatus.h"
+#include "cli/Finders.h"
+#include "cli/ItemList.h"
+#include "cli/Json.h"
+#include "cli/Phrase.h"
+#include "cli/Selection.h"
+#include "cli/Session.h"
+#include "cli/SystemTools.h"
+#include "core/ByteCount.h"
+#include "platform/FolderAccess.h"
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+namespace tavrel::cli {
+
+namespace {
+
+using Items = std::vector<CleanItem>;
+using Text::localized;
+
+struct CleanOptions {
+    FinderOptions finder;
+    std::vector<std::string> select;
+    bool all = false;
+    bool dryRun = false;
+    bool alwaysTrash = false;
+    bool yes = false;
+
+    void addTo(CLI::App& command) {
+        finder.addTo(command);
+        auto* selects =
+            Arguments::addList(command, "--select", "PATH", select, localized("remove this; repeatable"));
+        command.add_flag("--all", all, localized("remove what wants a review, too"))->excludes(selects);
+        command.add_flag("--dry-run", dryRun, localized("tell what would be removed, touch nothing"));
+        command.add_flag("--always-trash", alwaysTrash, localized("send everything to the Trash"));
+        command.add_flag("--yes", yes, localized("do not ask"));
+    }
+};
+
+std::string headline(const CleanReport& report) {
+    const auto count = report.removed.size();
+    std::string text;
+    if (report.dryRun) {
+        text = counted("Preview: {1} would be freed ({0} item)", "Preview: {1} would be freed ({0} items)",
+                       count, byteCount(report.freed));
+    } else if (report.trashed < 1) {
+        text = counted("Freed {1} · {0} item removed", "Freed {1} · {0} items removed", count,
+                       byteCount(report.freed));
+    } else {
+        text = phrase("Freed {} · {} in the Trash", byteCount(report.freed - report.trashed),
+                      byteCount(report.trashed));
+    }
+    if (!report.skipped.empty()) text += phrase(" · {} skipped", report.skipped.size());
+    return text;
+}
+
+/// One clean from the scan to the report.
+class CleanRun {
+  public:
+    CleanRun(const CleanOptions& options, Session session, Console& console)
+        : options_(options), session_(std::move(session)), console_(console), tools_(session_.profile()) {}
+
+    int run();
+
+  private:
+    [[nodiscard]] bool isPreview() const { return options_.dryRun || session_.preferences().dryRun; }
+    [[nodiscard]] Items choose();
+    [[nodiscard]] bool agreed(const Items& chosen);
+    [[nodiscard]] CleanReport remove(const Items& chosen, const SafetyGuard& guard, bool preview);
+    void print(const CleanReport& report);
+    void printNothing();
+
+    const CleanOptions& options_;
+    Session session_;
+    Console& console_;
+    SystemTools tools_;
+    Items found_;
+    int status_ = ExitStatus::done;
+};
+
+int CleanRun::run() {
+    const bool preview = isPreview();
+    if (!preview && !options_.yes && !Console::canAsk()) {
+        return console_.misuse(localized("without a terminal to ask on, a clean needs --yes or --dry-run"));
+    }
+    session_.warnOfSettings(console_);
+    if (auto unknown = session_.protectionUnknown(); unknown && !preview) return console_.fail(*unknown);
+
+    const Finder finder(session_, tools_, options_.finder);
+    Finder::Found found = finder.find(console_);
+    status_ = found.status;
+    found_ = std::move(found.items);
+    const Items chosen = choose();
+    if (!preview && !options_.yes && !chosen.empty() && !agreed(chosen)) {
+        return console_.fail(localized("nothing was removed"));
+    }
+
+    // The scan and the question took their time: what is barred now counts.
+    session_.refresh();
+    if (auto unknown = session_.protectionUnknown(); unknown && !preview) return console_.fail(*unknown);
+    const CleanReport report = remove(chosen, finder.guard(), preview || isPreview());
+    if (!report.skipped.empty()) status_ = ExitStatus::undone;
+    if (console_.json()) {
+        console_.document(Json::report(report));
+    } else {
+        print(report);
+    }
+    return status_;
+}
+
+Items CleanRun::choose() {
+    if (options_.all) return found_;
+    if (options_.select.empty()) return Selection::preselected(found_);
+    Selection::Named named = Selection::named(found_, options_.select, Arguments::workingFolder());
+    for (const std::string& name : named.missing) {
+        console_.warn(phrase("\"{}\" is not among what was found", Text::shown(name)));
+        status_ = ExitStatus::undone;
+    }
+    return std::move(named.items);
+}
+
+bool CleanRun::agreed(const Items& chosen) {
+    if (!console_.json()) {
+        ItemList::print(console_, chosen, session_.places().home(), [](const CleanItem&) { return true; });
+    }
+    return console_.confirm(counted("Remove {} item ({})?", "Remove {} items ({})?", chosen.size(),
+                                    byteCount(Selection::size(chosen))));
+}
+
+CleanReport CleanRun::remove(const Items& chosen, const SafetyGuard& guard, bool preview) {
+    const Cleaner cleaner({
+        .access = systemFolderAccess(),
+        .trash = tools_.trash(),
+        .administrator = tools_.administrator(),
+        .systemRoots = session_.profile().scan.system.roots,
+        .history = session_.places().history(),
+        .now = [] { return Instant(std::chrono::system_clock::now()); },
+    });
+    const Cleaner::Options options = {
+        .dryRun = preview,
+        .alwaysTrash = options_.alwaysTrash || session_.preferences().alwaysTrash,
+    };
+    constexpr double percent = 100;
+    const auto progress = [&](double fraction) {
+        console_.progress(phrase("Removing… {:.0f} %", fraction * percent));
+    };
+    CleanReport report =
+        cleaner.clean(chosen, Finder::action(options_.finder.mode), guard, options, progress);
+    console_.endProgress();
+    return report;
+}
+
+void CleanRun::printNothing() {
+    if (status_ != ExitStatus::done) return;
+    if (found_.empty()) return console_.line(localized("Nothing worth removing right now"));
+    console_.line(counted("Nothing is preselected; {} item wants a review",
+                          "Nothing is preselected; {} items want a review", found_.size()));
+}
+
+void CleanRun::print(const CleanReport& report) {
+    if (report.removed.empty() && report.skipped.empty()) return printNothing();
+    const auto& home = session_.places().home();
+    if (report.dryRun) ItemList::print(console_, report.removed, home, [](const CleanItem&) { return true; });
+    console_.line(console_.styled(Console::Style::strong, headline(report)));
+    for (const auto& [item, reason] : report.skipped) {
+        console_.line("  " + ItemList::shown(item.url, home));
+        console_.line("    " + console_.styled(Console::Style::caution, Text::shown(reason)));
+    }
+}
+
+struct CleanCommand : CleanOptions {
+    [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
+        auto session = Session::open(global);
+        if (!session) return console.fail(session.error());
+        return CleanRun(*this, std::move(*session), console).run();
+    }
+};
+
+}  // namespace
+
+void Commands::addClean(CLI::App& app, Command& chosen) {
+    addCommand<CleanCommand>(app, chosen, "clean", "remove what a scan found");
+}
+
+}  // namespace tavrel::cli

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "cli/GlobalOptions.h"
+#include "cli/Json.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tavrel::cli {
+
+/// The two streams that the program speaks on: results on standard output, everything else on standard error.
+/// Whatever it is handed for a person must already be fit for a terminal.
+class Console {
+  public:
+    enum class Style { strong, dim, mark, caution, danger, privileged };
+
+    explicit Console(const GlobalOptions& options);
+    ~Console() { endProgress(); }
+    Console(const Console&) = delete;
+    Console& operator=(const Console&) = delete;
+
+    /// Whether results are wanted as a JSON document.
+    [[nodiscard]] bool json() const { return json_; }
+    [[nodiscard]] bool quiet() const { return quiet_; }
+    /// Whether a person can be asked: standard input is a terminal.
+    [[nodiscard]] static bool canAsk();
+
+    /// Columns to lay results out for: the terminal's, or 100.
+    [[nodiscard]] std::size_t width() const { return width_; }
+    /// `text` cut to `columns` on a terminal; whole for a file or a pipe, where somebody may search for it.
+    [[nodiscard]] std::string fitted(std::string_view text, std::size_t columns) const;
+    /// `text` in that style where colours are wanted; each piece ends its own style.
+    [[nodiscard]] std::string styled(Style style, std::string_view text) const;
+
+    void line(std::string_view text);
+    void document(const Json::Value& value);
+
+    /// One line about something that went wrong.
+    void warn(std::string_view text);
+    /// Warns; in JSON the document is then an object with the one key "error". Gives the exit status for it.
+    int fail(std::string_view text);
+    /// Warns that the command line makes no sense. Gives the exit status for it.
+    int misuse(std::string_view text);
+
+    /// Replaces the line that tells a waiting person what goes on. Only on a terminal.
+    void progress(std::string_view text);
+    void endProgress();
+
+    /// Asks on the terminal; anything but a clear yes is a no.
+    [[nodiscard]] bool confirm(std::string_view question);
+
+    /// Sees to it that the results arrived, and gives the status to end with.
+    [[nodiscard]] int finish(int status);
+
+  private:
+    void write(std::string_view text);
+
+    bool json_;
+    bool quiet_;
+    bool terminal_;
+    bool coloured_;
+    bool showsProgress_;
+    std::size_t width_;
+    bool progressStands_ = false;
+};
+
+}  // namespace tavrel::cli

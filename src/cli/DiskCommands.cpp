@@ -1,0 +1,166 @@
+#include "cli/AddCommand.h"
+#include "cli/Arguments.h"
+#include "cli/ExitStatus.h"
+#include "cli/Json.h"
+#include "cli/Phrase.h"
+#include "core/ByteCount.h"
+#include "disk/DiskIndex.h"
+#include "disk/FileSizer.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+namespace tavrel::cli {
+
+namespace {
+
+using Text::localized;
+
+struct Sized {
+    std::string path;
+    std::int64_t size = 0;
+};
+
+/// What is not there measures nothing, but the command did not do what was asked.
+int statusFor(const std::vector<std::string>& paths, Console& console) {
+    int status = ExitStatus::done;
+    for (const std::string& path : paths) {
+        if (!Arguments::exists(path, console)) status = ExitStatus::undone;
+    }
+    return status;
+}
+
+std::string row(const Console& console, const Sized& sized) {
+    constexpr std::size_t sizeColumns = 10;
+    return fmt::format("{:>{}}  {}", byteCount(sized.size), sizeColumns,
+                       console.fitted(Text::shown(sized.path), console.width() - sizeColumns - 2));
+}
+
+void print(Console& console, const std::vector<Sized>& rows) {
+    if (console.json()) {
+        Json::Value list = Json::Value::array();
+        for (const Sized& each : rows) list.push_back({{"path", Json::path(each.path)}, {"size", each.size}});
+        console.document(list);
+        return;
+    }
+    for (const Sized& each : rows) console.line(row(console, each));
+}
+
+struct SizeCommand {
+    std::vector<std::string> paths;
+
+    void addTo(CLI::App& command) {
+        Arguments::addList(command, "PATH", "...", paths, localized("files and folders"))->required();
+    }
+
+    [[nodiscard]] int run(const GlobalOptions& /*global*/, Console& console) const {
+        const int status = statusFor(paths, console);
+        console.progress(localized("Measuring…"));
+        std::vector<Sized> rows;
+        for (const std::string& path : paths) rows.push_back({path, FileSizer::size(path)});
+        print(console, rows);
+        return status;
+    }
+};
+
+Json::Value document(const DiskIndex::Measurement& measured) {
+    // Sorted, so that two runs can be compared.
+    const std::map<std::string, DiskIndex::Info> sorted(measured.folders.begin(), measured.folders.end());
+    Json::Value folders = Json::Value::object();
+    for (const auto& [path, info] : sorted) {
+        folders[Text::exact(path)] = {{"size", info.size}, {"files", info.files}};
+    }
+    return {{"size", measured.size}, {"files", measured.files}, {"folders", folders}};
+}
+
+struct MeasureCommand {
+    std::string path;
+    int depth = 2;
+
+    void addTo(CLI::App& command) {
+        constexpr int deepest = 1000;
+        command.add_option("PATH", path, localized("a folder"))->required()->type_name("");
+        command.add_option("--depth", depth, localized("levels of folders to tell of (2)"))
+            ->check(CLI::Range(0, deepest).description(""))
+            ->type_name("N");
+    }
+
+    [[nodiscard]] int run(const GlobalOptions& /*global*/, Console& console) const {
+        const int status = statusFor({path}, console);
+        console.progress(localized("Measuring…"));
+        const auto measured = DiskIndex::measure(path, depth);
+        if (console.json()) {
+            console.document(document(measured));
+        } else {
+            printLargestFirst(console, measured);
+        }
+        return status;
+    }
+
+    static void printLargestFirst(Console& console, const DiskIndex::Measurement& measured) {
+        std::vector<Sized> rows;
+        for (const auto& [folder, info] : measured.folders) rows.push_back({folder, info.size});
+        std::sort(rows.begin(), rows.end(), [](const Sized& a, const Sized& b) {
+            return a.size != b.size ? a.size > b.size : a.path < b.path;
+        });
+        print(console, rows);
+        const auto files = static_cast<unsigned long>(measured.files);
+        const std::string total =
+            counted("{1} in {0} file", "{1} in {0} files", files, byteCount(measured.size));
+        console.line(console.styled(Console::Style::strong, total));
+    }
+};
+
+struct LargeCommand {
+    std::string path;
+    std::int64_t minimum = 524288000;  // 500 MiB
+    std::int64_t limit = 200;
+
+    void addTo(CLI::App& command) {
+        constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
+        constexpr std::int64_t mostRows = 1000000;
+        command.add_option("PATH", path, localized("a folder"))->required()->type_name("");
+        command.add_option("--minimum", minimum, localized("smallest size (524288000)"))
+            ->check(CLI::Range(std::int64_t{0}, most).description(""))
+            ->type_name("BYTES");
+        command.add_option("--limit", limit, localized("most files to list (200)"))
+            ->check(CLI::Range(std::int64_t{1}, mostRows).description(""))
+            ->type_name("N");
+    }
+
+    [[nodiscard]] int run(const GlobalOptions& /*global*/, Console& console) const {
+        const int status = statusFor({path}, console);
+        console.progress(localized("Measuring…"));
+        std::vector<Sized> rows;
+        for (const auto& file : DiskIndex::largeFiles(path, minimum, static_cast<std::size_t>(limit))) {
+            rows.push_back({file.path, file.size});
+        }
+        print(console, rows);
+        if (rows.empty() && !console.json() && status == ExitStatus::done) {
+            console.line(phrase("No file of {} or more", byteCount(minimum)));
+        }
+        return status;
+    }
+};
+
+}  // namespace
+
+void Commands::addSize(CLI::App& app, Command& chosen) {
+    addCommand<SizeCommand>(app, chosen, "size", "tell what files and folders occupy");
+}
+
+void Commands::addMeasure(CLI::App& app, Command& chosen) {
+    addCommand<MeasureCommand>(app, chosen, "measure", "tell what a folder and those in it occupy");
+}
+
+void Commands::addLarge(CLI::App& app, Command& chosen) {
+    addCommand<LargeCommand>(app, chosen, "large", "list the largest files below a folder");
+}
+
+}  // namespace tavrel::cli

@@ -1,0 +1,70 @@
+#include "cli/Json.h"
+
+#include "cli/Selection.h"
+#include "core/Text.h"
+
+#include <string>
+#include <type_traits>
+#include <variant>
+
+#include <nlohmann/json.hpp>
+
+namespace tavrel::cli::Json {
+
+Value path(const std::filesystem::path& path) {
+    return Text::exact(path.native());
+}
+
+Value item(const CleanItem& item) {
+    return {
+        {"path", path(item.url)},
+        {"size", item.size},
+        {"category", CleanCategories::rawValue(item.category)},
+        {"risk", rawText(item.risk)},
+        {"note", Text::repaired(item.note)},
+        {"permanent", item.permanent},
+        {"requiresAdmin", item.requiresAdmin},
+        {"adminCommand", item.adminCommand ? Value(Text::exact(*item.adminCommand)) : Value(nullptr)},
+        {"selected", Selection::isPreselected(item)},
+    };
+}
+
+Value items(const std::vector<CleanItem>& items) {
+    Value list = Value::array();
+    for (const CleanItem& each : items) list.push_back(item(each));
+    return list;
+}
+
+Value scan(std::string_view mode, const std::vector<CleanItem>& found) {
+    return {
+        {"mode", mode},
+        {"items", items(found)},
+        {"total", Selection::size(found)},
+        {"selected", Selection::size(Selection::preselected(found))},
+    };
+}
+
+Value report(const CleanReport& report) {
+    Value skipped = Value::array();
+    for (const auto& [item, reason] : report.skipped) {
+        skipped.push_back({{"path", path(item.url)}, {"reason", Text::repaired(reason)}});
+    }
+    return {
+        {"dryRun", report.dryRun},          {"freed", report.freed}, {"trashed", report.trashed},
+        {"removed", items(report.removed)}, {"skipped", skipped},
+    };
+}
+
+Value preference(const UserDefaults::Value& value) {
+    return std::visit(
+        [](const auto& stored) -> Value {
+            if constexpr (std::is_same_v<std::decay_t<decltype(stored)>, Instant>) {
+                return nullptr;  // no preference is a date
+            } else {
+                return stored;
+            }
+        },
+        value);
+}
+
+}  // namespace tavrel::cli::Json

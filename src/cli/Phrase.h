@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/Text.h"
+
+#include <string>
+
+#include <fmt/format.h>
+
+/// Sentences with figures in them, in the user's language. "{}" stands for each figure in turn.
+namespace tavrel::cli {
+
+template <typename... Figures>
+[[nodiscard]] std::string phrase(const char* english, const Figures&... figures) {
+    return fmt::format(fmt::runtime(Text::localized(english)), figures...);
+}
+
+/// The same where the first figure is a count that decides between two forms.
+template <typename... Figures>
+[[nodiscard]] std::string counted(const char* one, const char* many, unsigned long count,
+                                  const Figures&... figures) {
+    return fmt::format(fmt::runtime(Text::localized(one, many, count)), count, figures...);
+}
+
+}  // namespace tavrel::cli

@@ -1,0 +1,61 @@
+#include "cli/Selection.h"
+
+#include "core/CheckedSum.h"
+#include "core/Paths.h"
+#include "core/Text.h"
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+
+namespace tavrel::cli::Selection {
+
+bool isPreselected(const CleanItem& item) {
+    return item.risk == Risk::safe;
+}
+
+Items preselected(const Items& found) {
+    Items chosen;
+    std::copy_if(found.begin(), found.end(), std::back_inserter(chosen), isPreselected);
+    return chosen;
+}
+
+std::int64_t size(const Items& items) {
+    std::int64_t sum = 0;
+    for (const CleanItem& item : items) sum = addBytes(sum, item.size);
+    return sum;
+}
+
+namespace {
+
+std::string key(const std::filesystem::path& path) {
+    return Paths::standardized(path).native();
+}
+
+}  // namespace
+
+Named named(const Items& found, const std::vector<std::string>& names,
+            const std::filesystem::path& workingFolder) {
+    std::set<std::string> known;
+    for (const CleanItem& item : found) known.insert(key(item.url));
+
+    Named result;
+    std::set<std::string> chosen;
+    for (const std::string& name : names) {
+        // An absolute name takes the place of the working folder.
+        const std::string asBytes = key(workingFolder / name);
+        const std::string asEscaped = key(workingFolder / Text::fromExact(name));
+        if (known.contains(asBytes)) {
+            chosen.insert(asBytes);
+        } else if (known.contains(asEscaped)) {
+            chosen.insert(asEscaped);
+        } else {
+            result.missing.push_back(name);
+        }
+    }
+    std::copy_if(found.begin(), found.end(), std::back_inserter(result.items),
+                 [&](const CleanItem& item) { return chosen.contains(key(item.url)); });
+    return result;
+}
+
+}  // namespace tavrel::cli::Selection

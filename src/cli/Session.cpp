@@ -1,0 +1,97 @@
+#include "cli/Session.h"
+
+#include "cli/Phrase.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <pwd.h>
+#include <string_view>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace tavrel::cli {
+
+namespace {
+
+using Path = std::filesystem::path;
+
+Path environmentPath(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+Path homeOfUser() {
+    Path home = environmentPath("HOME");
+    if (!home.empty()) return home;
+    const passwd* user = ::getpwuid(::getuid());
+    return user == nullptr ? "" : user->pw_dir;
+}
+
+/// A folder or a link to one.
+bool leadsToFolder(const Path& path) {
+    std::error_code ignored;
+    return std::filesystem::is_directory(path, ignored);
+}
+
+std::string noFolder(const char* english, const Path& path) {
+    return phrase(english, Text::shown(path.native()));
+}
+
+Profile profileFor(const GlobalOptions& options, const Path& home) {
+    const auto named = options.profile ? Profiles::family(*options.profile) : std::nullopt;
+    if (named.value_or(Profiles::ofThisSystem()) == Profile::Family::macos) {
+        return Profiles::macos(options.root, home);
+    }
+    UserEnvironment environment;
+    if (!options.home) environment = {environmentPath("XDG_CONFIG_HOME"), environmentPath("XDG_DATA_HOME")};
+    return Profiles::linux(options.root, home, environment);
+}
+
+}  // namespace
+
+tl::expected<Session, std::string> Session::open(const GlobalOptions& options) {
+    const Path home = options.home ? Path(*options.home) : homeOfUser();
+    if (!leadsToFolder(home)) return tl::unexpected(noFolder("the home \"{}\" is not a folder", home));
+    if (!leadsToFolder(options.root)) {
+        return tl::unexpected(noFolder("the root \"{}\" is not a folder", options.root));
+    }
+    return Session(profileFor(options, home));
+}
+
+Session::Session(Profile profile)
+    : profile_(std::move(profile)),
+      defaults_(profile_.places.preferences()),
+      preferences_(Preferences::read(defaults_)) {}
+
+void Session::refresh() {
+    defaults_ = UserDefaults(places().preferences());
+    preferences_ = Preferences::read(defaults_);
+}
+
+SafetyGuard Session::guard(std::vector<Path> extraRoots) const {
+    return profile_.safetyGuard(preferences_, std::move(extraRoots));
+}
+
+void Session::warnOfSettings(Console& console) const {
+    const std::string file = Text::shown(defaults_.file().native());
+    if (defaults_.state() == UserDefaults::State::damaged) {
+        console.warn(phrase("the settings in {} cannot be read; their defaults are used", file));
+    }
+    for (const std::string& key : Preferences::unreadableKeys(defaults_)) {
+        console.warn(phrase("the setting {} in {} has a wrong type; its default is used", key, file));
+    }
+}
+
+std::optional<std::string> Session::protectionUnknown() const {
+    const auto wrong = Preferences::unreadableKeys(defaults_);
+    const bool known = defaults_.state() != UserDefaults::State::damaged &&
+                       std::find(wrong.begin(), wrong.end(), "protectedPaths") == wrong.end();
+    if (known) return std::nullopt;
+    return phrase(
+        "nothing is removed while the protected folders in {} cannot be read; "
+        "write them anew with \"tavrelctl settings protectedPaths\"",
+        Text::shown(defaults_.file().native()));
+}
+
+}  // namespace tavrel::cli

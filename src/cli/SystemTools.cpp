@@ -1,0 +1,74 @@
+#include "cli/SystemTools.h"
+
+#include "cleaning/FlatTrash.h"
+#include "cleaning/FreedesktopTrash.h"
+#include "platform/FolderAccess.h"
+#include "platform/linux/LinuxAdministrator.h"
+#include "platform/linux/LinuxRunningApplications.h"
+#include "platform/macos/AppleScriptAdministrator.h"
+#include "platform/macos/BundleNames.h"
+#include "platform/posix/NoCommands.h"
+#include "platform/posix/PosixShell.h"
+
+#include <unistd.h>
+
+namespace tavrel::cli {
+
+namespace {
+
+using Path = std::filesystem::path;
+
+/// Where the desktop entries of the system lie that is looked at; the environment speaks of this machine
+/// alone.
+std::vector<Path> desktopEntries(const Places& places) {
+    if (places.isRunningSystem()) return applicationFolders(places.home());
+    return {
+        places.resolve("/usr/share/applications"),
+        places.resolve("/var/lib/flatpak/exports/share/applications"),
+        places.resolve("~/.local/share/flatpak/exports/share/applications"),
+    };
+}
+
+std::unique_ptr<Shell> shellFor(const Places& places) {
+    if (places.isRunningSystem()) return std::make_unique<PosixShell>();
+    return std::make_unique<NoCommands>();
+}
+
+/// Asks the way that this very machine asks, whatever system is looked at.
+std::unique_ptr<Administrator> administratorFor(Shell& shell) {
+    if (Profiles::ofThisSystem() == Profile::Family::macos)
+        return std::make_unique<AppleScriptAdministrator>(shell);
+    return std::make_unique<LinuxAdministrator>(shell);
+}
+
+std::unique_ptr<Trash> trashFor(const Profile& profile) {
+    const Path& home = profile.places.home();
+    const Path folder = profile.places.trash().lexically_relative(home);
+    if (profile.trashLayout == Profile::TrashLayout::flat) {
+        return std::make_unique<FlatTrash>(systemFolderAccess(), home, folder, ::getuid());
+    }
+    return std::make_unique<FreedesktopTrash>(systemFolderAccess(), home, folder, ::getuid());
+}
+
+std::unique_ptr<ApplicationNames> namesFor(const Profile& profile, const std::vector<Path>& folders) {
+    if (profile.family == Profile::Family::macos)
+        return std::make_unique<BundleNames>(profile.places.applications());
+    return std::make_unique<DesktopNames>(folders);
+}
+
+}  // namespace
+
+SystemTools::SystemTools(const Profile& profile)
+    : isRunningSystem_(profile.places.isRunningSystem()),
+      applicationFolders_(desktopEntries(profile.places)),
+      shell_(shellFor(profile.places)),
+      administrator_(administratorFor(prompting_)),
+      trash_(trashFor(profile)),
+      names_(namesFor(profile, applicationFolders_)) {}
+
+RunningApplications SystemTools::running() const {
+    if (!isRunningSystem_) return {};
+    return runningApplications("/proc", applicationFolders_);
+}
+
+}  // namespace tavrel::cli

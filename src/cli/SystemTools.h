@@ -1,0 +1,38 @@
+#pragma once
+
+#include "cleaning/Trash.h"
+#include "platform/Administrator.h"
+#include "platform/RunningApplications.h"
+#include "platform/Shell.h"
+#include "platform/posix/PosixShell.h"
+#include "profiles/Profile.h"
+
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace tavrel::cli {
+
+/// What stands in for the operating system in one run. On a disk that is only examined no tool of this
+/// machine is asked and none of its programs counts as running; root still removes what is chosen there.
+class SystemTools {
+  public:
+    explicit SystemTools(const Profile& profile);
+
+    [[nodiscard]] Shell& shell() { return *shell_; }
+    [[nodiscard]] Administrator& administrator() { return *administrator_; }
+    [[nodiscard]] Trash& trash() { return *trash_; }
+    [[nodiscard]] const ApplicationNames& names() const { return *names_; }
+    [[nodiscard]] RunningApplications running() const;
+
+  private:
+    bool isRunningSystem_;
+    std::vector<std::filesystem::path> applicationFolders_;
+    std::unique_ptr<Shell> shell_;
+    PosixShell prompting_{PosixShell::Terminal::shared};
+    std::unique_ptr<Administrator> administrator_;
+    std::unique_ptr<Trash> trash_;
+    std::unique_ptr<ApplicationNames> names_;
+};
+
+}  // namespace tavrel::cli

@@ -1,0 +1,14 @@
+#include "platform/LaunchAtLogin.h"
+
+#include "core/UserDefaults.h"
+
+namespace tavrel {
+
+void LaunchAtLogin::enableOnFirstLaunch(UserDefaults& defaults) {
+    constexpr const char* done = "launchAtLoginDefaulted";
+    if (defaults.value(done) == UserDefaults::Value(true)) return;
+    // Without the note every launch would be the first, and undo the user's switch-off.
+    if (!defaults.set(done, true)) set(true);
+}
+
+}  // namespace tavrel

@@ -1,10 +1,10 @@
 // Vets one folder with its parent as the admitted root and removes it, as a clean does after its scan.
-#include <cstdio>
-#include <filesystem>
-
 #include "cleaning/Removal.h"
 #include "cleaning/SafetyGuard.h"
 #include "platform/FolderAccess.h"
+
+#include <cstdio>
+#include <filesystem>
 
 int main(int argc, char** argv) {
     using namespace tavrel;

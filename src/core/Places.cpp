@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-Places::Places(Path root, const Path& home, UserFolders folders)
+Places::Places(const Path& root, const Path& home, UserFolders folders)
     : root_(Paths::resolved(root)), home_(Paths::resolved(home)), folders_(std::move(folders)) {}
 
 Places::Path Places::resolve(std::string_view text) const {

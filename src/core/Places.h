@@ -22,8 +22,8 @@ class Places {
         Path autostart;  // login items
     };
 
-    /// `home` is resolved: symbolic links in it are followed here, once.
-    Places(Path root, const Path& home, UserFolders folders);
+    /// Both are resolved: symbolic links in them are followed here, once.
+    Places(const Path& root, const Path& home, UserFolders folders);
 
     [[nodiscard]] const Path& root() const { return root_; }
     [[nodiscard]] const Path& home() const { return home_; }

@@ -7,7 +7,6 @@
 namespace tavrel {
 namespace {
 
-using testing::daysAgo;
 using testing::itemAt;
 using testing::SampleMac;
 using testing::Sandbox;

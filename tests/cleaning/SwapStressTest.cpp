@@ -115,7 +115,7 @@ TEST(SwapStressTest, aFileSwappedInIsNeverLost) {
         const auto item = stage.home() / "item";
         const auto precious = stage.sandbox.text("home/precious", "precious");
         const auto identity = *Removal::identify(access, precious);
-        const auto isPrecious = [&](const fs::path& path) {
+        const auto isPrecious = [&identity, &access = access](const fs::path& path) {
             const auto found = Removal::identify(access, path);
             return found && found->sameThing(identity);
         };

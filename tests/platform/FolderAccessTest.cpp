@@ -146,7 +146,7 @@ TEST_P(FolderAccessTest, aMoveNeverReplaces) {
     const auto to = access().openAnchor(sandbox.folder("to"));
     for (const std::string kind : {"file", "folder", "link"}) {
         for (const std::string taken : {"file", "folder", "link"}) {
-            const auto name = kind + "-" + taken;
+            const auto name = std::string(kind).append("-").append(taken);
             if (kind == "file") sandbox.text("from/" + name, "mine");
             if (kind == "folder") sandbox.text("from/" + name + "/inside", "mine");
             if (kind == "link") sandbox.link("from/" + name, "mine");

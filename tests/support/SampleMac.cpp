@@ -26,7 +26,7 @@ SampleMac::Path SampleMac::at(std::string_view path) const {
 }
 
 SampleMac::Path SampleMac::file(std::string_view path, std::int64_t bytes, double daysOld) const {
-    const Path file = at(path);
+    Path file = at(path);
     fs::create_directories(file.parent_path());
     std::ofstream out(file, std::ios::binary);
     out << std::string(static_cast<std::size_t>(bytes), 'x');
@@ -40,7 +40,7 @@ SampleMac::Path SampleMac::folder(std::string_view path, int files, std::int64_t
                                   double daysOld) const {
     constexpr int filesPerFolder = 100;
     const std::string base(path);
-    const Path folder = at(path);
+    Path folder = at(path);
     fs::create_directories(folder);
     for (int i = 0; i < files; ++i) {
         const std::string below = files > filesPerFolder ? "/" + std::to_string(i / filesPerFolder) : "";
@@ -52,7 +52,7 @@ SampleMac::Path SampleMac::folder(std::string_view path, int files, std::int64_t
 }
 
 SampleMac::Path SampleMac::bulk(std::string_view path, std::int64_t bytes, double daysOld) const {
-    const Path made = file(path, 0);
+    Path made = file(path, 0);
     const FileHandle handle(::open(made.c_str(), O_WRONLY | O_CLOEXEC));
     if (::posix_fallocate(handle.get(), 0, bytes) != 0)
         throw std::runtime_error("no room for " + made.native());

@@ -29,7 +29,7 @@ Sandbox::Path Sandbox::file(const Path& relative, std::int64_t bytes) const {
 }
 
 Sandbox::Path Sandbox::text(const Path& relative, std::string_view content) const {
-    const Path at = path(relative);
+    Path at = path(relative);
     fs::create_directories(at.parent_path());
     std::ofstream out(at, std::ios::binary);
     out << content;
@@ -43,7 +43,7 @@ Sandbox::Path Sandbox::folder(const Path& relative) const {
 }
 
 Sandbox::Path Sandbox::link(const Path& relative, const Path& target) const {
-    const Path at = path(relative);
+    Path at = path(relative);
     fs::create_directories(at.parent_path());
     fs::create_symlink(target, at);
     return at;

@@ -64,7 +64,7 @@ std::string guarded(std::string_view argument) {
 }
 
 void unguard(CLI::App& app) {
-    const auto take = [](std::string text) { return text.substr(0, text.find('\0')); };
+    const auto take = [](const std::string& text) { return text.substr(0, text.find('\0')); };
     for (CLI::Option* option : app.get_options()) option->transform(take, "", "");
     for (CLI::App* command : app.get_subcommands({})) unguard(*command);
 }

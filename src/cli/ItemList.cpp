@@ -72,6 +72,7 @@ void printGroup(Console& console, CleanCategory category, const std::vector<Clea
 
     const std::size_t room = console.width() - pathColumn;
     std::vector<Row> rows;
+    rows.reserve(group.size());
     for (const CleanItem& item : group) rows.push_back(rowFor(console, item, home, room));
     const bool fits = std::all_of(rows.begin(), rows.end(), [&](const Row& row) {
         return Text::columns(row.path) + gap + row.columnsOfRemarks() <= room;

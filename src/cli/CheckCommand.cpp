@@ -63,6 +63,7 @@ struct CheckCommand {
     [[nodiscard]] SafetyGuard guard(const Session& session) const {
         const Path here = Arguments::workingFolder();
         std::vector<Path> roots;
+        roots.reserve(extraRoots.size());
         for (const std::string& root : extraRoots) roots.push_back(here / root);
         SafetyGuard guard = session.guard(std::move(roots));
         for (const std::string& barred : protect) {

@@ -63,6 +63,7 @@ struct SizeCommand {
         const int status = statusFor(paths, console);
         console.progress(localized("Measuring…"));
         std::vector<Sized> rows;
+        rows.reserve(paths.size());
         for (const std::string& path : paths) rows.push_back({path, FileSizer::size(path)});
         print(console, rows);
         return status;
@@ -105,6 +106,7 @@ struct MeasureCommand {
 
     static void printLargestFirst(Console& console, const DiskIndex::Measurement& measured) {
         std::vector<Sized> rows;
+        rows.reserve(measured.folders.size());
         for (const auto& [folder, info] : measured.folders) rows.push_back({folder, info.size});
         std::sort(rows.begin(), rows.end(), [](const Sized& a, const Sized& b) {
             return a.size != b.size ? a.size > b.size : a.path < b.path;

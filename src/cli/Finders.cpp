@@ -150,6 +150,7 @@ Finder::Items Finder::projects() const {
 
 std::vector<Path> Finder::projectRoots() const {
     std::vector<Path> roots;
+    roots.reserve(options_.projectRoots.size());
     for (const std::string& root : options_.projectRoots) roots.push_back(Arguments::workingFolder() / root);
     if (roots.empty()) {
         const Path& home = session_.places().home();

@@ -35,6 +35,7 @@ std::vector<std::string> linesFor(const Json::Value& value) {
     if (!value.is_array()) return {Text::shown(value.dump())};
     if (value.empty()) return {localized("none")};
     std::vector<std::string> lines;
+    lines.reserve(value.size());
     for (const Json::Value& entry : value) lines.push_back(Text::shown(entry.get<std::string>()));
     return lines;
 }

@@ -34,8 +34,10 @@ SafetyGuard::Verdict SafetyGuard::check(const Path& url) const {
 
     std::vector<Path> roots{home};
     for (const auto& extra : extraRoots) roots.push_back(Paths::standardized(extra));
-    const auto root = std::find_if(roots.begin(), roots.end(),
-                                   [&](const Path& r) { return Paths::isInside(path, r.native()); });
+    // A root that is no absolute path admits nothing: the empty one would hold every path.
+    const auto root = std::find_if(roots.begin(), roots.end(), [&](const Path& r) {
+        return r.is_absolute() && Paths::isInside(path, r.native());
+    });
     if (root == roots.end()) return Verdict::refused(outside);
     if (hasSymlinkedAncestor(target, *root)) return Verdict::refused(throughLink);
 

@@ -79,6 +79,8 @@ TEST_F(SafetyGuardTest, AdmitsOnlyPathsBelowItsRoots) {
 
     const std::vector<Case> withoutRoot = {{"/Library/Caches/x", outside}};
     expect(guard, withoutRoot);
+    EXPECT_EQ(verdict(SafetyGuard(), "/Library/Caches/x"), outside)
+        << "a guard without a home admits nothing";
     expect(mac.guard({mac.at("/Library/Caches")}), {{"/Library/Caches/x", allowed},
                                                     {"/Library/Caches", systemFolder},
                                                     {"/Library/Caches/Pictures/x", allowed},

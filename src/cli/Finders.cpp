@@ -29,7 +29,7 @@ constexpr int longestAge = 36500;  // days; dates further back are no dates of f
 constexpr int recentInstallerDays = 7;
 
 /// The name that the windowed program's own caches bear: nobody is offered those.
-constexpr const char* ownIdentifier = "com.quennith.Tavrel";
+constexpr const char* ownIdentifier = "com.quennith.tavrel";
 
 Instant now() {
     return std::chrono::system_clock::now();

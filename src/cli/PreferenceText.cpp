@@ -2,7 +2,7 @@
 
 #include "cli/Json.h"
 #include "cli/Phrase.h"
-#include "core/Preferences.h"
+#include "core/PreferenceValues.h"
 
 #include <algorithm>
 #include <charconv>
@@ -65,7 +65,7 @@ Parsed parseTexts(std::string_view key, std::string_view text) {
 }  // namespace
 
 Parsed parse(std::string_view key, std::string_view text) {
-    const auto present = Preferences().value(key);
+    const auto present = PreferenceValues().value(key);
     if (present && std::holds_alternative<bool>(*present)) return parseBoolean(text);
     if (present && std::holds_alternative<std::int64_t>(*present)) return parseDays(text);
     return parseTexts(key, text);

@@ -62,11 +62,11 @@ tl::expected<Session, std::string> Session::open(const GlobalOptions& options) {
 Session::Session(Profile profile)
     : profile_(std::move(profile)),
       defaults_(profile_.places.preferences()),
-      preferences_(Preferences::read(defaults_)) {}
+      preferences_(PreferenceValues::read(defaults_)) {}
 
 void Session::refresh() {
     defaults_ = UserDefaults(places().preferences());
-    preferences_ = Preferences::read(defaults_);
+    preferences_ = PreferenceValues::read(defaults_);
 }
 
 SafetyGuard Session::guard(std::vector<Path> extraRoots) const {
@@ -78,13 +78,13 @@ void Session::warnOfSettings(Console& console) const {
     if (defaults_.state() == UserDefaults::State::damaged) {
         console.warn(phrase("the settings in {} cannot be read; their defaults are used", file));
     }
-    for (const std::string& key : Preferences::unreadableKeys(defaults_)) {
+    for (const std::string& key : PreferenceValues::unreadableKeys(defaults_)) {
         console.warn(phrase("the setting {} in {} has a wrong type; its default is used", key, file));
     }
 }
 
 std::optional<std::string> Session::protectionUnknown() const {
-    const auto wrong = Preferences::unreadableKeys(defaults_);
+    const auto wrong = PreferenceValues::unreadableKeys(defaults_);
     const bool known = defaults_.state() != UserDefaults::State::damaged &&
                        std::find(wrong.begin(), wrong.end(), "protectedPaths") == wrong.end();
     if (known) return std::nullopt;

@@ -3,7 +3,7 @@
 #include "cleaning/SafetyGuard.h"
 #include "cli/Console.h"
 #include "cli/GlobalOptions.h"
-#include "core/Preferences.h"
+#include "core/PreferenceValues.h"
 #include "core/UserDefaults.h"
 #include "profiles/Profile.h"
 
@@ -27,7 +27,7 @@ class Session {
 
     [[nodiscard]] const Profile& profile() const { return profile_; }
     [[nodiscard]] const Places& places() const { return profile_.places; }
-    [[nodiscard]] const Preferences& preferences() const { return preferences_; }
+    [[nodiscard]] const PreferenceValues& preferences() const { return preferences_; }
     [[nodiscard]] UserDefaults& defaults() { return defaults_; }
 
     /// Reads again what the user chose: another program may have changed it since.
@@ -47,7 +47,7 @@ class Session {
 
     Profile profile_;
     UserDefaults defaults_;
-    Preferences preferences_;
+    PreferenceValues preferences_;
 };
 
 }  // namespace tavrel::cli

@@ -21,7 +21,7 @@ namespace {
 using Text::localized;
 
 bool isKnown(std::string_view key) {
-    const auto keys = Preferences::keys();
+    const auto keys = PreferenceValues::keys();
     return std::find(keys.begin(), keys.end(), key) != keys.end();
 }
 
@@ -43,7 +43,7 @@ std::vector<std::string> linesFor(const Json::Value& value) {
 void printAll(const Session& session, Console& console) {
     Json::Value all = Json::Value::object();
     std::size_t widest = 0;
-    for (const std::string_view key : Preferences::keys()) {
+    for (const std::string_view key : PreferenceValues::keys()) {
         all[std::string(key)] = effective(session, key);
         widest = std::max(widest, key.size());
     }

@@ -1,177 +1,127 @@
 #include "core/Preferences.h"
 
-#include "core/Files.h"
 #include "core/Paths.h"
 #include "core/Text.h"
 
 #include <algorithm>
-#include <variant>
+#include <utility>
 
 namespace tavrel {
+
 namespace {
 
-struct MetricRow {
-    MenuBarMetric metric;
-    std::string_view rawValue;
-    const char* title;
-    std::string_view symbol;
-};
+using Texts = std::vector<std::string>;
 
-constexpr std::array metricRows = {
-    MetricRow{MenuBarMetric::cpu, "cpu", "CPU usage", "cpu"},
-    MetricRow{MenuBarMetric::gpu, "gpu", "GPU usage", "rectangle.3.group"},
-    MetricRow{MenuBarMetric::memory, "memory", "Memory usage", "memorychip"},
-    MetricRow{MenuBarMetric::temperature, "temperature", "CPU temperature", "thermometer.medium"},
-    MetricRow{MenuBarMetric::disk, "disk", "Free disk space", "internaldrive"},
-    MetricRow{MenuBarMetric::network, "network", "Network speed", "arrow.up.arrow.down"},
-    MetricRow{MenuBarMetric::battery, "battery", "Battery", "battery.75percent"},
-};
-
-const MetricRow& row(MenuBarMetric metric) {
-    return metricRows.at(static_cast<std::size_t>(metric));
+QStringList shown(const Texts& texts) {
+    QStringList list;
+    list.reserve(static_cast<qsizetype>(texts.size()));
+    for (const std::string& text : texts) list.append(QString::fromStdString(Text::shown(text)));
+    return list;
 }
 
-constexpr std::array defaultProjectRoots = {
-    "~/Developer", "~/Projects", "~/projects",         "~/code",  "~/Code",      "~/dev",
-    "~/src",       "~/GitHub",   "~/Documents/GitHub", "~/repos", "~/workspace",
-};
-
-using Value = UserDefaults::Value;
-using Texts = UserDefaults::Texts;
-using Metrics = std::vector<MenuBarMetric>;
-
-/// Any bytes make a path or a process name, but settings hold UTF-8: each text is stored in its exact form.
-Value stored(const Texts& texts) {
-    Texts exact(texts.size());
-    std::transform(texts.begin(), texts.end(), exact.begin(), Text::exact);
-    return exact;
-}
-Value stored(const Metrics& metrics) {
-    Texts raw;
-    for (const MenuBarMetric metric : metrics) raw.emplace_back(rawValue(metric));
-    return raw;
-}
-Value stored(std::int64_t number) {
-    return number;
-}
-Value stored(bool choice) {
-    return choice;
+bool canReadProtectedPaths(const UserDefaults& defaults) {
+    const Texts wrong = PreferenceValues::unreadableKeys(defaults);
+    return defaults.state() != UserDefaults::State::damaged &&
+           std::find(wrong.begin(), wrong.end(), "protectedPaths") == wrong.end();
 }
 
-/// Takes a stored value over; false, and nothing changed, when it is of another type than the field.
-template <typename T>
-bool take(const Value& value, T& field) {
-    const T* same = std::get_if<T>(&value);
-    if (same != nullptr) field = *same;
-    return same != nullptr;
-}
-bool take(const Value& value, Texts& field) {
-    const Texts* exact = std::get_if<Texts>(&value);
-    if (exact == nullptr) return false;
-    field.resize(exact->size());
-    std::transform(exact->begin(), exact->end(), field.begin(), Text::fromExact);
-    return true;
-}
-bool take(const Value& value, Metrics& field) {
-    const Texts* raw = std::get_if<Texts>(&value);
-    if (raw == nullptr) return false;
-    field.clear();
-    for (const std::string& text : *raw) {
-        if (const auto metric = menuBarMetric(text)) field.push_back(*metric);
-    }
-    return true;
-}
-
-/// Which member stands under a key. The member's type decides what is stored.
-struct Field {
-    using Member = std::variant<Texts Preferences::*, Metrics Preferences::*, std::int64_t Preferences::*,
-                                bool Preferences::*>;
-    std::string_view key;
-    Member member;
-};
-
-constexpr std::array fields = {
-    Field{"protectedPaths", &Preferences::protectedPaths},
-    Field{"projectRoots", &Preferences::projectRoots},
-    Field{"staleProjectDays", &Preferences::staleProjectDays},
-    Field{"dryRun", &Preferences::dryRun},
-    Field{"alwaysTrash", &Preferences::alwaysTrash},
-    Field{"menuBarMetrics", &Preferences::menuBarMetrics},
-    Field{"sounds", &Preferences::sounds},
-    Field{"pinnedProcesses", &Preferences::pinnedProcesses},
-};
-
-constexpr auto fieldKeys = [] {
-    std::array<std::string_view, fields.size()> keys;
-    std::transform(fields.begin(), fields.end(), keys.begin(), [](const Field& field) { return field.key; });
-    return keys;
-}();
-
-/// Reads one field; false when its key stands in the file with a type that is not the field's.
-bool readField(const UserDefaults& defaults, const Field& field, Preferences& preferences) {
-    const std::string key(field.key);
-    const auto value = defaults.value(key);
-    if (!value) return !defaults.holds(key);
-    return std::visit([&](auto member) { return take(*value, preferences.*member); }, field.member);
+/// "~/x" for what lies in the home, the path itself otherwise.
+std::string abbreviated(const std::filesystem::path& folder, const std::filesystem::path& home) {
+    const std::string& path = folder.native();
+    const std::string& start = home.native();
+    if (path == start) return "~";
+    if (path.starts_with(start + "/")) return "~" + path.substr(start.size());
+    return path;
 }
 
 }  // namespace
 
-std::string_view rawValue(MenuBarMetric metric) {
-    return row(metric).rawValue;
+struct Preferences::ListField {
+    Texts PreferenceValues::*member;
+    const char* key;
+    Signal signal;
+};
+
+Preferences::Preferences(UserDefaults& defaults, Path home)
+    : defaults_(defaults),
+      home_(std::move(home)),
+      values_(PreferenceValues::read(defaults)),
+      knowsProtectedPaths_(canReadProtectedPaths(defaults)) {}
+
+QStringList Preferences::protectedPaths() const {
+    return shown(values_.protectedPaths);
 }
 
-std::optional<MenuBarMetric> menuBarMetric(std::string_view rawValue) {
-    for (const MetricRow& candidate : metricRows) {
-        if (candidate.rawValue == rawValue) return candidate.metric;
+QStringList Preferences::projectRoots() const {
+    return shown(values_.projectRoots);
+}
+
+void Preferences::setStaleProjectDays(int days) {
+    assign<std::int64_t>(&PreferenceValues::staleProjectDays,
+                         std::clamp(days, fewestStaleDays, mostStaleDays), "staleProjectDays",
+                         &Preferences::staleProjectDaysChanged);
+}
+
+void Preferences::setDryRun(bool on) {
+    assign(&PreferenceValues::dryRun, on, "dryRun", &Preferences::dryRunChanged);
+}
+
+void Preferences::setAlwaysTrash(bool on) {
+    assign(&PreferenceValues::alwaysTrash, on, "alwaysTrash", &Preferences::alwaysTrashChanged);
+}
+
+void Preferences::setSounds(bool on) {
+    assign(&PreferenceValues::sounds, on, "sounds", &Preferences::soundsChanged);
+}
+
+void Preferences::toggleMetric(MenuBarMetric metric) {
+    auto& metrics = values_.menuBarMetrics;
+    if (std::erase(metrics, metric) == 0) {
+        metrics.insert(std::find_if(metrics.begin(), metrics.end(),
+                                    [metric](MenuBarMetric other) { return other > metric; }),
+                       metric);
     }
-    return std::nullopt;
+    changed("menuBarMetrics", &Preferences::menuBarMetricsChanged);
 }
 
-std::string title(MenuBarMetric metric) {
-    return Text::localized(row(metric).title);
-}
-
-std::string_view symbol(MenuBarMetric metric) {
-    return row(metric).symbol;
-}
-
-Preferences::Preferences() : projectRoots(defaultProjectRoots.begin(), defaultProjectRoots.end()) {}
-
-Preferences Preferences::read(const UserDefaults& defaults) {
-    Preferences preferences;
-    for (const Field& field : fields) readField(defaults, field, preferences);
-    return preferences;
-}
-
-std::vector<std::string> Preferences::unreadableKeys(const UserDefaults& defaults) {
-    std::vector<std::string> unreadable;
-    Preferences ignored;
-    for (const Field& field : fields) {
-        if (!readField(defaults, field, ignored)) unreadable.emplace_back(field.key);
+void Preferences::addFolders(PathList list, const std::vector<Path>& folders) {
+    Texts& texts = values_.*field(list).member;
+    const std::size_t before = texts.size();
+    for (const Path& folder : folders) {
+        const std::string text = abbreviated(folder, home_);
+        if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
     }
-    return unreadable;
+    if (texts.size() != before) changed(field(list).key, field(list).signal);
 }
 
-std::span<const std::string_view> Preferences::keys() {
-    return fieldKeys;
+void Preferences::removeFolder(PathList list, int index) {
+    Texts& texts = values_.*field(list).member;
+    if (index < 0 || static_cast<std::size_t>(index) >= texts.size()) return;
+    texts.erase(texts.begin() + index);
+    changed(field(list).key, field(list).signal);
 }
 
-std::optional<Value> Preferences::value(std::string_view key) const {
-    for (const Field& field : fields) {
-        if (field.key != key) continue;
-        return std::visit([this](auto member) { return stored(this->*member); }, field.member);
+const Preferences::ListField& Preferences::field(PathList list) {
+    static const ListField protectedFolders = {&PreferenceValues::protectedPaths, "protectedPaths",
+                                               &Preferences::protectedPathsChanged};
+    static const ListField codeFolders = {&PreferenceValues::projectRoots, "projectRoots",
+                                          &Preferences::projectRootsChanged};
+    return list == PathList::protectedPaths ? protectedFolders : codeFolders;
+}
+
+template <typename T>
+void Preferences::assign(T PreferenceValues::*member, T value, const char* key, Signal signal) {
+    if (values_.*member == value) return;
+    values_.*member = std::move(value);
+    changed(key, signal);
+}
+
+void Preferences::changed(const char* key, Signal signal) {
+    if (const auto value = values_.value(key)) {
+        const std::error_code failure = defaults_.set(key, *value);
+        if (!failure) knowsProtectedPaths_ = knowsProtectedPaths_ || canReadProtectedPaths(defaults_);
     }
-    return std::nullopt;
-}
-
-std::vector<std::filesystem::path> Preferences::projectRootURLs(const std::filesystem::path& home) const {
-    std::vector<std::filesystem::path> existing;
-    for (const std::string& root : projectRoots) {
-        const std::filesystem::path path = Paths::expandingTilde(root, home);
-        if (Files::exists(path)) existing.push_back(path);
-    }
-    return existing;
+    Q_EMIT(this->*signal)();
 }
 
 }  // namespace tavrel

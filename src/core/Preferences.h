@@ -1,61 +1,90 @@
 #pragma once
 
+#include "core/PreferenceValues.h"
 #include "core/UserDefaults.h"
 
-#include <array>
-#include <cstdint>
+#include <QObject>
+#include <QStringList>
 #include <filesystem>
-#include <optional>
-#include <span>
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace tavrel {
 
-/// A figure that the menu-bar item can show. The raw text is the case's own name.
-enum class MenuBarMetric { cpu, gpu, memory, temperature, disk, network, battery };
+/// What the user chose, as screens observe it: read once when made, each field written back when it changes.
+/// A change that cannot be written still holds until the program ends. Lives as long as the process.
+class Preferences final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QStringList protectedPaths READ protectedPaths NOTIFY protectedPathsChanged)
+    Q_PROPERTY(QStringList projectRoots READ projectRoots NOTIFY projectRootsChanged)
+    Q_PROPERTY(
+        int staleProjectDays READ staleProjectDays WRITE setStaleProjectDays NOTIFY staleProjectDaysChanged)
+    Q_PROPERTY(bool dryRun READ dryRun WRITE setDryRun NOTIFY dryRunChanged)
+    Q_PROPERTY(bool alwaysTrash READ alwaysTrash WRITE setAlwaysTrash NOTIFY alwaysTrashChanged)
+    Q_PROPERTY(bool sounds READ sounds WRITE setSounds NOTIFY soundsChanged)
 
-inline constexpr std::array allMenuBarMetrics = {
-    MenuBarMetric::cpu,  MenuBarMetric::gpu,     MenuBarMetric::memory,  MenuBarMetric::temperature,
-    MenuBarMetric::disk, MenuBarMetric::network, MenuBarMetric::battery,
-};
+  public:
+    using Path = std::filesystem::path;
 
-[[nodiscard]] std::string_view rawValue(MenuBarMetric metric);
-[[nodiscard]] std::optional<MenuBarMetric> menuBarMetric(std::string_view rawValue);
-[[nodiscard]] std::string title(MenuBarMetric metric);
-[[nodiscard]] std::string_view symbol(MenuBarMetric metric);
+    /// The two lists of folders that the settings edit.
+    enum class PathList { protectedPaths, projectRoots };
+    Q_ENUM(PathList)
 
-/// What the user chose. Read from the defaults once; each field is written back under the key of its name.
-struct Preferences {
-    std::vector<std::string> protectedPaths;  // a leading tilde is allowed
-    std::vector<std::string> projectRoots;    // a leading tilde is allowed
-    std::int64_t staleProjectDays = 30;
-    bool dryRun = false;
-    bool alwaysTrash = false;
-    std::vector<MenuBarMetric> menuBarMetrics = {MenuBarMetric::cpu, MenuBarMetric::memory};
-    bool sounds = true;
-    std::vector<std::string> pinnedProcesses;
+    static constexpr int fewestStaleDays = 1;
+    static constexpr int mostStaleDays = 365;
 
-    /// With every default in place.
-    Preferences();
+    /// `defaults` must outlive this object. A path chosen below `home` is kept as "~" and the rest.
+    Preferences(UserDefaults& defaults, Path home);
 
-    /// A missing key, and one of a wrong type, takes its default.
-    [[nodiscard]] static Preferences read(const UserDefaults& defaults);
+    [[nodiscard]] const PreferenceValues& values() const { return values_; }
 
-    /// The keys that stand in the file with a wrong type, so that a person can be told.
-    [[nodiscard]] static std::vector<std::string> unreadableKeys(const UserDefaults& defaults);
+    /// Whether the folders that the user barred are known. They are not when the file cannot be read, or
+    /// holds something else in their place; nothing may be removed then.
+    [[nodiscard]] bool knowsProtectedPaths() const { return knowsProtectedPaths_; }
 
-    /// Every key, in the order of the fields.
-    [[nodiscard]] static std::span<const std::string_view> keys();
+    /// For reading: bytes that are no UTF-8 stand escaped.
+    [[nodiscard]] QStringList protectedPaths() const;
+    [[nodiscard]] QStringList projectRoots() const;
+    [[nodiscard]] int staleProjectDays() const { return static_cast<int>(values_.staleProjectDays); }
+    [[nodiscard]] bool dryRun() const { return values_.dryRun; }
+    [[nodiscard]] bool alwaysTrash() const { return values_.alwaysTrash; }
+    [[nodiscard]] bool sounds() const { return values_.sounds; }
+    [[nodiscard]] const std::vector<MenuBarMetric>& menuBarMetrics() const { return values_.menuBarMetrics; }
 
-    /// The field of that name as it is stored; nothing for an unknown key.
-    [[nodiscard]] std::optional<UserDefaults::Value> value(std::string_view key) const;
+    void setStaleProjectDays(int days);  // limited to 1 ... 365
+    void setDryRun(bool on);
+    void setAlwaysTrash(bool on);
+    void setSounds(bool on);
 
-    /// The code folders that exist, tildes expanded against `home`.
-    [[nodiscard]] std::vector<std::filesystem::path> projectRootURLs(const std::filesystem::path& home) const;
+    /// Adds the metric before those that come after it in the enumeration, or takes it out.
+    void toggleMetric(MenuBarMetric metric);
 
-    bool operator==(const Preferences&) const = default;
+    /// Appends each folder that the list does not hold yet.
+    void addFolders(PathList list, const std::vector<Path>& folders);
+    /// Takes out the entry at `index`; nothing happens when there is none.
+    Q_INVOKABLE void removeFolder(tavrel::Preferences::PathList list, int index);
+
+  Q_SIGNALS:
+    void protectedPathsChanged();
+    void projectRootsChanged();
+    void staleProjectDaysChanged();
+    void dryRunChanged();
+    void alwaysTrashChanged();
+    void soundsChanged();
+    void menuBarMetricsChanged();
+
+  private:
+    using Signal = void (Preferences::*)();
+
+    struct ListField;
+    [[nodiscard]] static const ListField& field(PathList list);
+    void changed(const char* key, Signal signal);
+    template <typename T>
+    void assign(T PreferenceValues::*member, T value, const char* key, Signal signal);
+
+    UserDefaults& defaults_;
+    Path home_;
+    PreferenceValues values_;
+    bool knowsProtectedPaths_;
 };
 
 }  // namespace tavrel

@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-SafetyGuard Profile::safetyGuard(const Preferences& preferences,
+SafetyGuard Profile::safetyGuard(const PreferenceValues& preferences,
                                  std::vector<std::filesystem::path> extraRoots) const {
     return {places.home(), preferences.protectedPaths, std::move(extraRoots), guardLists};
 }

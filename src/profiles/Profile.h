@@ -6,7 +6,7 @@
 #include "cleaning/SafetyGuard.h"
 #include "cleaning/Trash.h"
 #include "core/Places.h"
-#include "core/Preferences.h"
+#include "core/PreferenceValues.h"
 
 #include <filesystem>
 #include <memory>
@@ -33,7 +33,7 @@ struct Profile {
     TrashLayout trashLayout = TrashLayout::flat;
 
     /// A guard of this moment for the user's home.
-    [[nodiscard]] SafetyGuard safetyGuard(const Preferences& preferences,
+    [[nodiscard]] SafetyGuard safetyGuard(const PreferenceValues& preferences,
                                           std::vector<std::filesystem::path> extraRoots) const;
 };
 

@@ -34,7 +34,7 @@ class LinuxProfileTest : public ::testing::Test {
         const Profile made = profile();
         const JunkScanner::Context context{.root = disk.root(),
                                            .home = made.places.home(),
-                                           .safety = made.safetyGuard(Preferences(), {}),
+                                           .safety = made.safetyGuard(PreferenceValues(), {}),
                                            .runningBundleIDs = std::move(running),
                                            .hasFullDiskAccess = true,
                                            .now = testing::now()};
@@ -43,7 +43,7 @@ class LinuxProfileTest : public ::testing::Test {
     }
 
     std::string verdict(std::string_view path) const {
-        const auto answer = profile().safetyGuard(Preferences(), {}).check(home(path));
+        const auto answer = profile().safetyGuard(PreferenceValues(), {}).check(home(path));
         return answer.isAllowed() ? "allowed" : answer.reason();
     }
 
@@ -184,7 +184,7 @@ TEST_F(LinuxProfileTest, ReadsTheTrashesOfMountedVolumes) {
     EXPECT_EQ(Linux::volumeTrashes(mounts, 1000, "/none"), (std::vector{shared, own}));
 
     disk.file("c/.Trash-1000/files/thing", 10);
-    const auto guard = profile().safetyGuard(Preferences(), {own});
+    const auto guard = profile().safetyGuard(PreferenceValues(), {own});
     const auto items = SpecialScanners::volumeTrashes({own}, guard);
     ASSERT_EQ(items.size(), 1U);
     EXPECT_TRUE(items[0].permanent);

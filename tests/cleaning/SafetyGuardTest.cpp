@@ -139,7 +139,7 @@ TEST_F(SafetyGuardTest, AVerdictNamesTheRootThatAdmitted) {
 TEST_F(SafetyGuardTest, AHomeThatIsALinkIsGuardedUnderItsRealName) {
     disk.link("home-link", mac.home());
     const SafetyGuard guard =
-        Profiles::macos(disk.root(), disk.path("home-link")).safetyGuard(Preferences(), {});
+        Profiles::macos(disk.root(), disk.path("home-link")).safetyGuard(PreferenceValues(), {});
     EXPECT_EQ(guard.home, mac.home());
     EXPECT_EQ(verdict(guard, mac.at("~/.ssh/id")), personalData);
     EXPECT_EQ(verdict(guard, disk.path("home-link/x")), outside);

@@ -61,7 +61,7 @@ SampleMac::Path SampleMac::bulk(std::string_view path, std::int64_t bytes, doubl
 }
 
 SafetyGuard SampleMac::guard(std::vector<Path> extraRoots) const {
-    return profile().safetyGuard(Preferences(), std::move(extraRoots));
+    return profile().safetyGuard(PreferenceValues(), std::move(extraRoots));
 }
 
 JunkScanner::Context SampleMac::context() const {

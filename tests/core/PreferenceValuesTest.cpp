@@ -1,4 +1,4 @@
-#include "core/Preferences.h"
+#include "core/PreferenceValues.h"
 #include "support/Sandbox.h"
 
 #include <gmock/gmock.h>
@@ -14,8 +14,8 @@ UserDefaults holding(const Sandbox& sandbox, const std::string& entries) {
         sandbox.text("s.plist", "<plist version=\"1.0\"><dict>" + entries + "</dict></plist>"));
 }
 
-TEST(Preferences, EveryFieldSurvivesARestart) {
-    Preferences chosen;
+TEST(PreferenceValues, EveryFieldSurvivesARestart) {
+    PreferenceValues chosen;
     chosen.protectedPaths = {"~/Keep", "/srv/\xFF", "/srv/\\x41", "C:\\"};  // a path may be any bytes
     chosen.projectRoots = {};
     chosen.staleProjectDays = 365;
@@ -27,21 +27,21 @@ TEST(Preferences, EveryFieldSurvivesARestart) {
 
     const Sandbox sandbox;
     UserDefaults defaults(sandbox.path("s.plist"));
-    for (const std::string_view key : Preferences::keys()) {
+    for (const std::string_view key : PreferenceValues::keys()) {
         ASSERT_FALSE(defaults.set(std::string(key), chosen.value(key).value()));
     }
-    EXPECT_EQ(Preferences::read(UserDefaults(sandbox.path("s.plist"))), chosen);
+    EXPECT_EQ(PreferenceValues::read(UserDefaults(sandbox.path("s.plist"))), chosen);
     EXPECT_EQ(chosen.value("unknown"), std::nullopt);
 }
 
-TEST(Preferences, AMissingFileGivesTheDefaults) {
+TEST(PreferenceValues, AMissingFileGivesTheDefaults) {
     const Sandbox sandbox;
     const UserDefaults defaults(sandbox.path("s.plist"));
-    EXPECT_EQ(Preferences::read(defaults), Preferences());
-    EXPECT_THAT(Preferences::unreadableKeys(defaults), ElementsAre());
+    EXPECT_EQ(PreferenceValues::read(defaults), PreferenceValues());
+    EXPECT_THAT(PreferenceValues::unreadableKeys(defaults), ElementsAre());
 }
 
-TEST(Preferences, AWrongTypeTakesTheDefaultAndIsTold) {
+TEST(PreferenceValues, AWrongTypeTakesTheDefaultAndIsTold) {
     const Sandbox sandbox;
     const UserDefaults defaults = holding(sandbox,
                                           "<key>protectedPaths</key><string>~/Keep</string>"
@@ -51,25 +51,25 @@ TEST(Preferences, AWrongTypeTakesTheDefaultAndIsTold) {
                                           "<key>alwaysTrash</key><integer>1</integer>"
                                           "<key>menuBarMetrics</key><dict/>"
                                           "<key>sounds</key><data></data>");
-    Preferences expected;
+    PreferenceValues expected;
     expected.dryRun = true;
-    EXPECT_EQ(Preferences::read(defaults), expected);
-    EXPECT_THAT(Preferences::unreadableKeys(defaults),
+    EXPECT_EQ(PreferenceValues::read(defaults), expected);
+    EXPECT_THAT(PreferenceValues::unreadableKeys(defaults),
                 ElementsAre("protectedPaths", "projectRoots", "staleProjectDays", "alwaysTrash",
                             "menuBarMetrics", "sounds"));
 }
 
-TEST(Preferences, UnknownMetricsAreDroppedAndTheOrderKept) {
+TEST(PreferenceValues, UnknownMetricsAreDroppedAndTheOrderKept) {
     const Sandbox sandbox;
     const UserDefaults defaults = holding(sandbox,
                                           "<key>menuBarMetrics</key><array><string>disk</"
                                           "string><string>warp</string><string>gpu</string></array>");
-    EXPECT_THAT(Preferences::read(defaults).menuBarMetrics,
+    EXPECT_THAT(PreferenceValues::read(defaults).menuBarMetrics,
                 ElementsAre(MenuBarMetric::disk, MenuBarMetric::gpu));
-    EXPECT_THAT(Preferences::unreadableKeys(defaults), ElementsAre());
+    EXPECT_THAT(PreferenceValues::unreadableKeys(defaults), ElementsAre());
 }
 
-TEST(Preferences, EveryMetricHasItsOwnRow) {
+TEST(PreferenceValues, EveryMetricHasItsOwnRow) {
     for (const MenuBarMetric metric : allMenuBarMetrics) {
         EXPECT_EQ(menuBarMetric(rawValue(metric)), metric);
         EXPECT_FALSE(title(metric).empty());
@@ -78,11 +78,11 @@ TEST(Preferences, EveryMetricHasItsOwnRow) {
     EXPECT_EQ(menuBarMetric(""), std::nullopt);
 }
 
-TEST(Preferences, OnlyCodeFoldersThatExistAreUsed) {
+TEST(PreferenceValues, OnlyCodeFoldersThatExistAreUsed) {
     const Sandbox sandbox;
     sandbox.folder("home/code");
     sandbox.folder("work");
-    Preferences preferences;
+    PreferenceValues preferences;
     preferences.projectRoots = {"~/gone", "~/code", sandbox.path("work").native()};
     EXPECT_THAT(preferences.projectRootURLs(sandbox.path("home")),
                 ElementsAre(sandbox.path("home/code"), sandbox.path("work")));

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "core/Instant.h"
+
+#include <chrono>
+#include <coroutine>
+#include <functional>
+#include <memory>
+
+namespace tavrel {
+
+/// Where models get their time from. Everything happens on the thread that made the clock.
+class Clock {
+  public:
+    using Duration = std::chrono::nanoseconds;
+
+    /// What `co_await clock.sleep(...)` waits on. The clock outlives whoever waits.
+    class Sleep {
+      public:
+        Sleep(Clock& clock, Duration duration) : clock_(clock), duration_(duration) {}
+        [[nodiscard]] static bool await_ready() noexcept { return false; }
+        void await_suspend(std::coroutine_handle<> waiter) {
+            clock_.after(duration_, [waiter] { waiter.resume(); });
+        }
+        static void await_resume() noexcept {}
+
+      private:
+        Clock& clock_;
+        Duration duration_;
+    };
+
+    virtual ~Clock() = default;
+
+    [[nodiscard]] virtual Instant now() const = 0;
+
+    /// Calls `action` once, `delay` from now and never before this function has returned; what is due at one
+    /// moment is called in the order it was asked for. A delay that is not positive means the next turn of
+    /// the event loop.
+    virtual void after(Duration delay, std::function<void()> action) = 0;
+
+    [[nodiscard]] Sleep sleep(Duration duration) { return {*this, duration}; }
+};
+
+/// Seconds as formulas use them.
+[[nodiscard]] inline Clock::Duration seconds(double value) {
+    return std::chrono::duration_cast<Clock::Duration>(std::chrono::duration<double>(value));
+}
+[[nodiscard]] inline double inSeconds(Clock::Duration duration) {
+    return std::chrono::duration<double>(duration).count();
+}
+
+/// Real time, by the timers of the event loop.
+[[nodiscard]] std::unique_ptr<Clock> systemClock();
+
+}  // namespace tavrel

@@ -1,0 +1,178 @@
+#include "core/PreferenceValues.h"
+
+#include "core/Files.h"
+#include "core/Paths.h"
+#include "core/Text.h"
+
+#include <algorithm>
+#include <variant>
+
+namespace tavrel {
+namespace {
+
+struct MetricRow {
+    MenuBarMetric metric;
+    std::string_view rawValue;
+    const char* title;
+    std::string_view symbol;
+};
+
+constexpr std::array metricRows = {
+    MetricRow{MenuBarMetric::cpu, "cpu", "CPU usage", "cpu"},
+    MetricRow{MenuBarMetric::gpu, "gpu", "GPU usage", "rectangle.3.group"},
+    MetricRow{MenuBarMetric::memory, "memory", "Memory usage", "memorychip"},
+    MetricRow{MenuBarMetric::temperature, "temperature", "CPU temperature", "thermometer.medium"},
+    MetricRow{MenuBarMetric::disk, "disk", "Free disk space", "internaldrive"},
+    MetricRow{MenuBarMetric::network, "network", "Network speed", "arrow.up.arrow.down"},
+    MetricRow{MenuBarMetric::battery, "battery", "Battery", "battery.75percent"},
+};
+
+const MetricRow& row(MenuBarMetric metric) {
+    return metricRows.at(static_cast<std::size_t>(metric));
+}
+
+constexpr std::array defaultProjectRoots = {
+    "~/Developer", "~/Projects", "~/projects",         "~/code",  "~/Code",      "~/dev",
+    "~/src",       "~/GitHub",   "~/Documents/GitHub", "~/repos", "~/workspace",
+};
+
+using Value = UserDefaults::Value;
+using Texts = UserDefaults::Texts;
+using Metrics = std::vector<MenuBarMetric>;
+
+/// Any bytes make a path or a process name, but settings hold UTF-8: each text is stored in its exact form.
+Value stored(const Texts& texts) {
+    Texts exact(texts.size());
+    std::transform(texts.begin(), texts.end(), exact.begin(), Text::exact);
+    return exact;
+}
+Value stored(const Metrics& metrics) {
+    Texts raw;
+    for (const MenuBarMetric metric : metrics) raw.emplace_back(rawValue(metric));
+    return raw;
+}
+Value stored(std::int64_t number) {
+    return number;
+}
+Value stored(bool choice) {
+    return choice;
+}
+
+/// Takes a stored value over; false, and nothing changed, when it is of another type than the field.
+template <typename T>
+bool take(const Value& value, T& field) {
+    const T* same = std::get_if<T>(&value);
+    if (same != nullptr) field = *same;
+    return same != nullptr;
+}
+bool take(const Value& value, Texts& field) {
+    const Texts* exact = std::get_if<Texts>(&value);
+    if (exact == nullptr) return false;
+    field.resize(exact->size());
+    std::transform(exact->begin(), exact->end(), field.begin(), Text::fromExact);
+    return true;
+}
+bool take(const Value& value, Metrics& field) {
+    const Texts* raw = std::get_if<Texts>(&value);
+    if (raw == nullptr) return false;
+    field.clear();
+    for (const std::string& text : *raw) {
+        if (const auto metric = menuBarMetric(text)) field.push_back(*metric);
+    }
+    return true;
+}
+
+/// Which member stands under a key. The member's type decides what is stored.
+struct Field {
+    using Member = std::variant<Texts PreferenceValues::*, Metrics PreferenceValues::*,
+                                std::int64_t PreferenceValues::*, bool PreferenceValues::*>;
+    std::string_view key;
+    Member member;
+};
+
+constexpr std::array fields = {
+    Field{"protectedPaths", &PreferenceValues::protectedPaths},
+    Field{"projectRoots", &PreferenceValues::projectRoots},
+    Field{"staleProjectDays", &PreferenceValues::staleProjectDays},
+    Field{"dryRun", &PreferenceValues::dryRun},
+    Field{"alwaysTrash", &PreferenceValues::alwaysTrash},
+    Field{"menuBarMetrics", &PreferenceValues::menuBarMetrics},
+    Field{"sounds", &PreferenceValues::sounds},
+    Field{"pinnedProcesses", &PreferenceValues::pinnedProcesses},
+};
+
+constexpr auto fieldKeys = [] {
+    std::array<std::string_view, fields.size()> keys;
+    std::transform(fields.begin(), fields.end(), keys.begin(), [](const Field& field) { return field.key; });
+    return keys;
+}();
+
+/// Reads one field; false when its key stands in the file with a type that is not the field's.
+bool readField(const UserDefaults& defaults, const Field& field, PreferenceValues& preferences) {
+    const std::string key(field.key);
+    const auto value = defaults.value(key);
+    if (!value) return !defaults.holds(key);
+    return std::visit([&](auto member) { return take(*value, preferences.*member); }, field.member);
+}
+
+}  // namespace
+
+std::string_view rawValue(MenuBarMetric metric) {
+    return row(metric).rawValue;
+}
+
+std::optional<MenuBarMetric> menuBarMetric(std::string_view rawValue) {
+    for (const MetricRow& candidate : metricRows) {
+        if (candidate.rawValue == rawValue) return candidate.metric;
+    }
+    return std::nullopt;
+}
+
+std::string title(MenuBarMetric metric) {
+    return Text::localized(row(metric).title);
+}
+
+std::string_view symbol(MenuBarMetric metric) {
+    return row(metric).symbol;
+}
+
+PreferenceValues::PreferenceValues() : projectRoots(defaultProjectRoots.begin(), defaultProjectRoots.end()) {}
+
+PreferenceValues PreferenceValues::read(const UserDefaults& defaults) {
+    PreferenceValues preferences;
+    for (const Field& field : fields) readField(defaults, field, preferences);
+    return preferences;
+}
+
+std::vector<std::string> PreferenceValues::unreadableKeys(const UserDefaults& defaults) {
+    std::vector<std::string> unreadable;
+    PreferenceValues ignored;
+    for (const Field& field : fields) {
+        if (!readField(defaults, field, ignored)) unreadable.emplace_back(field.key);
+    }
+    return unreadable;
+}
+
+std::span<const std::string_view> PreferenceValues::keys() {
+    return fieldKeys;
+}
+
+std::optional<Value> PreferenceValues::value(std::string_view key) const {
+    for (const Field& field : fields) {
+        if (field.key != key) continue;
+        return std::visit([this](auto member) { return stored(this->*member); }, field.member);
+    }
+    return std::nullopt;
+}
+
+std::vector<std::filesystem::path> PreferenceValues::projectRootURLs(
+    const std::filesystem::path& home) const {
+    std::vector<std::filesystem::path> existing;
+    for (const std::string& root : projectRoots) {
+        const std::filesystem::path path = Paths::expandingTilde(root, home);
+        if (Files::exists(path)) existing.push_back(path);
+    }
+    return existing;
+}
+
+}  // namespace tavrel

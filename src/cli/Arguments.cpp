@@ -1,7 +1,7 @@
 #include "cli/Arguments.h"
 
-#include "cli/Phrase.h"
 #include "core/Files.h"
+#include "core/Phrase.h"
 
 #include <system_error>
 

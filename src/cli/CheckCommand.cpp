@@ -3,8 +3,8 @@
 #include "cli/Arguments.h"
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
-#include "cli/Phrase.h"
 #include "cli/Session.h"
+#include "core/Phrase.h"
 
 #include <algorithm>
 #include <filesystem>

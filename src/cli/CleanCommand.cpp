@@ -1,3 +1,4 @@
+#include "cleaning/CleanTexts.h"
 #include "cleaning/Cleaner.h"
 #include "cli/AddCommand.h"
 #include "cli/Arguments.h"
@@ -5,11 +6,11 @@
 #include "cli/Finders.h"
 #include "cli/ItemList.h"
 #include "cli/Json.h"
-#include "cli/Phrase.h"
 #include "cli/Selection.h"
 #include "cli/Session.h"
-#include "cli/SystemTools.h"
 #include "core/ByteCount.h"
+#include "core/Phrase.h"
+#include "engine/SystemTools.h"
 #include "platform/FolderAccess.h"
 
 #include <chrono>
@@ -44,28 +45,14 @@ struct CleanOptions {
     }
 };
 
-std::string headline(const CleanReport& report) {
-    const auto count = report.removed.size();
-    std::string text;
-    if (report.dryRun) {
-        text = counted("Preview: {1} would be freed ({0} item)", "Preview: {1} would be freed ({0} items)",
-                       count, byteCount(report.freed));
-    } else if (report.trashed < 1) {
-        text = counted("Freed {1} · {0} item removed", "Freed {1} · {0} items removed", count,
-                       byteCount(report.freed));
-    } else {
-        text = phrase("Freed {} · {} in the Trash", byteCount(report.freed - report.trashed),
-                      byteCount(report.trashed));
-    }
-    if (!report.skipped.empty()) text += phrase(" · {} skipped", report.skipped.size());
-    return text;
-}
-
 /// One clean from the scan to the report.
 class CleanRun {
   public:
     CleanRun(const CleanOptions& options, Session session, Console& console)
-        : options_(options), session_(std::move(session)), console_(console), tools_(session_.profile()) {}
+        : options_(options),
+          session_(std::move(session)),
+          console_(console),
+          tools_(session_.profile(), PosixShell::Terminal::shared) {}
 
     int run();
 
@@ -73,7 +60,7 @@ class CleanRun {
     [[nodiscard]] bool isPreview() const { return options_.dryRun || session_.preferences().dryRun; }
     [[nodiscard]] Items choose();
     [[nodiscard]] bool agreed(const Items& chosen);
-    [[nodiscard]] CleanReport remove(const Items& chosen, const SafetyGuard& guard, bool preview);
+    [[nodiscard]] CleanReport remove(const Items& chosen, const Finder& finder, bool preview);
     void print(const CleanReport& report);
     void printNothing();
 
@@ -105,7 +92,7 @@ int CleanRun::run() {
     // The scan and the question took their time: what is barred now counts.
     session_.refresh();
     if (auto unknown = session_.protectionUnknown(); unknown && !preview) return console_.fail(*unknown);
-    const CleanReport report = remove(chosen, finder.guard(), preview || isPreview());
+    const CleanReport report = remove(chosen, finder, preview || isPreview());
     if (!report.skipped.empty()) status_ = ExitStatus::undone;
     if (console_.json()) {
         console_.document(Json::report(report));
@@ -134,7 +121,7 @@ bool CleanRun::agreed(const Items& chosen) {
                                     byteCount(Selection::size(chosen))));
 }
 
-CleanReport CleanRun::remove(const Items& chosen, const SafetyGuard& guard, bool preview) {
+CleanReport CleanRun::remove(const Items& chosen, const Finder& finder, bool preview) {
     const Cleaner cleaner({
         .access = systemFolderAccess(),
         .trash = tools_.trash(),
@@ -151,8 +138,7 @@ CleanReport CleanRun::remove(const Items& chosen, const SafetyGuard& guard, bool
     const auto progress = [&](double fraction) {
         console_.progress(phrase("Removing… {:.0f} %", fraction * percent));
     };
-    CleanReport report =
-        cleaner.clean(chosen, Finder::action(options_.finder.mode), guard, options, progress);
+    CleanReport report = cleaner.clean(chosen, finder.action(), finder.guard(), options, progress);
     console_.endProgress();
     return report;
 }
@@ -168,7 +154,7 @@ void CleanRun::print(const CleanReport& report) {
     if (report.removed.empty() && report.skipped.empty()) return printNothing();
     const auto& home = session_.places().home();
     if (report.dryRun) ItemList::print(console_, report.removed, home, [](const CleanItem&) { return true; });
-    console_.line(console_.styled(Console::Style::strong, headline(report)));
+    console_.line(console_.styled(Console::Style::strong, CleanTexts::banner(report)));
     for (const auto& [item, reason] : report.skipped) {
         console_.line("  " + ItemList::shown(item.url, home));
         console_.line("    " + console_.styled(Console::Style::caution, Text::shown(reason)));

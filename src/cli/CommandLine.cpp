@@ -1,7 +1,7 @@
 #include "cli/CommandLine.h"
 
 #include "cli/ExitStatus.h"
-#include "cli/Phrase.h"
+#include "core/Phrase.h"
 
 #include <algorithm>
 #include <string>

@@ -1,7 +1,7 @@
 #include "cli/Console.h"
 
 #include "cli/ExitStatus.h"
-#include "cli/Phrase.h"
+#include "core/Phrase.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 #include "cli/Arguments.h"
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
-#include "cli/Phrase.h"
 #include "core/ByteCount.h"
+#include "core/Phrase.h"
 #include "disk/DiskIndex.h"
 #include "disk/FileSizer.h"
 

@@ -1,13 +1,10 @@
 #include "cli/Finders.h"
 
-#include "cleaning/InstallerFinder.h"
 #include "cleaning/JunkScanner.h"
 #include "cleaning/ProjectPurger.h"
-#include "cleaning/SpecialScanners.h"
 #include "cli/Arguments.h"
 #include "cli/ExitStatus.h"
-#include "cli/Phrase.h"
-#include "core/Permissions.h"
+#include "core/Phrase.h"
 
 #include <algorithm>
 #include <chrono>
@@ -26,10 +23,6 @@ using Path = std::filesystem::path;
 using Text::localized;
 
 constexpr int longestAge = 36500;  // days; dates further back are no dates of files
-constexpr int recentInstallerDays = 7;
-
-/// The name that the windowed program's own caches bear: nobody is offered those.
-constexpr const char* ownIdentifier = "com.quennith.tavrel";
 
 Instant now() {
     return std::chrono::system_clock::now();
@@ -81,25 +74,21 @@ void FinderOptions::addTo(CLI::App& command) {
         ->check(refuseUnnamedProgram);
 }
 
-std::string Finder::action(std::string_view mode) {
-    if (mode == "system") return "clean";
-    if (mode == "projects") return "purge";
-    return std::string(mode);
-}
+Finder::Finder(const Session& session, const SystemTools& tools, const FinderOptions& options)
+    : session_(session),
+      tools_(tools),
+      options_(options),
+      finders_(session.profile(), tools),
+      mode_(CleanModes::fromRawValue(options.mode).value_or(CleanMode::system)) {}
 
 SafetyGuard Finder::guard() const {
-    if (options_.mode == "system") return session_.guard(session_.profile().scan.volumeTrashes);
-    if (options_.mode == "installers") return session_.guard({session_.places().applications()});
-    return session_.guard({});
+    return finders_.guard(mode_, session_.preferences());
 }
 
 Finder::Found Finder::find(Console& console) const {
     Found found{.status = missingRoots(console)};
     console.progress(localized("Scanning…"));
-    if (options_.mode == "system") found.items = junk(console);
-    if (options_.mode == "ai") found.items = ai();
-    if (options_.mode == "projects") found.items = projects();
-    if (options_.mode == "installers") found.items = installers();
+    found.items = itemsOfMode(console);
     console.endProgress();
 
     if (!options_.categories.empty()) {
@@ -109,56 +98,44 @@ Finder::Found Finder::find(Console& console) const {
     return found;
 }
 
+Finder::Items Finder::itemsOfMode(Console& console) const {
+    switch (mode_) {
+        case CleanMode::system:
+            return junk(console);
+        case CleanMode::ai:
+            return finders_.ai(options_.sessionAgeDays, guard(), now());
+        case CleanMode::projects:
+            return projects();
+        case CleanMode::installers:
+            return finders_.installers(guard(), now());
+    }
+    return {};
+}
+
 Finder::Items Finder::junk(Console& console) const {
-    const Profile& profile = session_.profile();
-    auto running = tools_.running();
+    RunningApplications running = tools_.running();
     for (const std::string& program : options_.running) {
         const auto equals = program.find('=');
         running.bundleIDs.insert(program.substr(0, equals));
         running.names.insert(program.substr(equals + 1));
     }
-    const JunkScanner::Context context = {
-        .root = profile.places.root(),
-        .home = profile.places.home(),
-        .safety = guard(),
-        .runningBundleIDs = std::move(running.bundleIDs),
-        .runningNames = std::move(running.names),
-        .ownBundleID = ownIdentifier,
-        .hasFullDiskAccess =
-            Permissions::hasFullDiskAccess(profile.places.home(), profile.fullDiskAccessProbes),
-        .now = now(),
-    };
     std::set<CleanCategory> categories = JunkScanner::systemCategories();
     if (!options_.categories.empty()) {
         const auto wanted = asked(options_.categories);
         std::erase_if(categories, [&](CleanCategory category) { return !wanted.contains(category); });
     }
-    return JunkScanner(profile.scan, tools_.shell(), tools_.names())
-        .scan(categories, context, [&](CleanCategory category) {
-            console.progress(phrase("Scanning… {}", CleanCategories::title(category)));
-        });
-}
-
-Finder::Items Finder::ai() const {
-    return SpecialScanners::ai(session_.places().home(), guard(), options_.sessionAgeDays, now());
+    return finders_.junk(categories, std::move(running), guard(), now(), [&](CleanCategory category) {
+        console.progress(phrase("Scanning… {}", CleanCategories::title(category)));
+    });
 }
 
 Finder::Items Finder::projects() const {
     const auto preferred = static_cast<int>(session_.preferences().staleProjectDays);
-    return ProjectPurger::scan(projectRoots(), options_.staleDays.value_or(preferred), guard(), now());
-}
-
-std::vector<Path> Finder::projectRoots() const {
     std::vector<Path> roots;
     roots.reserve(options_.projectRoots.size());
     for (const std::string& root : options_.projectRoots) roots.push_back(Arguments::workingFolder() / root);
-    if (roots.empty()) {
-        const Path& home = session_.places().home();
-        roots = session_.preferences().projectRootURLs(home);
-        const auto discovered = ProjectPurger::discoveredRoots(home);
-        roots.insert(roots.end(), discovered.begin(), discovered.end());
-    }
-    return ProjectPurger::mergedRoots(roots);
+    roots = roots.empty() ? finders_.projectRoots(session_.preferences()) : ProjectPurger::mergedRoots(roots);
+    return Finders::projects(roots, options_.staleDays.value_or(preferred), guard(), now());
 }
 
 int Finder::missingRoots(Console& console) const {
@@ -167,13 +144,6 @@ int Finder::missingRoots(Console& console) const {
         if (!Arguments::exists(root, console)) status = ExitStatus::undone;
     }
     return status;
-}
-
-Finder::Items Finder::installers() const {
-    const Places& places = session_.places();
-    return InstallerFinder::scan(session_.profile().installers,
-                                 {places.downloads(), places.desktop(), places.documents()}, guard(),
-                                 recentInstallerDays, now());
 }
 
 }  // namespace tavrel::cli

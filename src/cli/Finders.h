@@ -3,12 +3,12 @@
 #include "cleaning/CleanItem.h"
 #include "cli/Console.h"
 #include "cli/Session.h"
-#include "cli/SystemTools.h"
+#include "engine/Finders.h"
+#include "engine/SystemTools.h"
 
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace CLI {
@@ -33,8 +33,7 @@ struct FinderOptions {
 /// The finder of one mode: what it finds, and what the guard admits besides the home when that is removed.
 class Finder {
   public:
-    Finder(const Session& session, SystemTools& tools, const FinderOptions& options)
-        : session_(session), tools_(tools), options_(options) {}
+    Finder(const Session& session, const SystemTools& tools, const FinderOptions& options);
 
     struct Found {
         std::vector<CleanItem> items;  // in the order of the mode
@@ -47,21 +46,21 @@ class Finder {
     [[nodiscard]] SafetyGuard guard() const;
 
     /// The word for the mode in the history.
-    [[nodiscard]] static std::string action(std::string_view mode);
+    [[nodiscard]] std::string action() const { return std::string(CleanModes::action(mode_)); }
 
   private:
     using Items = std::vector<CleanItem>;
 
     [[nodiscard]] Items junk(Console& console) const;
-    [[nodiscard]] Items ai() const;
     [[nodiscard]] Items projects() const;
-    [[nodiscard]] Items installers() const;
-    [[nodiscard]] std::vector<std::filesystem::path> projectRoots() const;
+    [[nodiscard]] Items itemsOfMode(Console& console) const;
     [[nodiscard]] int missingRoots(Console& console) const;
 
     const Session& session_;
-    SystemTools& tools_;
+    const SystemTools& tools_;
     const FinderOptions& options_;
+    Finders finders_;
+    CleanMode mode_;
 };
 
 }  // namespace tavrel::cli

@@ -2,10 +2,10 @@
 #include "cli/AddCommand.h"
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
-#include "cli/Phrase.h"
 #include "cli/Session.h"
 #include "core/ByteCount.h"
 #include "core/Files.h"
+#include "core/Phrase.h"
 
 #include <chrono>
 #include <string>

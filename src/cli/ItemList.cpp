@@ -1,9 +1,9 @@
 #include "cli/ItemList.h"
 
-#include "cli/Phrase.h"
 #include "cli/Selection.h"
 #include "core/ByteCount.h"
 #include "core/Paths.h"
+#include "core/Phrase.h"
 
 #include <algorithm>
 #include <string>

@@ -1,7 +1,7 @@
 #include "cli/PreferenceText.h"
 
 #include "cli/Json.h"
-#include "cli/Phrase.h"
+#include "core/Phrase.h"
 #include "core/PreferenceValues.h"
 
 #include <algorithm>

@@ -2,11 +2,11 @@
 #include "cli/Finders.h"
 #include "cli/ItemList.h"
 #include "cli/Json.h"
-#include "cli/Phrase.h"
 #include "cli/Selection.h"
 #include "cli/Session.h"
-#include "cli/SystemTools.h"
 #include "core/ByteCount.h"
+#include "core/Phrase.h"
+#include "engine/SystemTools.h"
 
 #include <set>
 

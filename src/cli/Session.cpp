@@ -1,6 +1,6 @@
 #include "cli/Session.h"
 
-#include "cli/Phrase.h"
+#include "core/Phrase.h"
 
 #include <algorithm>
 #include <cstdlib>

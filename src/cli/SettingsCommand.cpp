@@ -1,10 +1,10 @@
 #include "cli/AddCommand.h"
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
-#include "cli/Phrase.h"
 #include "cli/PreferenceText.h"
 #include "cli/Session.h"
 #include "core/Files.h"
+#include "core/Phrase.h"
 
 #include <algorithm>
 #include <optional>

@@ -3,7 +3,9 @@
 #include "core/Paths.h"
 #include "core/Text.h"
 
+#include <QFile>
 #include <algorithm>
+#include <system_error>
 #include <utility>
 
 namespace tavrel {
@@ -92,6 +94,16 @@ void Preferences::addFolders(PathList list, const std::vector<Path>& folders) {
         if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
     }
     if (texts.size() != before) changed(field(list).key, field(list).signal);
+}
+
+void Preferences::addFolders(PathList list, const QList<QUrl>& folders) {
+    std::vector<Path> paths;
+    for (const QUrl& folder : folders) {
+        const Path path = QFile::encodeName(folder.toLocalFile()).toStdString();
+        std::error_code ignored;
+        if (std::filesystem::is_directory(path, ignored)) paths.push_back(path);
+    }
+    addFolders(list, paths);
 }
 
 void Preferences::removeFolder(PathList list, int index) {

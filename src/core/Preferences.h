@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QStringList>
+#include <QUrl>
 #include <filesystem>
 #include <vector>
 
@@ -60,6 +61,7 @@ class Preferences final : public QObject {
 
     /// Appends each folder that the list does not hold yet.
     void addFolders(PathList list, const std::vector<Path>& folders);
+    Q_INVOKABLE void addFolders(tavrel::Preferences::PathList list, const QList<QUrl>& folders);
     /// Takes out the entry at `index`; nothing happens when there is none.
     Q_INVOKABLE void removeFolder(tavrel::Preferences::PathList list, int index);
 

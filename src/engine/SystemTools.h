@@ -11,15 +11,16 @@
 #include <memory>
 #include <vector>
 
-namespace tavrel::cli {
+namespace tavrel {
 
 /// What stands in for the operating system in one run. On a disk that is only examined no tool of this
 /// machine is asked and none of its programs counts as running; root still removes what is chosen there.
 class SystemTools {
   public:
-    explicit SystemTools(const Profile& profile);
+    /// `prompting` says where the question for a password may be asked besides the desktop's own dialog.
+    explicit SystemTools(const Profile& profile, PosixShell::Terminal prompting = PosixShell::Terminal::none);
 
-    [[nodiscard]] Shell& shell() { return *shell_; }
+    [[nodiscard]] Shell& shell() const { return *shell_; }
     [[nodiscard]] Administrator& administrator() { return *administrator_; }
     [[nodiscard]] Trash& trash() { return *trash_; }
     [[nodiscard]] const ApplicationNames& names() const { return *names_; }
@@ -29,10 +30,10 @@ class SystemTools {
     bool isRunningSystem_;
     std::vector<std::filesystem::path> applicationFolders_;
     std::unique_ptr<Shell> shell_;
-    PosixShell prompting_{PosixShell::Terminal::shared};
+    PosixShell prompting_;
     std::unique_ptr<Administrator> administrator_;
     std::unique_ptr<Trash> trash_;
     std::unique_ptr<ApplicationNames> names_;
 };
 
-}  // namespace tavrel::cli
+}  // namespace tavrel

@@ -1,4 +1,4 @@
-#include "cli/SystemTools.h"
+#include "engine/SystemTools.h"
 
 #include "cleaning/FlatTrash.h"
 #include "cleaning/FreedesktopTrash.h"
@@ -12,7 +12,7 @@
 
 #include <unistd.h>
 
-namespace tavrel::cli {
+namespace tavrel {
 
 namespace {
 
@@ -58,10 +58,11 @@ std::unique_ptr<ApplicationNames> namesFor(const Profile& profile, const std::ve
 
 }  // namespace
 
-SystemTools::SystemTools(const Profile& profile)
+SystemTools::SystemTools(const Profile& profile, PosixShell::Terminal prompting)
     : isRunningSystem_(profile.places.isRunningSystem()),
       applicationFolders_(desktopEntries(profile.places)),
       shell_(shellFor(profile.places)),
+      prompting_(prompting),
       administrator_(administratorFor(prompting_)),
       trash_(trashFor(profile)),
       names_(namesFor(profile, applicationFolders_)) {}
@@ -71,4 +72,4 @@ RunningApplications SystemTools::running() const {
     return runningApplications("/proc", applicationFolders_);
 }
 
-}  // namespace tavrel::cli
+}  // namespace tavrel

@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 
 /// Sentences with figures in them, in the user's language. "{}" stands for each figure in turn.
-namespace tavrel::cli {
+namespace tavrel {
 
 template <typename... Figures>
 [[nodiscard]] std::string phrase(const char* english, const Figures&... figures) {
@@ -21,4 +21,4 @@ template <typename... Figures>
     return fmt::format(fmt::runtime(Text::localized(one, many, count)), count, figures...);
 }
 
-}  // namespace tavrel::cli
+}  // namespace tavrel

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tavrel {
+
+/// The four lists of the Clean tab, in the order of their sub-tabs. The raw value is the case's own name.
+enum class CleanMode { system, ai, projects, installers };
+
+namespace CleanModes {
+
+inline constexpr std::array allCases = {CleanMode::system, CleanMode::ai, CleanMode::projects,
+                                        CleanMode::installers};
+
+[[nodiscard]] std::string_view rawValue(CleanMode mode);
+[[nodiscard]] std::optional<CleanMode> fromRawValue(std::string_view text);
+[[nodiscard]] std::string title(CleanMode mode);
+/// The word for the mode in the history.
+[[nodiscard]] std::string_view action(CleanMode mode);
+
+}  // namespace CleanModes
+}  // namespace tavrel

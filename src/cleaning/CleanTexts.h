@@ -1,0 +1,34 @@
+#pragma once
+
+#include "cleaning/CleanPhase.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+/// What a clean says of itself, in the user's language: the one wording of window and command line.
+namespace tavrel::CleanTexts {
+
+/// What a list holds, as far as its headline tells.
+struct Figures {
+    std::size_t items = 0;
+    std::size_t categories = 0;
+    std::int64_t total = 0;                 // bytes of all items
+    std::int64_t selected = 0;              // bytes of the chosen ones
+    std::optional<std::int64_t> remaining;  // bytes still to fall, while something falls
+};
+
+/// Title and subtitle of a screen before its first scan.
+struct Idle {
+    std::string title;
+    std::string subtitle;
+};
+
+[[nodiscard]] std::string heroTitle(const CleanPhase& phase, const Figures& figures, const Idle& idle);
+[[nodiscard]] std::string heroSubtitle(const CleanPhase& phase, const Figures& figures, const Idle& idle);
+
+/// One line on what a clean did or, in a preview, would have done.
+[[nodiscard]] std::string banner(const CleanReport& report);
+
+}  // namespace tavrel::CleanTexts

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace tavrel {
+
+/// The five tabs, in the order they are shown. The raw value is the case's own name.
+enum class AppTab { clean, apps, optimize, analyze, status };
+
+inline constexpr std::array allAppTabs = {AppTab::clean, AppTab::apps, AppTab::optimize, AppTab::analyze,
+                                          AppTab::status};
+
+[[nodiscard]] std::string_view rawValue(AppTab tab);
+[[nodiscard]] std::string title(AppTab tab);
+
+/// The sub-tabs of the Apps tab, in their order.
+enum class AppsMode { uninstall, updates, startup };
+
+}  // namespace tavrel

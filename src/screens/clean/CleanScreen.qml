@@ -1,0 +1,104 @@
+import QtQuick
+import Tavrel.Controls
+import Tavrel.Models
+
+// Scan, review, clean and report of one list.
+FocusScope {
+    id: screen
+
+    required property AppState app
+    required property CleanListModel model
+    required property string idleTitle
+    required property string idleSubtitle
+    required property string reviewTitle
+    required property string actionTitle
+    property color glow: Theme.glows[0]
+    readonly property bool rests: model.stage === CleanListModel.Ready || model.stage === CleanListModel.Done
+
+    CleanHero {
+        id: hero
+
+        model: screen.model
+        idleTitle: screen.idleTitle
+        idleSubtitle: screen.idleSubtitle
+    }
+
+    Connections {
+        target: screen.model
+
+        function onPhaseChanged(): void {
+            if (screen.model.stage !== CleanListModel.Done) return
+            hero.resealed = false
+            reseal.restart()
+        }
+    }
+    Timer {
+        id: reseal
+
+        interval: Theme.resealDelay
+        onTriggered: hero.resealed = true
+    }
+
+    Column {
+        id: middle
+
+        anchors.centerIn: parent
+        width: parent.width - 2 * Theme.margin
+        spacing: Theme.gapLarge
+
+        BlackHoleDisc {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.max(180, Math.min(420, screen.height - 210))
+            height: width
+            glow: screen.glow
+            spinning: screen.model.working
+            open: hero.irisOpening
+            suction: screen.model.stage === CleanListModel.Cleaning
+            growth: screen.model.feed ? screen.model.feed.swallowed : 0
+        }
+        HeroText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: parent.width
+            title: hero.title
+            subtitle: hero.subtitle
+        }
+        Row {
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: 12
+            height: 36
+
+            PillButton {
+                text: qsTr("Scan")
+                visible: screen.model.stage === CleanListModel.Idle
+                focus: visible
+                onClicked: screen.model.scan()
+            }
+            PillButton {
+                text: qsTr("Review results")
+                visible: screen.rests && screen.model.itemCount > 0
+                onClicked: screen.model.reviewing = true
+            }
+            PillButton {
+                text: qsTr("Scan again")
+                kind: PillButton.Kind.Secondary
+                visible: screen.rests
+                onClicked: screen.model.scan()
+            }
+            EmptyTrashButton {
+                emptier: screen.app.trashEmptier
+                visible: screen.model.trashedSome && !screen.model.preview
+            }
+        }
+    }
+
+    ReviewPanel {
+        anchors.fill: parent
+        app: screen.app
+        model: screen.model
+        title: screen.reviewTitle
+        actionTitle: screen.actionTitle
+        subtitle: hero.subtitle
+        open: screen.model.reviewing
+        onClosed: screen.model.reviewing = false
+    }
+}

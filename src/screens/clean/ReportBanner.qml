@@ -1,0 +1,29 @@
+import QtQuick
+import Tavrel.Controls
+import Tavrel.Models
+
+// What the last clean did.
+Rectangle {
+    id: banner
+
+    required property CleanListModel model
+    readonly property color tone: model.preview ? Theme.review : Theme.good
+
+    visible: model.stage === CleanListModel.Done
+    implicitHeight: 40
+    height: implicitHeight
+    radius: Theme.radius
+    color: Theme.faded(tone, 0.1)
+    border.width: 1
+    border.color: Theme.faded(tone, 0.25)
+
+    Label {
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.margins: 16
+        text: banner.model.reportText
+        color: banner.tone
+        font.weight: Font.Medium
+    }
+}

@@ -1,0 +1,54 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tavrel.Controls
+import Tavrel.Models
+
+// The categories as cards, with their items below those that are opened. Arrow keys walk the rows, the space
+// bar ticks, left and right close and open.
+ListView {
+    id: list
+
+    required property AppState app
+    required property CleanListModel source
+
+    clip: true
+    boundsBehavior: Flickable.StopAtBounds
+    keyNavigationEnabled: true
+    highlightMoveDuration: 0
+    reuseItems: true
+    activeFocusOnTab: true
+    cacheBuffer: 200
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Found items")
+    onMovingChanged: app.motion.scrolling = moving
+
+    Keys.onSpacePressed: rows.toggle(currentIndex)
+    Keys.onReturnPressed: rows.toggleExpanded(currentIndex)
+    Keys.onRightPressed: if (currentItem && !(currentItem as ReviewRow).expanded) rows.toggleExpanded(currentIndex)
+    Keys.onLeftPressed: if (currentItem && (currentItem as ReviewRow).expanded) rows.toggleExpanded(currentIndex)
+
+    model: ReviewRows {
+        id: rows
+
+        source: list.source
+    }
+    header: Item {
+        width: list.width
+        height: list.source.stage === CleanListModel.Done ? banner.height + Theme.gap : 0
+
+        ReportBanner {
+            id: banner
+
+            width: parent.width
+            model: list.source
+        }
+    }
+    delegate: ReviewRow {
+        width: list.width
+        focusShown: list.activeFocus && ListView.isCurrentItem
+        onToggled: rows.toggle(index)
+        onExpansionToggled: rows.toggleExpanded(index)
+        path: isHead ? "" : rows.path(index)
+    }
+    T.ScrollBar.vertical: SlimScrollBar {}
+}

@@ -1,0 +1,65 @@
+import QtQuick
+import Tavrel.Controls
+
+// One row of the review: the head of a card, or an item on it. The cards are drawn by their rows, so that a
+// card of ten thousand items costs only what is in sight.
+Item {
+    id: row
+
+    required property int index
+    required property bool isHead
+    required property string title
+    required property string summary
+    required property var mark
+    required property bool isLast
+    required property bool expanded
+    required property string size
+    required property var symbol
+    required property var countText
+    required property var selectedText
+    required property var review
+    required property var permanent
+    required property var admin
+    property string path
+    property bool focusShown: false
+
+    signal toggled
+    signal expansionToggled
+
+    implicitHeight: (isHead ? 58 : 44) + (isLast ? Theme.gap : 0)
+    Accessible.role: Accessible.ListItem
+    Accessible.name: title
+    Accessible.description: summary
+
+    Item {
+        anchors.fill: parent
+        anchors.bottomMargin: row.isLast ? Theme.gap : 0
+        clip: true
+
+        Card { // reaches past the edges where the card goes on
+            anchors.fill: parent
+            anchors.topMargin: row.isHead ? 0 : -Theme.radius
+            anchors.bottomMargin: row.isLast ? 0 : -Theme.radius
+        }
+        Loader {
+            anchors.fill: parent
+            sourceComponent: row.isHead ? card : item
+        }
+        FocusRing {
+            shown: row.focusShown
+            gap: -2
+            radius: Theme.radius - 2
+        }
+    }
+
+    Component {
+        id: card
+
+        CategoryCard { row: row }
+    }
+    Component {
+        id: item
+
+        ItemRow { row: row }
+    }
+}

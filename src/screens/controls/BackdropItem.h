@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QColor>
+#include <QQuickItem>
+#include <qqmlregistration.h>
+
+namespace tavrel {
+
+/// Two gradients behind a screen: from top to bottom, and a glow at the upper right. Painted once for a size
+/// and then only copied, since every frame of what moves above it lays it out again.
+class BackdropItem final : public QQuickItem {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(Backdrop)
+    Q_PROPERTY(QColor top MEMBER top_ WRITE setTop)
+    Q_PROPERTY(QColor bottom MEMBER bottom_ WRITE setBottom)
+    Q_PROPERTY(QColor glow MEMBER glow_ WRITE setGlow)
+
+  public:
+    explicit BackdropItem(QQuickItem* parent = nullptr);
+
+    void setTop(const QColor& colour) { assign(top_, colour); }
+    void setBottom(const QColor& colour) { assign(bottom_, colour); }
+    void setGlow(const QColor& colour) { assign(glow_, colour); }
+
+  protected:
+    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
+    void geometryChange(const QRectF& now, const QRectF& before) override;
+
+  private:
+    void assign(QColor& member, const QColor& colour);
+    [[nodiscard]] QImage painted(const QSize& pixels) const;
+
+    QColor top_;
+    QColor bottom_;
+    QColor glow_;
+    bool stale_ = true;
+};
+
+}  // namespace tavrel

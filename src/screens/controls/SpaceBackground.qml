@@ -1,0 +1,22 @@
+import QtQuick
+
+// The sky behind every screen, in the colours of a tab.
+Item {
+    id: background
+
+    required property int tab
+    property bool animated: true
+    property bool paused: false
+
+    Backdrop {
+        anchors.fill: parent
+        top: Theme.tintTops[background.tab]
+        bottom: Theme.tintBottoms[background.tab]
+        glow: Theme.faded(Theme.glows[background.tab], background.animated ? 0.16 : 0.08)
+    }
+    Starfield {
+        anchors.fill: parent
+        live: background.animated && !Theme.reduceMotion
+        paused: background.paused
+    }
+}

@@ -1,0 +1,105 @@
+#include "screens/controls/StarfieldItem.h"
+
+#include "presentation/PacedSchedule.h"
+#include "presentation/ShootingStar.h"
+#include "presentation/Stars.h"
+#include "screens/controls/StarNodes.h"
+
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+namespace tavrel {
+
+namespace {
+
+constexpr double starRate = 12;  // pictures a second
+constexpr Starfield stillSky = {.count = 120, .seed = 0x5DEECE66D};
+
+double timeNow() {
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+}  // namespace
+
+StarfieldItem::StarfieldItem(QQuickItem* parent) : QQuickItem(parent), time_(timeNow()) {
+    setFlag(ItemHasContents);
+    timer_.setSingleShot(true);
+    timer_.setTimerType(Qt::PreciseTimer);
+    connect(&timer_, &QTimer::timeout, this, [this] { drawAt(timeNow()); });
+}
+
+void StarfieldItem::setLive(bool live) {
+    if (live_ == live) return;
+    live_ = live;
+    Q_EMIT liveChanged();
+    drawAt(timeNow());
+}
+
+void StarfieldItem::setPaused(bool paused) {
+    if (paused_ == paused) return;
+    paused_ = paused;
+    Q_EMIT pausedChanged();
+    reschedule();
+}
+
+void StarfieldItem::geometryChange(const QRectF& now, const QRectF& before) {
+    QQuickItem::geometryChange(now, before);
+    update();
+}
+
+void StarfieldItem::itemChange(ItemChange change, const ItemChangeData& data) {
+    QQuickItem::itemChange(change, data);
+    if (change == ItemVisibleHasChanged || change == ItemSceneChange) reschedule();
+}
+
+void StarfieldItem::drawAt(double time) {
+    time_ = time;
+    update();
+    reschedule();
+}
+
+void StarfieldItem::reschedule() {
+    const PacedSchedule schedule = {
+        .fps = starRate,
+        .isPaused = paused_ || !live_ || !isVisible() || window() == nullptr,
+        .shootingStars = true,
+    };
+    const double now = timeNow();
+    const auto next = schedule.next(now);
+    if (!next) return timer_.stop();
+    timer_.start(std::chrono::milliseconds(static_cast<int>(std::ceil((*next - now) * 1000))));
+}
+
+std::vector<DrawnStar> StarfieldItem::starsNow() const {
+    std::vector<DrawnStar> drawn;
+    if (live_) {
+        const auto stars = LiveStarfield::stars();
+        drawn.reserve(stars.size());
+        for (const Star& star : stars) {
+            drawn.push_back(LiveStarfield::drawn(star, {width(), height()}, time_));
+        }
+    } else {
+        drawn.reserve(stillSky.count);
+        for (const Star& star : stillSky.stars()) {
+            drawn.push_back({star.x * width(), star.y * height(), star.r, star.alpha});
+        }
+    }
+    return drawn;
+}
+
+QSGNode* StarfieldItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
+    if (width() < 1 || height() < 1) {
+        delete old;
+        return nullptr;
+    }
+    const auto streak = live_ ? shootingStar({width(), height()}, time_) : std::nullopt;
+    if (window()->rendererInterface()->graphicsApi() == QSGRendererInterface::Software) {
+        return StarNodes::rectangles(old, *window(), starsNow(), streak);
+    }
+    return StarNodes::geometry(old, starsNow(), streak);
+}
+
+}  // namespace tavrel

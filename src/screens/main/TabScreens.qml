@@ -1,0 +1,25 @@
+import QtQuick
+import Tavrel.Models
+import Tavrel.Settings
+
+// What stands in the content area, by its identity.
+QtObject {
+    id: screens
+
+    required property AppState app
+
+    function component(identity: string): Component {
+        if (identity === "settings") return settings
+        return identity === "0" ? clean : later
+    }
+
+    readonly property Component settings: Component {
+        SettingsView { app: screens.app }
+    }
+    readonly property Component clean: Component {
+        CleanTab { app: screens.app }
+    }
+    readonly property Component later: Component {
+        EmptyTab { tab: screens.app.tab }
+    }
+}

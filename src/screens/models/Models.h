@@ -1,0 +1,60 @@
+#pragma once
+
+#include "cleaning/ReviewRows.h"
+#include "core/AppState.h"
+#include "core/MenuBarMetrics.h"
+
+#include <qqmlregistration.h>
+
+/// The models by the names that screens know them by. Models know nothing of screens.
+namespace tavrel::models {
+
+#define TAVREL_FOREIGN(Type)  \
+    Q_GADGET                  \
+    QML_FOREIGN(tavrel::Type) \
+    QML_NAMED_ELEMENT(Type)
+
+struct ForeignAppState {
+    TAVREL_FOREIGN(AppState)
+    QML_UNCREATABLE("handed to the root")
+};
+struct ForeignCleanListModel {
+    TAVREL_FOREIGN(CleanListModel)
+    QML_UNCREATABLE("owned by the state")
+};
+struct ForeignHistoryModel {
+    TAVREL_FOREIGN(HistoryModel)
+    QML_UNCREATABLE("owned by the state")
+};
+struct ForeignLoginItem {
+    TAVREL_FOREIGN(LoginItem)
+    QML_UNCREATABLE("owned by the state")
+};
+struct ForeignMenuBarMetrics {
+    TAVREL_FOREIGN(MenuBarMetrics)
+};
+struct ForeignMotionPause {
+    TAVREL_FOREIGN(MotionPause)
+    QML_UNCREATABLE("owned by the program")
+};
+struct ForeignPreferences {
+    TAVREL_FOREIGN(Preferences)
+    QML_UNCREATABLE("owned by the program")
+};
+struct ForeignReviewRows {
+    TAVREL_FOREIGN(ReviewRows)
+};
+struct ForeignShockwave {
+    TAVREL_FOREIGN(Shockwave)
+    QML_UNCREATABLE("owned by the program")
+};
+struct ForeignSwallowFeed {
+    TAVREL_FOREIGN(SwallowFeed)
+    QML_UNCREATABLE("made by a clean")
+};
+struct ForeignTrashEmptier {
+    TAVREL_FOREIGN(TrashEmptier)
+    QML_UNCREATABLE("owned by the state")
+};
+
+}  // namespace tavrel::models

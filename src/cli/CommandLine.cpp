@@ -53,6 +53,7 @@ void addCommands(CLI::App& app, Command& chosen) {
     Commands::addLarge(app, chosen);
     Commands::addHistory(app, chosen);
     Commands::addSettings(app, chosen);
+    Commands::addSound(app, chosen);
 }
 
 /// The library reads "[a,b]" as a list of two, yet a file may be called that. A NUL at its end, which no

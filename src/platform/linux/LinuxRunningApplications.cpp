@@ -2,7 +2,7 @@
 
 #include "core/Files.h"
 #include "core/Text.h"
-#include "platform/linux/DesktopEntry.h"
+#include "platform/linux/DesktopEntries.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -17,11 +17,9 @@ namespace fs = std::filesystem;
 
 /// The kernel keeps this many bytes of the name that a process gives itself (proc(5), "comm").
 constexpr std::size_t keptNameLength = 15;
-/// Entries lie at most a few folders deep; a link that leads back up must not be followed for ever.
-constexpr int maximumDepth = 4;
 
 struct Application {
-    std::string identifier;  // the entry's file name without its suffix, folders joined by "-"
+    std::string identifier;
     std::string name;
     std::string program;  // the name of what the entry starts; may be empty
 };
@@ -44,25 +42,12 @@ std::string programOf(const std::vector<std::string>& command) {
     return {};
 }
 
-void addEntries(const fs::path& folder, const std::string& prefix, int depth,
-                std::vector<Application>& found) {
-    constexpr std::string_view suffix = ".desktop";
-    for (const std::string& name : Files::names(folder, Files::Hidden::skip)) {
-        std::error_code ignored;
-        if (fs::is_directory(folder / name, ignored)) {
-            if (depth < maximumDepth) addEntries(folder / name, prefix + name + "-", depth + 1, found);
-        } else if (name.ends_with(suffix)) {
-            const auto entry = DesktopEntry::read(folder / name);
-            if (!entry) continue;
-            found.push_back({prefix + name.substr(0, name.size() - suffix.size()),
-                             entry->value("Name").value_or(""), programOf(entry->command())});
-        }
-    }
-}
-
 std::vector<Application> installedApplications(const std::vector<fs::path>& folders) {
     std::vector<Application> found;
-    for (const fs::path& folder : folders) addEntries(folder, "", 0, found);
+    for (const InstalledEntry& each : installedEntries(folders)) {
+        found.push_back(
+            {each.identifier, each.entry.value("Name").value_or(""), programOf(each.entry.command())});
+    }
     return found;
 }
 

@@ -1,0 +1,123 @@
+#include "presentation/SwallowFeed.h"
+
+#include "core/CheckedSum.h"
+#include "core/Clock.h"
+#include "presentation/FallTime.h"
+
+#include <QPointer>
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <utility>
+
+namespace tavrel {
+namespace {
+
+constexpr std::int64_t bytesOfPicture = 50'000'000;
+
+std::vector<std::int64_t> sizesOf(const std::vector<CleanItem>& items) {
+    std::vector<std::int64_t> sizes;
+    sizes.reserve(items.size());
+    for (const CleanItem& item : items) sizes.push_back(item.size);
+    return sizes;
+}
+
+template <typename Iterator>
+std::int64_t sum(Iterator first, Iterator end) {
+    return std::accumulate(first, end, std::int64_t{0}, addBytes);
+}
+
+}  // namespace
+
+SwallowFeed::SwallowFeed(const std::vector<CleanItem>& items, OwnIcons ownIcons, FileIcons& icons,
+                         Clock& clock, QObject* parent)
+    : QObject(parent),
+      clock_(clock),
+      sizes_(sizesOf(items)),
+      total_(sum(sizes_.begin(), sizes_.end())),
+      iconFor_(ItemIcons(items, ownIcons, icons)) {
+    remaining_ = total_;
+}
+
+SwallowFeed::SwallowFeed(std::vector<QImage> icons, Clock& clock, QObject* parent)
+    : QObject(parent),
+      clock_(clock),
+      sizes_(icons.size(), bytesOfPicture),
+      total_(sum(sizes_.begin(), sizes_.end())),
+      iconFor_([icons = std::move(icons)](std::size_t first, std::size_t /*end*/) { return icons[first]; }) {}
+
+void SwallowFeed::reached(double fraction) {
+    if (!(fraction > 0)) return;
+    const auto count = static_cast<double>(sizes_.size());
+    const auto items = static_cast<std::int64_t>(std::round(std::min(fraction, 1.0) * count));
+    reached_ = std::max(reached_, items);
+}
+
+QCoro::Task<> SwallowFeed::run(double minimum) {
+    const QPointer<SwallowFeed> self(this);
+    Clock& clock = clock_;
+    const Instant start = clock.now();
+    while (pending() > 0 || !finished()) {
+        double pause = FeedPlan::idleInterval;
+        if (pending() > 0) {
+            const double elapsed = inSeconds(clock.now() - start);
+            releaseWave(FeedPlan::waveCount(pending(), FeedPlan::divisor(work_, minimum, elapsed)));
+            pause = FeedPlan::waveInterval;
+        }
+        co_await clock.sleep(seconds(pause));
+        if (!self) co_return;
+    }
+    const Instant end = lastFallen();
+    if (end > clock.now()) {
+        co_await clock.sleep(end - clock.now());
+        if (!self) co_return;
+    }
+    setRemaining(0);
+}
+
+void SwallowFeed::releaseWave(std::int64_t count) {
+    const auto first = static_cast<std::size_t>(shown_);
+    shown_ += count;
+    const auto end = static_cast<std::size_t>(shown_);
+    const std::int64_t bytes = sum(sizes_.begin() + static_cast<std::ptrdiff_t>(first),
+                                   sizes_.begin() + static_cast<std::ptrdiff_t>(end));
+    const Instant now = clock_.now();
+    events_.push_back({shown_, iconFor_(first, end), bytes, now, FeedPlan::angle(released_)});
+    ++released_;
+
+    const double share = FeedPlan::share(bytes, total_, count, static_cast<std::int64_t>(sizes_.size()));
+    clock_.after(seconds(fallTime(bytes) * FeedPlan::arrival),
+                 [self = QPointer<SwallowFeed>(this), bytes, share] {
+                     if (self) self->land(bytes, share);
+                 });
+    prune(now);
+    Q_EMIT eventsChanged();
+}
+
+void SwallowFeed::prune(Instant now) {
+    std::erase_if(events_, [now](const Event& event) {
+        return event.start + seconds(fallTime(event.bytes) + FeedPlan::lingering) < now;
+    });
+}
+
+void SwallowFeed::land(std::int64_t bytes, double share) {
+    swallowed_ = std::min(swallowed_ + share, 1.0);
+    Q_EMIT swallowedChanged();
+    // A heavy icon may still be on its way when the run ends with a light one; the counter stays on zero
+    // then.
+    setRemaining(std::max<std::int64_t>(remaining_ - bytes, 0));
+}
+
+Instant SwallowFeed::lastFallen() const {
+    if (events_.empty()) return distantPast;
+    const Event& last = events_.back();
+    return last.start + seconds(fallTime(last.bytes));
+}
+
+void SwallowFeed::setRemaining(std::int64_t bytes) {
+    if (remaining_ == bytes) return;
+    remaining_ = bytes;
+    Q_EMIT remainingChanged();
+}
+
+}  // namespace tavrel

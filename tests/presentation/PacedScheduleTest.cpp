@@ -1,0 +1,56 @@
+#include "presentation/PacedSchedule.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+namespace tavrel {
+namespace {
+
+using Mode = PacedSchedule::Mode;
+
+TEST(PacedSchedule, RunsSmoothlyOnlyWhileAShootingStarCrosses) {
+    struct Row {
+        double time;
+        double next;
+        double nextWithoutStars;
+    };
+    constexpr Row rows[] = {
+        {22.5, 676.0 / 30, 271.0 / 12},   // amid the window
+        {23.5, 283.0 / 12, 283.0 / 12},   // after it
+        {22.94, 689.0 / 30, 276.0 / 12},  // its last moment
+        {22.96, 276.0 / 12, 276.0 / 12},  // just past it
+        {32.95, 33.0, 33.0},              // the grid meets the start of the next one
+        {33.0, 991.0 / 30, 397.0 / 12},   // an entry leads to the one after it, not to itself
+        {790'000'003.1, 9'480'000'038.0 / 12, 9'480'000'038.0 / 12},  // no loss in a clock of our days
+    };
+    for (const Row& row : rows) {
+        const PacedSchedule live{12, false, true};
+        const PacedSchedule plain{12, false, false};
+        EXPECT_NEAR(live.next(row.time).value(), row.next, 1e-6) << row.time;
+        EXPECT_NEAR(plain.next(row.time).value(), row.nextWithoutStars, 1e-6) << row.time;
+    }
+}
+
+TEST(PacedSchedule, AlwaysMovesOnAndNeverLeavesAnEntryOut) {
+    for (const double fps : {12.0, 30.0, 60.0}) {
+        const PacedSchedule schedule{fps, false, false};
+        double time = 0.0123;
+        for (int i = 0; i < 50'000; ++i) {
+            const double next = schedule.next(time).value();
+            ASSERT_GT(next, time);
+            ASSERT_LT(next - time, 1.001 / fps) << time;
+            ASSERT_NEAR(next * fps, std::round(next * fps), 1e-6);
+            time = next;
+        }
+    }
+}
+
+TEST(PacedSchedule, EndsWhenNothingIsToMove) {
+    EXPECT_FALSE((PacedSchedule{12, true, true}.next(22.5)));
+    EXPECT_FALSE((PacedSchedule{12, false, true}.next(22.5, Mode::lowFrequency)));
+    EXPECT_FALSE((PacedSchedule{0, false, false}.next(22.5)));
+}
+
+}  // namespace
+}  // namespace tavrel

@@ -1,0 +1,71 @@
+#include "core/Preferences.h"
+#include "platform/QtSoundPlayer.h"
+#include "presentation/Shockwave.h"
+#include "presentation/Sounds.h"
+#include "support/ManualClock.h"
+#include "support/Sandbox.h"
+
+#include <QElapsedTimer>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace tavrel {
+namespace {
+
+using testing::ManualClock;
+using testing::Sandbox;
+
+class Recorder final : public SoundPlayer {
+  public:
+    std::vector<double> durations;  // seconds
+    void play(std::span<const float> samples, int sampleRate) override {
+        durations.push_back(static_cast<double>(samples.size()) / sampleRate);
+    }
+};
+
+TEST(Sounds, TheWaveRunsWithOrWithoutItsSound) {
+    const Sandbox box;
+    UserDefaults defaults(box.path("settings.plist"));
+    Preferences preferences(defaults, box.root());
+    Shockwave wave;
+    Recorder player;
+    ManualClock clock;
+    Sounds sounds(preferences, wave, player, clock);
+    int starts = 0;
+    int strengths = 0;
+    QObject::connect(&wave, &Shockwave::startChanged, [&] { ++starts; });
+    QObject::connect(&wave, &Shockwave::strengthChanged, [&] { ++strengths; });
+    EXPECT_FALSE(wave.start());
+
+    preferences.setSounds(false);
+    sounds.whoomp(0.4);
+    EXPECT_EQ(wave.start(), clock.now());
+    EXPECT_EQ(wave.strength(), 0.4);
+    EXPECT_TRUE(player.durations.empty());
+
+    preferences.setSounds(true);
+    clock.advance(5.0);
+    sounds.whoomp(0.4);
+    EXPECT_EQ(wave.start(), clock.now());
+    EXPECT_EQ(player.durations, std::vector<double>{1.7});
+    EXPECT_EQ(starts, 2);
+    EXPECT_EQ(strengths, 1);
+}
+
+TEST(QtSoundPlayer, NeitherWaitsNorComplainsWhateverTheMachineHas) {
+    const std::vector<float> silence(4'410);
+    ::testing::internal::CaptureStderr();
+    {
+        QtSoundPlayer unused;
+        QtSoundPlayer player;
+        QElapsedTimer timer;
+        timer.start();
+        for (int i = 0; i < 3; ++i) player.play(silence, 44'100);
+        EXPECT_LT(timer.elapsed(), 100);
+    }
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+}  // namespace
+}  // namespace tavrel

@@ -1,0 +1,12 @@
+#include <QByteArray>
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+/// For tests of objects that need an application: windows and icons without a display.
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    ::testing::InitGoogleTest(&argc, argv);
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -148,6 +148,8 @@ TEST_F(QtWindowSystemTest, EndsOnlyWhenNobodyCouldReachIt) {
 TEST_F(QtWindowSystemTest, EndsWithTheWindowWhenThatIsTheOnlyWayIn) {
     launch(Start::byUser);
     reachable = false;
+    EXPECT_FALSE(endsProgram([this] { windows.endIfUnreachable(); })) << "the window is there";
+    windows.tell(*delegate);
     window->staysOpen = true;
     EXPECT_FALSE(endsProgram([this] { window->close(); })) << "a window that declines";
     windows.tell(*delegate);

@@ -12,7 +12,7 @@ namespace tavrel {
 
 /// What the review panel lists, as flat rows so that a long list costs only what is in sight: a head for each
 /// category of a `CleanListModel`, and below an expanded head its items.
-class ReviewRows final : public QAbstractListModel {
+class ReviewRows : public QAbstractListModel {
     Q_OBJECT
     Q_PROPERTY(tavrel::CleanListModel* source READ source WRITE setSource NOTIFY sourceChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)

@@ -1,13 +1,11 @@
 #include "cli/Session.h"
 
 #include "core/Phrase.h"
+#include "engine/ThisUser.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <pwd.h>
 #include <string_view>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 namespace tavrel::cli {
@@ -15,18 +13,6 @@ namespace tavrel::cli {
 namespace {
 
 using Path = std::filesystem::path;
-
-Path environmentPath(const char* name) {
-    const char* value = std::getenv(name);
-    return value == nullptr ? "" : value;
-}
-
-Path homeOfUser() {
-    Path home = environmentPath("HOME");
-    if (!home.empty()) return home;
-    const passwd* user = ::getpwuid(::getuid());
-    return user == nullptr ? "" : user->pw_dir;
-}
 
 /// A folder or a link to one.
 bool leadsToFolder(const Path& path) {
@@ -44,14 +30,14 @@ Profile profileFor(const GlobalOptions& options, const Path& home) {
         return Profiles::macos(options.root, home);
     }
     UserEnvironment environment;
-    if (!options.home) environment = {environmentPath("XDG_CONFIG_HOME"), environmentPath("XDG_DATA_HOME")};
+    if (!options.home) environment = ThisUser::environment();
     return Profiles::linux(options.root, home, environment);
 }
 
 }  // namespace
 
 tl::expected<Session, std::string> Session::open(const GlobalOptions& options) {
-    const Path home = options.home ? Path(*options.home) : homeOfUser();
+    const Path home = options.home ? Path(*options.home) : ThisUser::home();
     if (!leadsToFolder(home)) return tl::unexpected(noFolder("the home \"{}\" is not a folder", home));
     if (!leadsToFolder(options.root)) {
         return tl::unexpected(noFolder("the root \"{}\" is not a folder", options.root));

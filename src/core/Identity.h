@@ -5,5 +5,6 @@ namespace tavrel::Identity {
 
 inline constexpr const char* bundleID = "com.quennith.tavrel";
 inline constexpr const char* name = "Tavrel";
+inline constexpr const char* textDomain = "tavrel";  // of the catalogues of translations
 
 }  // namespace tavrel::Identity

@@ -7,7 +7,7 @@
 namespace tavrel {
 
 /// The figures that the menu bar can show, each with whether it does: the rows of a settings page.
-class MenuBarMetrics final : public QAbstractListModel {
+class MenuBarMetrics : public QAbstractListModel {
     Q_OBJECT
     Q_PROPERTY(
         tavrel::Preferences* preferences READ preferences WRITE setPreferences NOTIFY preferencesChanged)

@@ -1,5 +1,7 @@
 #include "core/Text.h"
 
+#include "core/Identity.h"
+
 #include <array>
 #include <cstdint>
 #include <libintl.h>
@@ -15,7 +17,7 @@
 namespace tavrel::Text {
 namespace {
 
-constexpr const char* domain = "tavrel";
+using Identity::textDomain;
 constexpr std::string_view replacement = "\uFFFD";
 constexpr std::string_view ellipsis = "…";
 
@@ -127,11 +129,11 @@ bool readsAsEscape(std::string_view text) {
 }  // namespace
 
 std::string localized(const char* english) {
-    return ::dgettext(domain, english);
+    return ::dgettext(textDomain, english);
 }
 
 std::string localized(const char* one, const char* many, unsigned long count) {
-    return ::dngettext(domain, one, many, count);
+    return ::dngettext(textDomain, one, many, count);
 }
 
 std::string repaired(std::string_view bytes) {

@@ -10,7 +10,7 @@
 namespace tavrel {
 
 /// What the middle of a clean screen says, and how far the hole stands open, for one list.
-class CleanHero final : public QObject {
+class CleanHero : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(tavrel::CleanListModel* model READ model WRITE setModel NOTIFY modelChanged)

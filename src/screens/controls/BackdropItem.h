@@ -8,7 +8,7 @@ namespace tavrel {
 
 /// Two gradients behind a screen: from top to bottom, and a glow at the upper right. Painted once for a size
 /// and then only copied, since every frame of what moves above it lays it out again.
-class BackdropItem final : public QQuickItem {
+class BackdropItem : public QQuickItem {
     Q_OBJECT
     QML_NAMED_ELEMENT(Backdrop)
     Q_PROPERTY(QColor top MEMBER top_ WRITE setTop)

@@ -7,7 +7,7 @@
 namespace tavrel {
 
 /// What the desktop does for a screen: reveal a file, keep a text on the clipboard, open a page.
-class Desktop final : public QObject {
+class Desktop : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON

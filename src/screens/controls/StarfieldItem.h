@@ -11,7 +11,7 @@ struct DrawnStar;
 
 /// The stars behind a screen. Alive they twinkle and drift a few times a second, and now and then one
 /// shoots; otherwise they stand still and cost nothing.
-class StarfieldItem final : public QQuickItem {
+class StarfieldItem : public QQuickItem {
     Q_OBJECT
     QML_NAMED_ELEMENT(Starfield)
     Q_PROPERTY(bool live READ live WRITE setLive NOTIFY liveChanged)

@@ -7,7 +7,7 @@
 namespace tavrel {
 
 /// Our names for symbols, and the characters that stand for them in the icon font.
-class Symbols final : public QObject {
+class Symbols : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "app/MainWindow.h"
+#include "cleaning/BackgroundCleaner.h"
+#include "core/AppState.h"
+#include "core/UserDefaults.h"
+#include "engine/SystemTools.h"
+#include "presentation/FileIcons.h"
+#include "presentation/Sounds.h"
+#include "profiles/Profile.h"
+
+#include <memory>
+
+namespace tavrel {
+
+class IconSource;
+class SoundPlayer;
+
+/// Everything that lives as long as the program, in the order in which it is made: the system's tools, the
+/// models over them, and the window's factory.
+class Program {
+  public:
+    /// What a test or a demonstration may put in the system's place.
+    struct Parts {
+        Profile profile;
+        std::unique_ptr<Clock> clock;
+        std::unique_ptr<LaunchAtLogin> launchAtLogin;
+        std::unique_ptr<SoundPlayer> soundPlayer;
+        std::unique_ptr<IconSource> icons;
+    };
+
+    /// As this system has them. `start` tells whether the login started this process.
+    enum class Start { byUser, byLogin };
+    [[nodiscard]] static Parts partsOf(Profile profile, Start start);
+
+    explicit Program(Parts parts);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    [[nodiscard]] AppState& state() { return *state_; }
+    [[nodiscard]] Clock& clock() { return *parts_.clock; }
+    [[nodiscard]] UserDefaults& defaults() { return defaults_; }
+    [[nodiscard]] LaunchAtLogin& launchAtLogin() { return *parts_.launchAtLogin; }
+    [[nodiscard]] MainWindow& mainWindow() { return mainWindow_; }
+
+  private:
+    [[nodiscard]] CleanServices services();
+
+    Parts parts_;
+    UserDefaults defaults_;
+    Preferences preferences_;
+    SystemTools tools_;
+    MotionPause motion_;
+    Shockwave shockwave_;
+    Sounds sounds_;
+    FileIcons icons_;
+    BackgroundCleaner cleaner_;
+    std::unique_ptr<AppState> state_;
+    MainWindow mainWindow_;
+};
+
+}  // namespace tavrel

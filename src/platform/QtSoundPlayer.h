@@ -6,6 +6,8 @@
 
 namespace tavrel {
 
+class SoundOutput;
+
 /// Plays on the default output of the system. The audio library and its connection are made with the first
 /// sound, on a thread of their own, since a sound server may take its time; both go with the player. All
 /// sounds have one sample rate; a sound of another cuts off the one before it.
@@ -19,10 +21,8 @@ class QtSoundPlayer final : public SoundPlayer {
     void play(std::span<const float> samples, int sampleRate) override;
 
   private:
-    class Output;
-
     QThread thread_;
-    Output* output_ = nullptr;  // lives on the thread and goes with it
+    SoundOutput* output_ = nullptr;  // lives on the thread and goes with it
 };
 
 }  // namespace tavrel

@@ -28,9 +28,11 @@ class FileIconsTest : public ::testing::Test {
     /// What the pictures show for each of these as a batch of its own.
     [[nodiscard]] std::vector<std::string> shown(const std::vector<std::string>& urls, OwnIcons own) {
         std::vector<CleanItem> items;
+        items.reserve(urls.size());
         for (const std::string& url : urls) items.push_back({.url = url});
         const ItemIcons pictures(items, own, icons);
         std::vector<std::string> labels;
+        labels.reserve(urls.size());
         for (std::size_t i = 0; i < urls.size(); ++i)
             labels.push_back(FakeIconSource::label(pictures(i, i + 1)));
         return labels;
@@ -134,6 +136,7 @@ TEST_F(FileIconsTest, TheLargestOfABatchStandsForIt) {
 
 TEST_F(FileIconsTest, LookingUpStopsAtThreeHundred) {
     std::vector<CleanItem> items;
+    items.reserve(1000);
     for (int i = 0; i < 1000; ++i) items.push_back({.url = "/gone/x.t" + std::to_string(i), .size = i});
     const ItemIcons pictures(items, OwnIcons::no, icons);
     EXPECT_EQ(source.lookups, 300);

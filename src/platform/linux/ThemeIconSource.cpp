@@ -128,7 +128,7 @@ QImage ThemeIconSource::load(const QString& name) {
     const bool isPath = name.startsWith('/');
     if (isPath && !QFileInfo(name).isFile()) return {};
     const QIcon icon = isPath ? QIcon(name) : QIcon::fromTheme(name);
-    const QImage image = icon.pixmap(QSize(side, side), 1.0).toImage();
+    QImage image = icon.pixmap(QSize(side, side), 1.0).toImage();
     if (image.isNull() || image.size() == QSize(side, side)) return image;
     return image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }

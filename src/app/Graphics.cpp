@@ -2,7 +2,7 @@
 
 #include <QDir>
 #include <QQuickWindow>
-#include <QtEnvironmentVariables>
+#include <QtGlobal>
 
 namespace tavrel::Graphics {
 

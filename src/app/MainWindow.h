@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QQmlApplicationEngine>
-
 #include <memory>
 
 class QQuickWindow;

@@ -9,7 +9,6 @@
 
 #include <QCoreApplication>
 #include <QFile>
-
 #include <utility>
 
 namespace tavrel {

@@ -5,6 +5,8 @@
 #include "core/AppState.h"
 #include "core/UserDefaults.h"
 #include "engine/SystemTools.h"
+#include "platform/IconSource.h"
+#include "platform/SoundPlayer.h"
 #include "presentation/FileIcons.h"
 #include "presentation/Sounds.h"
 #include "profiles/Profile.h"
@@ -12,9 +14,6 @@
 #include <memory>
 
 namespace tavrel {
-
-class IconSource;
-class SoundPlayer;
 
 /// Everything that lives as long as the program, in the order in which it is made: the system's tools, the
 /// models over them, and the window's factory.

@@ -3,7 +3,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-
 #include <utility>
 
 namespace tavrel {
@@ -34,8 +33,7 @@ ReducedMotion::ReducedMotion(QDBusConnection bus, std::function<void(bool reduce
 }
 
 void ReducedMotion::ask() {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(service, object, interface, QStringLiteral("Read"));
+    QDBusMessage call = QDBusMessage::createMethodCall(service, object, interface, QStringLiteral("Read"));
     call << group << key;
     auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {

@@ -3,7 +3,6 @@
 #include <QDBusConnection>
 #include <QDBusVariant>
 #include <QObject>
-
 #include <functional>
 
 namespace tavrel {

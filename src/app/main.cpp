@@ -14,8 +14,7 @@ int main(int argc, char** argv) {
     Graphics::choose();
     Launch::Application application(argc, argv);
 
-    const bool byLogin =
-        application.arguments().contains(QLatin1String(LinuxLaunchAtLogin::loginArgument));
+    const bool byLogin = application.arguments().contains(QLatin1String(LinuxLaunchAtLogin::loginArgument));
     const QDBusConnection bus = SessionBus::connect();
     SingleInstance instance(bus);
     const auto claim =

@@ -1,11 +1,10 @@
 #include "cli/CommandLine.h"
+#include "engine/Language.h"
 
-#include <clocale>
 
 int main(int argc, char** argv) {
     using namespace tavrel::cli;
-    std::setlocale(LC_CTYPE, "");
-    std::setlocale(LC_MESSAGES, "");
+    tavrel::Language::use();
 
     const auto line = CommandLine::parse(argc, argv);
     if (!line) return line.error();

@@ -6,7 +6,7 @@ namespace tavrel {
 
 /// Whether continuous animation has to rest, for every screen alike: while somebody scrolls, and while nobody
 /// can see the window. One is shared by all.
-class MotionPause final : public QObject {
+class MotionPause : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool scrolling READ scrolling WRITE setScrolling NOTIFY scrollingChanged)
     Q_PROPERTY(bool hidden READ hidden WRITE setHidden NOTIFY hiddenChanged)

@@ -8,7 +8,7 @@
 namespace tavrel {
 
 /// The latest wave that ran out from the hole. One is shared by all scenes.
-class Shockwave final : public QObject {
+class Shockwave : public QObject {
     Q_OBJECT
     Q_PROPERTY(double strength READ strength NOTIFY strengthChanged)
 

@@ -4,7 +4,7 @@
 #include "core/AppState.h"
 #include "core/MenuBarMetrics.h"
 
-#include <qqmlregistration.h>
+#include <QtQml/qqml.h>
 
 /// The models by the names that screens know them by. Models know nothing of screens.
 namespace tavrel::models {

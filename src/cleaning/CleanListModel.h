@@ -55,8 +55,8 @@ class CleanListModel final : public QObject {
     using Selection = std::unordered_set<std::string>;
     using Phase = CleanPhase;
 
-    /// The alternatives of `Phase`, for screens.
-    enum class Stage { idle, scanning, ready, cleaning, done };
+    /// The alternatives of `Phase`, for screens, which want capitals.
+    enum class Stage { Idle, Scanning, Ready, Cleaning, Done };
     Q_ENUM(Stage)
 
     /// The items of one category, in the order of the list, as positions in it.

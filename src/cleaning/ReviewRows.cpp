@@ -44,7 +44,7 @@ QVariant ReviewRows::data(const QModelIndex& index, int role) const {
         case Role::isHead:
             return row.isHead();
         case Role::mark:
-            return QVariant::fromValue(markOf(row));
+            return static_cast<int>(markOf(row));
         case Role::expanded:
             return isExpanded(row);
         case Role::isLast:
@@ -163,10 +163,10 @@ bool ReviewRows::isExpanded(const Row& row) const {
 }
 
 ReviewRows::Mark ReviewRows::markOf(const Row& row) const {
-    if (!row.isHead()) return source_->isSelected(source_->items()[row.item]) ? Mark::on : Mark::off;
+    if (!row.isHead()) return source_->isSelected(source_->items()[row.item]) ? Mark::On : Mark::Off;
     const std::size_t selected = tallies_[row.group].selected;
-    if (selected == 0) return Mark::off;
-    return selected == groupOf(row).items.size() ? Mark::on : Mark::mixed;
+    if (selected == 0) return Mark::Off;
+    return selected == groupOf(row).items.size() ? Mark::On : Mark::Mixed;
 }
 
 void ReviewRows::rebuild() {

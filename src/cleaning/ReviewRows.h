@@ -35,7 +35,7 @@ class ReviewRows : public QAbstractListModel {
     };
 
     /// How much of what a checkbox stands for is selected.
-    enum class Mark { off, mixed, on };
+    enum class Mark { Off, Mixed, On };
     Q_ENUM(Mark)
 
     explicit ReviewRows(QObject* parent = nullptr);

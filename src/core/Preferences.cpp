@@ -118,7 +118,7 @@ const Preferences::ListField& Preferences::field(PathList list) {
                                                &Preferences::protectedPathsChanged};
     static const ListField codeFolders = {&PreferenceValues::projectRoots, "projectRoots",
                                           &Preferences::projectRootsChanged};
-    return list == PathList::protectedPaths ? protectedFolders : codeFolders;
+    return list == PathList::ProtectedPaths ? protectedFolders : codeFolders;
 }
 
 template <typename T>

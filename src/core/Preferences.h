@@ -27,7 +27,7 @@ class Preferences final : public QObject {
     using Path = std::filesystem::path;
 
     /// The two lists of folders that the settings edit.
-    enum class PathList { protectedPaths, projectRoots };
+    enum class PathList { ProtectedPaths, ProjectRoots };
     Q_ENUM(PathList)
 
     static constexpr int fewestStaleDays = 1;

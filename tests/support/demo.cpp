@@ -1,3 +1,7 @@
+#include "app/Graphics.h"
+#include "app/Launch.h"
+#include "app/Program.h"
+#include "app/SessionBus.h"
 #include "support/SampleMac.h"
 #include "support/Sandbox.h"
 
@@ -10,7 +14,8 @@
 
 #include <fmt/format.h>
 
-// Builds the large sample Mac and shows what the command line, which stands beside this program, finds on it.
+// Builds the large sample Mac and opens the window over it: its settings, history and Trash are those of the
+// sample's home. Without a display it shows what the command line, which stands beside this program, finds.
 // Given a folder, which must not exist yet, the Mac is left there for trying things out.
 
 namespace {
@@ -26,6 +31,18 @@ int show(const std::string& program, const tavrel::testing::SampleMac& mac) {
         if (std::system(command.c_str()) != 0) ++failures;  // NOLINT(cert-env33-c): paths of our own making
     }
     return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+bool hasDisplay() {
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+/// The window as it always is, but no login starts it and no second start finds it.
+int openWindow(const tavrel::testing::SampleMac& mac, int& argc, char** argv) {
+    tavrel::Graphics::choose();
+    const tavrel::Launch::Application application(argc, argv);
+    tavrel::Program program(tavrel::Program::partsOf(mac.profile(), tavrel::Program::Start::byUser));
+    return tavrel::Launch::run(program, tavrel::SessionBus::connect(), nullptr);
 }
 
 }  // namespace
@@ -46,7 +63,7 @@ int main(int argc, char** argv) {
         const tavrel::testing::Sandbox folder;
         const tavrel::testing::SampleMac mac(folder.root());
         mac.fill();
-        return show(program, mac);
+        return hasDisplay() ? openWindow(mac, argc, argv) : show(program, mac);
     } catch (const std::exception& problem) {
         std::cerr << "tavrel-demo: " << problem.what() << '\n';
         return EXIT_FAILURE;

@@ -18,9 +18,8 @@ Item {
 
     Item {
         anchors.centerIn: parent
-        width: Math.min(parent.width, parent.height)
+        width: Math.min(parent.width, parent.height) * (0.8 + 0.2 * disc.growth)
         height: width
-        scale: 0.78 + 0.22 * disc.growth
 
         Repeater {
             model: 14

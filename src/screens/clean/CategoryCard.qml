@@ -5,7 +5,7 @@ import Tavrel.Controls
 Item {
     id: card
 
-    required property ReviewRow row
+    required property RowData row
 
     HoverHandler { id: hover }
     TapHandler { onTapped: card.row.expansionToggled() }

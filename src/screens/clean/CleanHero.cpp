@@ -44,14 +44,14 @@ QString CleanHero::subtitle() const {
 double CleanHero::irisOpening() const {
     if (!model_) return 0;
     switch (model_->stage()) {
-        case CleanListModel::Stage::idle:
-        case CleanListModel::Stage::scanning:
+        case CleanListModel::Stage::Idle:
+        case CleanListModel::Stage::Scanning:
             return 0;
-        case CleanListModel::Stage::cleaning:
+        case CleanListModel::Stage::Cleaning:
             return 1;
-        case CleanListModel::Stage::ready:
+        case CleanListModel::Stage::Ready:
             return model_->items().empty() ? 0 : 0.5;
-        case CleanListModel::Stage::done:
+        case CleanListModel::Stage::Done:
             return model_->isPreview() || resealed_ ? 0 : 1;
     }
     return 0;

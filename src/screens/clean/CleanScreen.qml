@@ -1,4 +1,5 @@
 import QtQuick
+import Tavrel.Clean
 import Tavrel.Controls
 import Tavrel.Models
 
@@ -13,7 +14,7 @@ FocusScope {
     required property string reviewTitle
     required property string actionTitle
     property color glow: Theme.glows[0]
-    readonly property bool rests: model.stage === CleanListModel.Ready || model.stage === CleanListModel.Done
+    readonly property bool rests: model.stage === CleanListModel.Stage.Ready || model.stage === CleanListModel.Stage.Done
 
     CleanHero {
         id: hero
@@ -27,7 +28,7 @@ FocusScope {
         target: screen.model
 
         function onPhaseChanged(): void {
-            if (screen.model.stage !== CleanListModel.Done) return
+            if (screen.model.stage !== CleanListModel.Stage.Done) return
             hero.resealed = false
             reseal.restart()
         }
@@ -53,7 +54,7 @@ FocusScope {
             glow: screen.glow
             spinning: screen.model.working
             open: hero.irisOpening
-            suction: screen.model.stage === CleanListModel.Cleaning
+            suction: screen.model.stage === CleanListModel.Stage.Cleaning
             growth: screen.model.feed ? screen.model.feed.swallowed : 0
         }
         HeroText {
@@ -69,7 +70,7 @@ FocusScope {
 
             PillButton {
                 text: qsTr("Scan")
-                visible: screen.model.stage === CleanListModel.Idle
+                visible: screen.model.stage === CleanListModel.Stage.Idle
                 focus: visible
                 onClicked: screen.model.scan()
             }

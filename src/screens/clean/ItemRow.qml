@@ -5,7 +5,7 @@ import Tavrel.Controls
 Item {
     id: item
 
-    required property ReviewRow row
+    required property RowData row
 
     HoverHandler { id: hover }
     TapHandler {

@@ -9,7 +9,7 @@ Rectangle {
     required property CleanListModel model
     readonly property color tone: model.preview ? Theme.review : Theme.good
 
-    visible: model.stage === CleanListModel.Done
+    visible: model.stage === CleanListModel.Stage.Done
     implicitHeight: 40
     height: implicitHeight
     radius: Theme.radius

@@ -11,6 +11,7 @@ ListView {
     required property AppState app
     required property CleanListModel source
 
+    objectName: "reviewList"
     clip: true
     boundsBehavior: Flickable.StopAtBounds
     keyNavigationEnabled: true
@@ -27,6 +28,8 @@ ListView {
     Keys.onRightPressed: if (currentItem && !(currentItem as ReviewRow).expanded) rows.toggleExpanded(currentIndex)
     Keys.onLeftPressed: if (currentItem && (currentItem as ReviewRow).expanded) rows.toggleExpanded(currentIndex)
 
+    function expand(row: var): void { rows.toggleExpanded(row) }
+
     model: ReviewRows {
         id: rows
 
@@ -34,7 +37,7 @@ ListView {
     }
     header: Item {
         width: list.width
-        height: list.source.stage === CleanListModel.Done ? banner.height + Theme.gap : 0
+        height: list.source.stage === CleanListModel.Stage.Done ? banner.height + Theme.gap : 0
 
         ReportBanner {
             id: banner

@@ -134,7 +134,7 @@ FocusScope {
                 anchors.rightMargin: 16
                 text: qsTr("%1 · %2").arg(panel.app.preferences.dryRun ? qsTr("Preview") : panel.actionTitle)
                                      .arg(panel.model.selectedSizeText)
-                busy: panel.model.stage === CleanListModel.Cleaning
+                busy: panel.model.stage === CleanListModel.Stage.Cleaning
                 enabled: panel.model.selectedCount > 0 && !panel.model.working
                 onClicked: panel.model.clean()
             }

@@ -3,28 +3,8 @@ import Tavrel.Controls
 
 // One row of the review: the head of a card, or an item on it. The cards are drawn by their rows, so that a
 // card of ten thousand items costs only what is in sight.
-Item {
+RowData {
     id: row
-
-    required property int index
-    required property bool isHead
-    required property string title
-    required property string summary
-    required property var mark
-    required property bool isLast
-    required property bool expanded
-    required property string size
-    required property var symbol
-    required property var countText
-    required property var selectedText
-    required property var review
-    required property var permanent
-    required property var admin
-    property string path
-    property bool focusShown: false
-
-    signal toggled
-    signal expansionToggled
 
     implicitHeight: (isHead ? 58 : 44) + (isLast ? Theme.gap : 0)
     Accessible.role: Accessible.ListItem

@@ -5,8 +5,10 @@
 #include <QPainter>
 #include <QQuickWindow>
 #include <QRadialGradient>
+#include <QRgba64>
 #include <QSGImageNode>
-#include <memory>
+#include <algorithm>
+#include <random>
 
 namespace tavrel {
 
@@ -19,6 +21,26 @@ constexpr qreal glowOuter = 520;
 QColor transparent(QColor colour) {
     colour.setAlpha(0);
     return colour;
+}
+
+/// 8 bits of 16, rounded up or down by chance: so wide a gradient would show its steps.
+QImage dithered(const QImage& deep) {
+    QImage image(deep.size(), QImage::Format_RGB32);
+    std::minstd_rand chance;        // always the same
+    constexpr unsigned lost = 257;  // what is left of 16 bits per step of 8
+    for (int y = 0; y < deep.height(); ++y) {
+        const auto* from = reinterpret_cast<const QRgba64*>(deep.constScanLine(y));
+        auto* to = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < deep.width(); ++x) {
+            const auto noise = static_cast<unsigned>(chance()) % lost;
+            const auto level = [noise](unsigned channel) {
+                return static_cast<int>((channel + noise) / lost);
+            };
+            to[x] = qRgb(std::min(level(from[x].red()), 255), std::min(level(from[x].green()), 255),
+                         std::min(level(from[x].blue()), 255));
+        }
+    }
+    return image;
 }
 
 }  // namespace
@@ -41,18 +63,19 @@ void BackdropItem::geometryChange(const QRectF& now, const QRectF& before) {
 }
 
 QImage BackdropItem::painted(const QSize& pixels) const {
-    QImage image(pixels, QImage::Format_RGB32);
+    QImage image(pixels, QImage::Format_RGBX64);
     QPainter painter(&image);
     painter.scale(pixels.width() / width(), pixels.height() / height());
     QLinearGradient sky(0, 0, 0, height());
-    sky.setColorAt(0, top_);
-    sky.setColorAt(1, bottom_);
+    sky.setColorAt(0, upper_);
+    sky.setColorAt(1, lower_);
     painter.fillRect(boundingRect(), sky);
     QRadialGradient light(glowCentre.x() * width(), glowCentre.y() * height(), glowOuter);
     light.setColorAt(glowInner / glowOuter, glow_);
     light.setColorAt(1, transparent(glow_));
     painter.fillRect(boundingRect(), light);
-    return image;
+    painter.end();
+    return dithered(image);
 }
 
 QSGNode* BackdropItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {

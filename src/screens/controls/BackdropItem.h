@@ -11,15 +11,15 @@ namespace tavrel {
 class BackdropItem : public QQuickItem {
     Q_OBJECT
     QML_NAMED_ELEMENT(Backdrop)
-    Q_PROPERTY(QColor top MEMBER top_ WRITE setTop)
-    Q_PROPERTY(QColor bottom MEMBER bottom_ WRITE setBottom)
+    Q_PROPERTY(QColor upper MEMBER upper_ WRITE setUpper)
+    Q_PROPERTY(QColor lower MEMBER lower_ WRITE setLower)
     Q_PROPERTY(QColor glow MEMBER glow_ WRITE setGlow)
 
   public:
     explicit BackdropItem(QQuickItem* parent = nullptr);
 
-    void setTop(const QColor& colour) { assign(top_, colour); }
-    void setBottom(const QColor& colour) { assign(bottom_, colour); }
+    void setUpper(const QColor& colour) { assign(upper_, colour); }
+    void setLower(const QColor& colour) { assign(lower_, colour); }
     void setGlow(const QColor& colour) { assign(glow_, colour); }
 
   protected:
@@ -30,8 +30,8 @@ class BackdropItem : public QQuickItem {
     void assign(QColor& member, const QColor& colour);
     [[nodiscard]] QImage painted(const QSize& pixels) const;
 
-    QColor top_;
-    QColor bottom_;
+    QColor upper_;
+    QColor lower_;
     QColor glow_;
     bool stale_ = true;
 };

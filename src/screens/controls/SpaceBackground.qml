@@ -1,4 +1,5 @@
 import QtQuick
+import Tavrel.Controls
 
 // The sky behind every screen, in the colours of a tab.
 Item {
@@ -10,8 +11,8 @@ Item {
 
     Backdrop {
         anchors.fill: parent
-        top: Theme.tintTops[background.tab]
-        bottom: Theme.tintBottoms[background.tab]
+        upper: Theme.tintTops[background.tab]
+        lower: Theme.tintBottoms[background.tab]
         glow: Theme.faded(Theme.glows[background.tab], background.animated ? 0.16 : 0.08)
     }
     Starfield {

@@ -22,7 +22,7 @@ constexpr int verticesOfStar = corners * 3;
 constexpr int verticesOfStreak = 3;
 constexpr double feather = 0.6;      // points beyond the disc where it fades to nothing
 constexpr double streakWidth = 2.2;  // points, at the head
-constexpr int streakPieces = 14;
+constexpr int streakPieces = 60;
 constexpr double leastPixel = 1;  // what a rectangle needs to be seen at all
 
 /// White of an opacity from 0 to 1, as the material wants it: multiplied already.

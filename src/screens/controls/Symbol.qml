@@ -1,4 +1,5 @@
 import QtQuick
+import Tavrel.Controls
 
 // A symbol by our name for it.
 Text {

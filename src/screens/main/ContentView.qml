@@ -52,13 +52,15 @@ FocusScope {
         }
     }
 
-    Item {
+    FocusScope {
         anchors.top: bar.bottom
         anchors.bottom: parent.bottom
         width: parent.width
+        focus: true
 
         ContentSwitcher {
             anchors.fill: parent
+            focus: true
             identity: root.app.showSettings ? "settings" : root.app.tab.toString()
             screens: TabScreens { app: root.app }
         }

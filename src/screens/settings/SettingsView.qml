@@ -6,6 +6,8 @@ import Tavrel.Models
 FocusScope {
     id: view
 
+    objectName: "settingsView"
+
     required property AppState app
     property int section: 0
     readonly property list<string> titles: [
@@ -52,7 +54,7 @@ FocusScope {
 
         PathListSettings {
             preferences: view.app.preferences
-            list: Preferences.PathList.protectedPaths
+            list: Preferences.PathList.ProtectedPaths
             paths: view.app.preferences.protectedPaths
             title: qsTr("Protected")
             explanation: qsTr("Tavrel never removes these folders or anything inside them.")
@@ -63,7 +65,7 @@ FocusScope {
 
         PathListSettings {
             preferences: view.app.preferences
-            list: Preferences.projectRoots
+            list: Preferences.PathList.ProjectRoots
             paths: view.app.preferences.projectRoots
             title: qsTr("Code folders")
             explanation: qsTr("Projects scans these folders for build artifacts.")

@@ -1,0 +1,181 @@
+#include "app/Graphics.h"
+#include "app/Launch.h"
+#include "app/Program.h"
+#include "support/SampleMac.h"
+#include "support/Sandbox.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QEventLoop>
+#include <QImage>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTimer>
+#include <functional>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+
+// Takes every screen in every state, over the small sample Mac, into a folder. What it presses is what a
+// person would: nothing on the pictures is made up.
+
+namespace {
+
+using namespace tavrel;
+
+void wait(int milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void waitFor(const std::string& what, const std::function<bool()>& reached) {
+    constexpr int patience = 60'000;  // milliseconds
+    const QDeadlineTimer deadline(patience);
+    while (!reached()) {
+        if (deadline.hasExpired()) throw std::runtime_error("never came to be: " + what);
+        wait(20);
+    }
+}
+
+class Photographer {
+  public:
+    Photographer(Program& program, QDir folder) : state_(program.state()), folder_(std::move(folder)) {
+        window_ = program.mainWindow().show();
+        if (window_ == nullptr) throw std::runtime_error("the window cannot be made");
+        waitFor("the first frame", [this] { return window_->isExposed(); });
+    }
+
+    void takeAll() {
+        take("clean-idle");
+        scan(CleanMode::system);
+        take("clean-found");
+        review();
+        clean();
+        tour();
+        settings();
+        history();
+        small();
+    }
+
+  private:
+    void take(const std::string& name, int settle = 900) {
+        wait(settle);
+        const QString file = folder_.filePath(QString::fromStdString(name) + QStringLiteral(".png"));
+        if (!window_->grabWindow().save(file)) throw std::runtime_error("cannot write " + file.toStdString());
+        std::cout << file.toStdString() << '\n';
+    }
+
+    void scan(CleanMode mode) {
+        state_.chooseCleanMode(static_cast<int>(mode));
+        CleanListModel* list = state_.cleanList(mode);
+        list->scan();
+        if (mode == CleanMode::system) take("clean-scanning", 60);
+        waitFor("a scan's end", [list] { return !list->isWorking(); });
+    }
+
+    void review() {
+        state_.junk()->setReviewing(true);
+        take("review");
+        auto* list = window_->findChild<QQuickItem*>(QStringLiteral("reviewList"));
+        if (list == nullptr) throw std::runtime_error("no list to review");
+        QMetaObject::invokeMethod(list, "expand", Q_ARG(QVariant, 1));
+        take("review-open");
+        state_.preferences()->setDryRun(true);
+        take("review-preview", 300);
+        state_.junk()->clean();
+        waitFor("the preview's end", [this] { return !state_.junk()->isWorking(); });
+        take("clean-preview-done", 400);
+        state_.preferences()->setDryRun(false);
+    }
+
+    void clean() {
+        state_.preferences()->setAlwaysTrash(true);
+        state_.junk()->clean();
+        take("clean-swallowing", 2400);
+        waitFor("the clean's end", [this] { return !state_.junk()->isWorking(); });
+        take("clean-done", 300);
+        take("clean-resealed", 3500);
+        state_.junk()->setReviewing(true);
+        take("review-report");
+        state_.junk()->setReviewing(false);
+        state_.preferences()->setAlwaysTrash(false);
+    }
+
+    void tour() {
+        const std::pair<CleanMode, const char*> modes[] = {
+            {CleanMode::ai, "ai"}, {CleanMode::projects, "projects"}, {CleanMode::installers, "installers"}};
+        for (const auto& [mode, name] : modes) {
+            state_.chooseCleanMode(static_cast<int>(mode));
+            take(std::string("clean-") + name);
+            scan(mode);
+            state_.cleanList(mode)->setReviewing(true);
+            take(std::string("review-") + name);
+            state_.cleanList(mode)->setReviewing(false);
+        }
+        for (const AppTab tab : allAppTabs) {
+            if (tab == AppTab::clean) continue;
+            state_.chooseTab(static_cast<int>(tab));
+            take("tab-" + std::string(rawValue(tab)));
+        }
+    }
+
+    void settings() {
+        state_.setShowSettings(true);
+        for (const char* section : {"general", "menubar", "protected", "folders"}) {
+            take(std::string("settings-") + section);
+            auto* view = window_->findChild<QQuickItem*>(QStringLiteral("settingsView"));
+            if (view == nullptr) throw std::runtime_error("no settings on show");
+            view->setProperty("section", view->property("section").toInt() + 1);
+        }
+        state_.setShowSettings(false);
+        state_.chooseTab(static_cast<int>(AppTab::clean));
+    }
+
+    void history() {
+        state_.setShowHistory(true);
+        take("history");
+        state_.setShowHistory(false);
+        wait(500);
+    }
+
+    void small() {
+        window_->resize(window_->minimumSize());
+        state_.chooseCleanMode(static_cast<int>(CleanMode::system));
+        take("small-clean");
+        scan(CleanMode::system);
+        state_.junk()->setReviewing(true);
+        take("small-review");
+        state_.junk()->setReviewing(false);
+        state_.setShowSettings(true);
+        take("small-settings");
+    }
+
+    AppState& state_;
+    QDir folder_;
+    QQuickWindow* window_ = nullptr;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace tavrel;
+    if (argc != 2) {
+        std::cerr << "usage: tavrel-screenshots FOLDER\n";
+        return 2;
+    }
+    try {
+        Graphics::choose();
+        const Launch::Application application(argc, argv);
+        const testing::Sandbox disk;
+        const testing::SampleMac mac(disk.root());
+        mac.fill(0.02);
+        Program program(Program::partsOf(mac.profile(), Program::Start::byUser));
+        QDir().mkpath(QString::fromLocal8Bit(argv[1]));
+        Photographer(program, QDir(QString::fromLocal8Bit(argv[1]))).takeAll();
+    } catch (const std::exception& problem) {
+        std::cerr << "tavrel-screenshots: " << problem.what() << '\n';
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}

@@ -4,12 +4,14 @@
 #include "support/SampleMac.h"
 #include "support/Sandbox.h"
 
+#include <QCursor>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QEventLoop>
 #include <QImage>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QScreen>
 #include <QTimer>
 #include <functional>
 #include <iostream>
@@ -44,6 +46,7 @@ class Photographer {
         window_ = program.mainWindow().show();
         if (window_ == nullptr) throw std::runtime_error("the window cannot be made");
         waitFor("the first frame", [this] { return window_->isExposed(); });
+        QCursor::setPos(window_->screen()->geometry().bottomRight());
     }
 
     void takeAll() {

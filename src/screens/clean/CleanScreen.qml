@@ -63,37 +63,42 @@ FocusScope {
             title: hero.title
             subtitle: hero.subtitle
         }
-        Row {
-            anchors.horizontalCenter: parent.horizontalCenter
-            spacing: 12
+        Item {
+            width: parent.width
             height: 36
 
-            PillButton {
-                text: qsTr("Scan")
-                visible: screen.model.stage === CleanListModel.Stage.Idle
-                focus: visible
-                onClicked: screen.model.scan()
-            }
-            PillButton {
-                text: qsTr("Review results")
-                visible: screen.rests && screen.model.itemCount > 0
-                onClicked: screen.model.reviewing = true
-            }
-            PillButton {
-                text: qsTr("Scan again")
-                kind: PillButton.Kind.Secondary
-                visible: screen.rests
-                onClicked: screen.model.scan()
-            }
-            EmptyTrashButton {
-                emptier: screen.app.trashEmptier
-                visible: screen.model.trashedSome && !screen.model.preview
+            Row {
+                anchors.horizontalCenter: parent.horizontalCenter
+                spacing: 12
+
+                PillButton {
+                    text: qsTr("Scan")
+                    visible: screen.model.stage === CleanListModel.Stage.Idle
+                    focus: visible
+                    onClicked: screen.model.scan()
+                }
+                PillButton {
+                    text: qsTr("Review results")
+                    visible: screen.rests && screen.model.itemCount > 0
+                    onClicked: screen.model.reviewing = true
+                }
+                PillButton {
+                    text: qsTr("Scan again")
+                    kind: PillButton.Kind.Secondary
+                    visible: screen.rests
+                    onClicked: screen.model.scan()
+                }
+                EmptyTrashButton {
+                    emptier: screen.app.trashEmptier
+                    visible: screen.model.trashedSome && !screen.model.preview
+                }
             }
         }
     }
 
     ReviewPanel {
         anchors.fill: parent
+        anchors.topMargin: Theme.gap
         app: screen.app
         model: screen.model
         title: screen.reviewTitle

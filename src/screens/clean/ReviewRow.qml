@@ -4,7 +4,7 @@ import Tavrel.Controls
 // One row of the review: the head of a card, or an item on it. The cards are drawn by their rows, so that a
 // card of ten thousand items costs only what is in sight.
 RowData {
-    id: row
+    id: reviewRow
 
     implicitHeight: (isHead ? 58 : 44) + (isLast ? Theme.gap : 0)
     Accessible.role: Accessible.ListItem
@@ -13,20 +13,20 @@ RowData {
 
     Item {
         anchors.fill: parent
-        anchors.bottomMargin: row.isLast ? Theme.gap : 0
+        anchors.bottomMargin: reviewRow.isLast ? Theme.gap : 0
         clip: true
 
         Card { // reaches past the edges where the card goes on
             anchors.fill: parent
-            anchors.topMargin: row.isHead ? 0 : -Theme.radius
-            anchors.bottomMargin: row.isLast ? 0 : -Theme.radius
+            anchors.topMargin: reviewRow.isHead ? 0 : -Theme.radius
+            anchors.bottomMargin: reviewRow.isLast ? 0 : -Theme.radius
         }
         Loader {
             anchors.fill: parent
-            sourceComponent: row.isHead ? card : item
+            sourceComponent: reviewRow.isHead ? card : item
         }
         FocusRing {
-            shown: row.focusShown
+            shown: reviewRow.focusShown
             gap: -2
             radius: Theme.radius - 2
         }
@@ -35,11 +35,11 @@ RowData {
     Component {
         id: card
 
-        CategoryCard { row: row }
+        CategoryCard { row: reviewRow }
     }
     Component {
         id: item
 
-        ItemRow { row: row }
+        ItemRow { row: reviewRow }
     }
 }

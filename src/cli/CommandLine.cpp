@@ -37,10 +37,13 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& global) {
 
 void layOutHelp(CLI::FormatterBase& help) {
     help.column_width(helpColumn);
+    help.label("Usage", localized("Usage"));
     help.label("OPTIONS", localized("options"));
     help.label("SUBCOMMAND", localized("command"));
     help.label("Positionals", localized("Arguments"));
     help.label("Options", localized("Options"));
+    help.label("Needs", localized("Needs"));
+    help.label("Excludes", localized("Excludes"));
     help.label("REQUIRED", "");
 }
 

@@ -94,6 +94,10 @@ def fields(statements):
 class Texts(dict):
     """Every text with its plural and the files that it stands in, by its English."""
 
+    def __init__(self):
+        super().__init__()
+        self.filled = set()  # files, and the structs of which they hold a row
+
     def put(self, name, one, many=""):
         if not one:
             return
@@ -153,6 +157,7 @@ class Texts(dict):
                 if value[1].value == title if named else at == place:
                     for text in self.literals(name, value, declared.names()):
                         self.put(name, text)
+                        self.filled.add((name, struct))
 
     def read_screen(self, name, source):
         for call in re.finditer(r"\bqsTr\(\s*(\"(?:[^\"\\\n]|\\.)*\"\s*\))?", source):
@@ -192,6 +197,11 @@ def texts_below(folder):
         declared = everywhere | own
         texts.read_calls(shown(path), tokens, declared)
         texts.read_tables(shown(path), tokens, declared)
+        for struct in own.structs.keys() - everywhere.structs.keys():
+            if (shown(path), struct) not in texts.filled:
+                raise Unclear(f"{shown(path)}: no row of {struct} was found")
+    for struct in everywhere.structs.keys() - {struct for _, struct in texts.filled}:
+        raise Unclear(f"no row of {struct} was found")
     for path in sorted(folder.rglob("*.qml")):
         texts.read_screen(shown(path), path.read_text("utf-8"))
     return texts

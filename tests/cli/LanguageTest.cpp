@@ -1,11 +1,14 @@
 #include "cli/Program.h"
 
+#include <filesystem>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace tavrel::testing {
 namespace {
 
+namespace fs = std::filesystem;
 using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
@@ -64,7 +67,8 @@ TEST_F(Language, RowsOfTablesAreTranslated) {
 TEST_F(Language, HelpIsTranslatedAndCommandsKeepTheirNames) {
     const Ended ended = say("de", {"clean", "--help"});
     EXPECT_EQ(ended.status, 0) << ended.err;
-    EXPECT_THAT(ended.out, AllOf(HasSubstr("Aufruf: tavrelctl clean"), HasSubstr("--dry-run"),
+    EXPECT_THAT(ended.out, AllOf(HasSubstr("Aufruf: tavrelctl clean"), HasSubstr("\nOptionen:\n"),
+                                 Not(HasSubstr("Options")), HasSubstr("--dry-run"),
                                  HasSubstr("nicht nachfragen"), Not(HasSubstr("do not ask"))));
 }
 
@@ -72,6 +76,19 @@ TEST_F(Language, FiguresStandInTheirPlaces) {
     const Ended ended = say("de", {"settings", "staleProjectDays", "0"});
     EXPECT_EQ(ended.status, 2);
     EXPECT_THAT(ended.err, HasSubstr("staleProjectDays: der Wert muss eine ganze Zahl von 1 bis 365 sein"));
+}
+
+TEST_F(Language, AQuestionIsAnsweredInTheLanguageItIsAskedIn) {
+    const fs::path blob = box.file("home/.npm/_cacache/blob", big);
+    const Program german(box, "linux", "de");
+    const Ended declined = german.answering("nein\n", {"clean"});
+    EXPECT_EQ(declined.status, 1);
+    EXPECT_THAT(declined.err, AllOf(HasSubstr("1 Objekt ("), HasSubstr(") entfernen? [j/N] ")));
+    EXPECT_EQ(Program(box, "linux").answering("j\n", {"clean"}).status, 1);
+    EXPECT_TRUE(fs::exists(blob));
+
+    EXPECT_EQ(german.answering("Ja\n", {"clean"}).status, 0);
+    EXPECT_FALSE(fs::exists(blob));
 }
 
 TEST_F(Language, SizesHaveADecimalComma) {

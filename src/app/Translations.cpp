@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-QString Translations::translate(const char*, const char* sourceText, const char*, int) const {
+QString Translations::translate(const char*, Text::English sourceText, const char*, int) const {
     const std::string words = Text::localized(sourceText);
     return words == sourceText ? QString() : QString::fromStdString(words);
 }

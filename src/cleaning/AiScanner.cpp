@@ -21,7 +21,7 @@ constexpr int worktreeAgeDays = 30;
 
 struct FixedFolder {
     std::string_view path;
-    const char* note;
+    Text::English note;
 };
 
 constexpr FixedFolder fixedFolders[] = {

@@ -8,9 +8,9 @@ namespace {
 
 struct Row {
     std::string_view rawValue;
-    const char* title;
+    Text::English title;
     std::string_view symbol;
-    const char* summary;
+    Text::English summary;
 };
 
 // clang-format off

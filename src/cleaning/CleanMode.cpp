@@ -8,7 +8,7 @@ namespace {
 
 struct Row {
     std::string_view rawValue;
-    const char* title;
+    Text::English title;
     std::string_view action;
 };
 

@@ -94,7 +94,7 @@ class RuleScan {
                        .note = rule.note,
                        .permanent = rule.permanent};
         const std::string name = Paths::name(candidate);
-        const auto review = [&](const char* note) {
+        const auto review = [&](Text::English note) {
             made.risk = Risk::review;
             made.note = Text::localized(note);
         };

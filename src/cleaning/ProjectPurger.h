@@ -3,6 +3,7 @@
 #include "cleaning/CleanItem.h"
 #include "cleaning/SafetyGuard.h"
 #include "core/Instant.h"
+#include "core/Text.h"
 
 #include <filesystem>
 #include <span>
@@ -20,7 +21,7 @@ struct Artifact {
     std::vector<std::string_view>
         markers;             // at least one must stand beside the folder; empty: none is needed
     Risk risk = Risk::safe;  // in a project that nobody touches
-    const char* note = "";
+    Text::English note = "";
 };
 
 [[nodiscard]] std::span<const Artifact> artifacts();

@@ -138,7 +138,7 @@ Outcome erase(const FolderAccess& access, const Target& target) {
 Refusal refusal(std::error_code error) {
     struct Words {
         std::errc error;
-        const char* text;
+        Text::English text;
     };
     constexpr std::array words = {
         Words{std::errc::too_many_symbolic_link_levels, "Reached through a symbolic link"},

@@ -37,11 +37,18 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& global) {
 
 void layOutHelp(CLI::FormatterBase& help) {
     help.column_width(helpColumn);
+    help.label("Usage", localized("Usage"));
     help.label("OPTIONS", localized("options"));
     help.label("SUBCOMMAND", localized("command"));
     help.label("Positionals", localized("Arguments"));
-    help.label("Options", localized("Options"));
+    help.label("Needs", localized("Needs"));
+    help.label("Excludes", localized("Excludes"));
     help.label("REQUIRED", "");
+}
+
+void nameGroups(CLI::App& app, const std::string& options) {
+    for (CLI::Option* option : app.get_options()) option->group(options);
+    for (CLI::App* command : app.get_subcommands({})) nameGroups(*command, options);
 }
 
 void addCommands(CLI::App& app, Command& chosen) {
@@ -81,6 +88,7 @@ tl::expected<CommandLine, int> CommandLine::parse(int argc, const char* const* a
     layOutHelp(*app.get_formatter());
     addGlobalOptions(app, line.global);
     addCommands(app, line.command);
+    nameGroups(app, localized("Options"));
     unguard(app);
 
     // The library takes the arguments last first.

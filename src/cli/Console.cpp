@@ -119,11 +119,12 @@ void Console::endProgress() {
 bool Console::confirm(std::string_view question) {
     endProgress();
     std::fflush(stdout);
-    fmt::print(stderr, "{} [y/N] ", question);
+    fmt::print(stderr, "{}", phrase("{} [y/N] ", question));
     std::string answer;
     std::getline(std::cin, answer);
     answer = Text::lowercased(Text::trimmed(answer));
-    return answer == "y" || answer == "yes";
+    const std::array<std::string, 4> agreement = {"y", "yes", Text::localized("y"), Text::localized("yes")};
+    return std::find(agreement.begin(), agreement.end(), answer) != agreement.end();
 }
 
 int Console::finish(int status) {

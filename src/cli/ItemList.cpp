@@ -41,7 +41,7 @@ std::string subject(const CleanItem& item, const std::filesystem::path& home) {
 Row rowFor(const Console& console, const CleanItem& item, const std::filesystem::path& home,
            std::size_t room) {
     Row row{.item = item, .path = console.fitted(subject(item, home), room)};
-    const auto chip = [&row](bool stands, Style style, const char* word) {
+    const auto chip = [&row](bool stands, Style style, Text::English word) {
         if (stands) row.remarks.emplace_back(style, "[" + localized(word) + "]");
     };
     chip(item.risk == Risk::review, Style::caution, "Review");

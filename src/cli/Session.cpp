@@ -20,7 +20,7 @@ bool leadsToFolder(const Path& path) {
     return std::filesystem::is_directory(path, ignored);
 }
 
-std::string noFolder(const char* english, const Path& path) {
+std::string noFolder(Text::English english, const Path& path) {
     return phrase(english, Text::shown(path.native()));
 }
 

@@ -8,7 +8,7 @@ namespace {
 
 struct Row {
     std::string_view rawValue;
-    const char* title;
+    Text::English title;
 };
 
 constexpr std::array<Row, allAppTabs.size()> rows = {{

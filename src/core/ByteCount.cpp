@@ -12,7 +12,7 @@ namespace tavrel {
 namespace {
 
 struct Unit {
-    const char* name;
+    Text::English name;
     std::uint64_t bytes;
     int decimals;
 };
@@ -43,8 +43,8 @@ std::string inUnit(std::uint64_t bytes, const Unit& unit) {
     const std::uint64_t count = steps(bytes, unit);
     std::string number = fmt::format("{}", count / scale);
     if (count % scale != 0) {
-        number += fmt::format(".{:0{}}", count % scale, unit.decimals);
-        number.erase(number.find_last_not_of('0') + 1);
+        const std::string decimals = fmt::format("{:0{}}", count % scale, unit.decimals);
+        number += Text::localized(".") + decimals.substr(0, decimals.find_last_not_of('0') + 1);
     }
     return fmt::format("{} {}", number, Text::localized(unit.name));
 }

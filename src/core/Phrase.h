@@ -10,13 +10,13 @@
 namespace tavrel {
 
 template <typename... Figures>
-[[nodiscard]] std::string phrase(const char* english, const Figures&... figures) {
+[[nodiscard]] std::string phrase(Text::English english, const Figures&... figures) {
     return fmt::format(fmt::runtime(Text::localized(english)), figures...);
 }
 
 /// The same where the first figure is a count that decides between two forms.
 template <typename... Figures>
-[[nodiscard]] std::string counted(const char* one, const char* many, unsigned long count,
+[[nodiscard]] std::string counted(Text::English one, Text::English many, unsigned long count,
                                   const Figures&... figures) {
     return fmt::format(fmt::runtime(Text::localized(one, many, count)), count, figures...);
 }

@@ -13,7 +13,7 @@ namespace {
 struct MetricRow {
     MenuBarMetric metric;
     std::string_view rawValue;
-    const char* title;
+    Text::English title;
     std::string_view symbol;
 };
 

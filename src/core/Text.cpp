@@ -128,11 +128,12 @@ bool readsAsEscape(std::string_view text) {
 
 }  // namespace
 
-std::string localized(const char* english) {
+std::string localized(English english) {
+    if (*english == '\0') return {};  // the key of a catalogue's own header
     return ::dgettext(textDomain, english);
 }
 
-std::string localized(const char* one, const char* many, unsigned long count) {
+std::string localized(English one, English many, unsigned long count) {
     return ::dngettext(textDomain, one, many, count);
 }
 

@@ -8,12 +8,16 @@
 /// Text as people and other programs read it.
 namespace tavrel::Text {
 
+/// A text that a person reads in their own language. Wherever a parameter or a field has this type, what is
+/// written for it is a text of the catalogues: `./dev texts` collects them by that.
+using English = const char*;
+
 /// The words of the user's language for an English text, which is its own key. Falls back to the English.
 /// Safe from any thread.
-[[nodiscard]] std::string localized(const char* english);
+[[nodiscard]] std::string localized(English english);
 
 /// The same where a count decides between two English forms.
-[[nodiscard]] std::string localized(const char* one, const char* many, unsigned long count);
+[[nodiscard]] std::string localized(English one, English many, unsigned long count);
 
 /// `bytes` as UTF-8, every invalid sequence replaced by U+FFFD.
 [[nodiscard]] std::string repaired(std::string_view bytes);

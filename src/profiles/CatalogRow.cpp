@@ -1,7 +1,5 @@
 #include "profiles/CatalogRow.h"
 
-#include "core/Text.h"
-
 #include <set>
 #include <string>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaning/CleanRule.h"
+#include "core/Text.h"
 
 #include <span>
 #include <string_view>
@@ -25,7 +26,7 @@ struct CatalogRow {
     CleanCategory category;
     Mode mode;
     Risk risk;
-    const char* note;
+    Text::English note;
     Extra extra = {};
 };
 
@@ -36,7 +37,7 @@ struct CatalogRow {
 struct EditorRow {
     std::string_view suffix;
     Risk risk;
-    const char* phrase;
+    Text::English phrase;
 };
 [[nodiscard]] std::vector<CleanRule> editorRules(std::string_view folder,
                                                  std::span<const std::string_view> names,

@@ -42,8 +42,11 @@ Ended Program::run(const Words& words, int input) const {
 
     Words line = {TAVRELCTL};
     line.insert(line.end(), words.begin(), words.end());
-    const Words environment = {"HOME=" + box_.path("elsewhere").native(), "PATH=/usr/bin:/bin",
-                               "LC_ALL=C.UTF-8", "XDG_DATA_HOME=" + box_.path("home/moved").native(),
+    const Words environment = {"HOME=" + box_.path("elsewhere").native(),
+                               "PATH=/usr/bin:/bin",
+                               "LC_ALL=C.UTF-8",
+                               "LANGUAGE=" + language_,
+                               "XDG_DATA_HOME=" + box_.path("home/moved").native(),
                                "XDG_CONFIG_HOME=" + box_.path("home/moved").native()};
     pid_t child = 0;
     const int failed = ::posix_spawn(&child, TAVRELCTL, &actions, nullptr, pointers(line).data(),

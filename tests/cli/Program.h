@@ -28,7 +28,8 @@ class Program {
   public:
     using Words = std::vector<std::string>;
 
-    Program(const Sandbox& box, std::string profile) : box_(box), profile_(std::move(profile)) {}
+    Program(const Sandbox& box, std::string profile, std::string language = {})
+        : box_(box), profile_(std::move(profile)), language_(std::move(language)) {}
 
     /// With the options that keep the run in the sandbox before `words`.
     [[nodiscard]] Ended operator()(const Words& words) const;
@@ -44,6 +45,7 @@ class Program {
 
     const Sandbox& box_;
     std::string profile_;
+    std::string language_;  // that the environment asks for; none: English
 };
 
 }  // namespace tavrel::testing

@@ -1,5 +1,7 @@
 #include "platform/SoundOutput.h"
 
+#include "platform/QuietAudio.h"
+
 #include <QAudioDevice>
 #include <QAudioFormat>
 #include <QAudioSink>
@@ -39,6 +41,7 @@ class SampleQueue final : public QIODevice {
 };
 
 SoundOutput::SoundOutput() : queue_(new SampleQueue(this)), closing_(this) {
+    keepAudioQuiet();
     using namespace std::chrono_literals;
     constexpr auto patience = 2s;  // longer than any system buffers ahead
     closing_.setSingleShot(true);

@@ -36,7 +36,7 @@ ListView {
         source: list.source
     }
     header: Item {
-        width: list.width
+        width: list.width - 12
         height: list.source.stage === CleanListModel.Stage.Done ? banner.height + Theme.gap : 0
 
         ReportBanner {
@@ -47,7 +47,7 @@ ListView {
         }
     }
     delegate: ReviewRow {
-        width: list.width
+        width: list.width - 12
         focusShown: list.activeFocus && ListView.isCurrentItem
         onToggled: rows.toggle(index)
         onExpansionToggled: rows.toggleExpanded(index)

@@ -74,7 +74,7 @@ FocusScope {
 
     Shortcut { sequences: [StandardKey.Preferences, "Ctrl+,"]; onActivated: root.app.showSettings = true }
     Shortcut { sequences: [StandardKey.Quit]; onActivated: Qt.quit() }
-    Shortcut { sequence: StandardKey.Close; onActivated: root.Window.window.close() }
+    Shortcut { sequences: [StandardKey.Close]; onActivated: root.Window.window.close() }
     Shortcut { sequence: "Ctrl+Y"; onActivated: root.app.showHistory = true }
     Shortcut { sequence: "Escape"; enabled: root.app.showSettings; onActivated: root.app.showSettings = false }
     Repeater {

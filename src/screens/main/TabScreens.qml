@@ -14,10 +14,10 @@ QtObject {
     }
 
     readonly property Component settings: Component {
-        SettingsView { app: screens.app }
+        SettingsView { app: screens.app; focus: true }
     }
     readonly property Component clean: Component {
-        CleanTab { app: screens.app }
+        CleanTab { app: screens.app; focus: true }
     }
     readonly property Component later: Component {
         EmptyTab { tab: screens.app.tab }

@@ -1,0 +1,135 @@
+#include "screens/Stage.h"
+
+#include <QAccessible>
+#include <algorithm>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace tavrel::testing {
+namespace {
+
+/// Every screen that can be reached without a scan, and the review of a scan.
+std::vector<std::pair<const char*, std::function<void(Stage&)>>> screens() {
+    const auto tab = [](AppTab wanted) {
+        return [wanted](Stage& stage) { stage.state().chooseTab(static_cast<int>(wanted)); };
+    };
+    const auto settings = [](const char* section) {
+        return [section](Stage& stage) {
+            stage.state().setShowSettings(true);
+            stage.settle();
+            stage.press(section);
+        };
+    };
+    return {
+        {"clean", tab(AppTab::clean)},
+        {"apps", tab(AppTab::apps)},
+        {"optimize", tab(AppTab::optimize)},
+        {"analyze", tab(AppTab::analyze)},
+        {"status", tab(AppTab::status)},
+        {"general", settings("General")},
+        {"menu bar", settings("Menu Bar")},
+        {"protected", settings("Protected")},
+        {"code folders", settings("Code folders")},
+        {"review",
+         [](Stage& stage) {
+             stage.state().chooseTab(0);
+             CleanListModel& list = *stage.state().junk();
+             list.scan();
+             stage.until("the scan's end", [&] { return !list.isWorking(); });
+             list.setReviewing(true);
+         }},
+    };
+}
+
+TEST(Window, CutsNoTextAtItsSmallest) {
+    Stage stage;
+    stage.window().resize(stage.window().minimumSize());
+    const QRectF inside(QPointF(0, 0), QSizeF(stage.window().minimumSize()));
+    for (const auto& [name, open] : screens()) {
+        open(stage);
+        stage.settle();
+        for (QQuickItem* item : stage.items([](QQuickItem& each) { return each.inherits("QQuickText"); })) {
+            const QString text = item->property("text").toString();
+            const QRectF place = item->mapRectToScene(item->boundingRect());
+            if (text.isEmpty() || place.top() > inside.bottom()) continue;  // scrolled out of sight
+            EXPECT_FALSE(item->property("truncated").toBool()) << name << ": " << text.toStdString();
+            EXPECT_TRUE(place.left() >= -1 && place.right() <= inside.right() + 1)
+                << name << ": " << text.toStdString();
+        }
+    }
+}
+
+TEST(Window, NamesEveryControlForAScreenReader) {
+    Stage stage;
+    for (const auto& [name, open] : screens()) {
+        open(stage);
+        stage.settle();
+        const auto controls = stage.items([](QQuickItem& each) {
+            return each.inherits("QQuickAbstractButton") || each.inherits("QQuickSpinBox");
+        });
+        EXPECT_GE(controls.size(), 7U) << name;  // the tabs and two buttons are always there
+        for (QQuickItem* control : controls) {
+            QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(control);
+            ASSERT_NE(accessible, nullptr) << name;
+            EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty())
+                << name << ": " << control->metaObject()->className();
+            EXPECT_NE(accessible->role(), QAccessible::NoRole) << name;
+        }
+    }
+}
+
+TEST(Window, AllSettingsAreWorkedAndSurviveARestart) {
+    Stage stage;
+    stage.press("Settings");
+    for (const char* choice : {"Open at login", "Preview mode", "Always use the Trash", "Sound"}) {
+        stage.press(choice);
+    }
+    stage.press("Menu Bar");
+    stage.press("Battery");
+    stage.press("Code folders");
+    stage.press("~/Developer");
+    stage.press("Remove");
+    const PreferenceValues chosen = stage.state().preferences()->values();
+    EXPECT_TRUE(chosen.dryRun);
+    EXPECT_TRUE(chosen.alwaysTrash);
+    EXPECT_FALSE(chosen.sounds);
+    EXPECT_EQ(chosen.menuBarMetrics.back(), MenuBarMetric::battery);
+    EXPECT_EQ(std::count(chosen.projectRoots.begin(), chosen.projectRoots.end(), "~/Developer"), 0);
+    const bool opensAtLogin = stage.state().loginItem()->isEnabled();
+
+    stage.restart();
+    EXPECT_EQ(stage.state().preferences()->values(), chosen);
+    EXPECT_EQ(stage.state().loginItem()->isEnabled(), opensAtLogin);
+    EXPECT_TRUE(opensAtLogin);
+}
+
+TEST(Window, KeysGoFromTabToTabAndOutOfTheSettings) {
+    Stage stage;
+    stage.type(Qt::Key_4, Qt::ControlModifier);
+    EXPECT_EQ(stage.state().tab(), AppTab::analyze);
+    EXPECT_TRUE(stage.reads("See where the disk went."));
+    stage.type(Qt::Key_Comma, Qt::ControlModifier);
+    EXPECT_TRUE(stage.reads("Preview mode"));
+    stage.type(Qt::Key_4, Qt::ControlModifier);
+    EXPECT_FALSE(stage.state().showSettings());
+    stage.type(Qt::Key_Comma, Qt::ControlModifier);
+    stage.type(Qt::Key_Escape);
+    EXPECT_FALSE(stage.state().showSettings());
+}
+
+TEST(Window, WorkShowsOnItsTabAndGoesOnBehindAnother) {
+    Stage stage;
+    stage.press("Scan");
+    EXPECT_TRUE(stage.state().isBusy(AppTab::clean) ||
+                stage.state().junk()->stage() == CleanListModel::Stage::Ready);
+    stage.press("Status");
+    stage.until("the scan's end", [&] { return !stage.state().junk()->isWorking(); });
+    stage.press("Clean");
+    EXPECT_TRUE(stage.reads("Review results")) << "what was scanned is lost with the screen";
+}
+
+}  // namespace
+}  // namespace tavrel::testing

@@ -42,10 +42,10 @@ class Program {
     [[nodiscard]] UserDefaults& defaults() { return defaults_; }
     [[nodiscard]] LaunchAtLogin& launchAtLogin() { return *parts_.launchAtLogin; }
     [[nodiscard]] MainWindow& mainWindow() { return mainWindow_; }
-
-  private:
+    /// What one more list of removable things would be made over.
     [[nodiscard]] CleanServices services();
 
+  private:
     Parts parts_;
     UserDefaults defaults_;
     Preferences preferences_;

@@ -11,14 +11,14 @@ namespace tavrel {
 
 namespace {
 
-/// The paths as they stand in the record, made fit to be read.
-QStringList shownPaths(const History::Entry& entry) {
+/// The paths as they stand in the record, made fit to be read, one a line.
+QString shownPaths(const History::Entry& entry) {
     QStringList paths;
     paths.reserve(static_cast<qsizetype>(entry.paths.size()));
     for (const std::string& path : entry.paths) {
         paths.append(QString::fromStdString(Text::shown(Text::fromExact(path))));
     }
-    return paths;
+    return paths.join(QLatin1Char('\n'));
 }
 
 }  // namespace

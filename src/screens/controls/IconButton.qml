@@ -16,8 +16,8 @@ T.AbstractButton {
     opacity: enabled ? 1 : 0.35
     Accessible.name: text
 
-    Keys.onReturnPressed: control.click()
-    Keys.onEnterPressed: control.click()
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
 
     background: Rectangle {
         radius: Theme.radiusSmall

@@ -21,8 +21,8 @@ T.AbstractButton {
     scale: down ? 0.97 : 1
     Accessible.name: text
 
-    Keys.onReturnPressed: control.click()
-    Keys.onEnterPressed: control.click()
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
 
     Behavior on scale { NumberAnimation { duration: Theme.quick } }
 

@@ -7,6 +7,7 @@ T.SpinBox {
 
     required property string suffix
     property string name
+    readonly property string shown: value + suffix
 
     implicitWidth: 148
     implicitHeight: 30
@@ -14,7 +15,7 @@ T.SpinBox {
     rightPadding: 34
     focusPolicy: Qt.StrongFocus
     Accessible.name: name
-    Accessible.description: contentItem.text
+    Accessible.description: shown
 
     Keys.onPressed: event => {
         if (event.key !== Qt.Key_PageUp && event.key !== Qt.Key_PageDown) return
@@ -25,7 +26,7 @@ T.SpinBox {
     }
 
     contentItem: Label {
-        text: control.value + control.suffix
+        text: control.shown
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true

@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 FocusScope {
     id: bar
 
-    required property list<string> titles
+    required property var titles
     required property int selection
     property list<bool> busy: []
     property bool showsSelection: true

@@ -13,8 +13,8 @@ T.Switch {
     focusPolicy: Qt.StrongFocus
     Accessible.name: text
 
-    Keys.onReturnPressed: control.click()
-    Keys.onEnterPressed: control.click()
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
 
     indicator: Rectangle {
         anchors.fill: parent

@@ -10,7 +10,7 @@ Card {
     required property string action
     required property string countText
     required property string size
-    required property list<string> paths
+    required property string paths
     property bool expanded: false
 
     implicitHeight: head.height + (expanded ? details.implicitHeight + 12 : 0)
@@ -26,11 +26,11 @@ Card {
         text: row.date
         hoverEnabled: true
         focusPolicy: Qt.StrongFocus
-        Accessible.name: [row.date, row.action, row.countText, row.size].join(", ")
+        Accessible.name: row.date + ", " + row.action + ", " + row.countText + ", " + row.size
         Accessible.checkable: true
         Accessible.checked: row.expanded
         onClicked: row.expanded = !row.expanded
-        Keys.onReturnPressed: click()
+        Keys.onReturnPressed: clicked()
 
         background: Rectangle {
             radius: Theme.radius
@@ -98,7 +98,7 @@ Card {
         anchors.leftMargin: 16
         anchors.rightMargin: 16
         visible: row.expanded
-        text: row.expanded ? row.paths.join("\n") : ""
+        text: row.expanded ? row.paths : ""
         size: 10.5
         color: Theme.secondary
         wrapMode: Text.WrapAnywhere

@@ -28,8 +28,11 @@ TEST(CleanRun, WhatWasSkippedStaysAndStaysSelected) {
     const Items items = {safeItem("/a/1", 10), safeItem("/a/2", 200), reviewItem("/a/3", 3'000),
                          safeItem("/a/4", 40'000)};
     desk.find(items);
+    desk.list->clean();
     desk.list->setReviewing(true);
-    desk.clean({.freed = 200, .removed = {items[1]}, .skipped = {{items[0], "in use"}, {items[3], "gone"}}});
+    desk.runner.report(
+        {.freed = 200, .removed = {items[1]}, .skipped = {{items[0], "in use"}, {items[3], "gone"}}});
+    desk.clock.drain();
     EXPECT_THAT(CleanDesk::names(desk.list->items()), ElementsAre("1", "3", "4"));
     EXPECT_THAT(desk.selected(), UnorderedElementsAre("/a/1", "/a/4"));
     EXPECT_EQ(desk.list->selectedSize(), 40'010);
@@ -57,7 +60,9 @@ TEST(CleanRun, TheShowLastsItsTimeHoweverFastTheRemovalIs) {
     const Items items = many(24, 1'000);
     desk.find(items);
     const Instant start = desk.clock.now();
+    desk.list->setReviewing(true);
     desk.list->clean();
+    EXPECT_FALSE(desk.list->reviewing());  // it would hide the show
     desk.runner.report({.freed = 24'000, .removed = items});
     EXPECT_EQ(desk.list->feed()->remaining(), 24'000);
     desk.clock.advance(3.6);

@@ -42,6 +42,7 @@ const std::array modes = {
          "clean",
          {{"~/Library/Caches/com.spotify.client", true, away},
           {"~/Library/Logs/Zoom", true, away},
+          {"/Volumes/Stick/.Trashes/501/film", true, away},
           {"~/Library/Application Support/MobileSync/Backup/00008110-A", false, toTheTrash}}},
     Mode{CleanMode::ai,
          "ai",
@@ -54,6 +55,7 @@ const std::array modes = {
     Mode{CleanMode::installers,
          "installers",
          {{"~/Downloads/Firefox 118.dmg", true, toTheTrash},
+          {"/Applications/Install macOS Sonoma.app", true, toTheTrash},
           {"~/Downloads/Yesterday.pkg", false, toTheTrash}}},
 };
 
@@ -73,6 +75,8 @@ void fill(const testing::SampleMac& mac) {
     mac.file("~/Developer/today/Cargo.toml", 20);
     mac.bulk("~/Downloads/Firefox 118.dmg", 1'000'000, 50);
     mac.bulk("~/Downloads/Yesterday.pkg", 1'000'000, 1);
+    mac.folder("/Applications/Install macOS Sonoma.app", files, size, 300);
+    mac.folder("/Volumes/Stick/.Trashes/501/film", files, size, 4);
     mac.file("~/Documents/thesis.pages", 2'000, 300);
 }
 
@@ -150,7 +154,11 @@ TEST_P(CleanModesTest, WithoutAUsableTrashNothingIsDeletedInstead) {
     desk.mac.file("~/.Trash", 10);
     desk.preferences.setAlwaysTrash(true);
     ASSERT_TRUE(desk.scan(list()));
+    for (const CleanItem& item : list().selectedItems()) {
+        if (item.permanent) list().toggle({item.id()});  // would go for good in any case
+    }
     const auto selected = ids(list().selectedItems());
+    ASSERT_FALSE(selected.empty());
     ASSERT_TRUE(desk.clean(list()));
     ASSERT_NE(list().report(), nullptr);
     EXPECT_THAT(list().report()->removed, IsEmpty());

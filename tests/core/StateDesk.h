@@ -44,7 +44,7 @@ class SilentPlayer final : public SoundPlayer {
 /// and without a window.
 class StateDesk {
   public:
-    StateDesk() : mac(sandbox.folder("disk")), profile(mac.profile()) {}
+    StateDesk() : mac(sandbox.folder("disk")), profile(withStick(mac.profile())) {}
 
     /// Searches to the end; whether it came there.
     [[nodiscard]] bool scan(CleanListModel& list) {
@@ -59,7 +59,6 @@ class StateDesk {
     [[nodiscard]] bool isTrashed(const std::string& name) const {
         return std::filesystem::exists(mac.at("~/.Trash/" + name));
     }
-
     const Sandbox sandbox;
     const SampleMac mac;
     const Profile profile;
@@ -98,6 +97,13 @@ class StateDesk {
         .motion = motion,
         .shockwave = shockwave,
     });
+
+  private:
+    /// A Mac with a stick that has a Trash of its own.
+    [[nodiscard]] Profile withStick(Profile plain) const {
+        plain.scan.volumeTrashes = {mac.at("/Volumes/Stick/.Trashes/501")};
+        return plain;
+    }
 };
 
 }  // namespace tavrel::testing

@@ -3,7 +3,6 @@
 
 #include <QAbstractItemModelTester>
 #include <chrono>
-#include <ctime>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,10 +17,11 @@ using namespace std::chrono_literals;
 class HistoryModelTest : public ::testing::Test {
   protected:
     void record(const std::string& action, std::vector<std::string> paths, std::int64_t bytes) const {
+        const auto count = static_cast<std::int64_t>(paths.size());
         const auto error = History::record(file, {.id = History::newIdentifier(),
                                                   .date = date,
                                                   .action = action,
-                                                  .count = static_cast<std::int64_t>(paths.size()),
+                                                  .count = count,
                                                   .bytes = bytes,
                                                   .paths = std::move(paths)});
         ASSERT_FALSE(error);
@@ -54,6 +54,12 @@ TEST_F(HistoryModelTest, TellsEachRunAsAUserReadsItNewestFirst) {
     EXPECT_THAT(text(0, Role::date), ::testing::StartsWith("Mar 9, 2026"));
     EXPECT_EQ(text(1, Role::action), "clean");
     EXPECT_EQ(text(1, Role::countText), "1 item");
+}
+
+TEST_F(HistoryModelTest, NoActionCanForgeWhatIsRead) {
+    record("clean\n\x1b[31m", {"/a"}, 1);
+    model.load();
+    EXPECT_EQ(text(0, Role::action), "clean\\n\\x1B[31m");
 }
 
 TEST_F(HistoryModelTest, ReadsTheFileAnewEachTimeItIsAsked) {

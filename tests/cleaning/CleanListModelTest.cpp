@@ -11,7 +11,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::reviewItem;
 using testing::safeItem;
-using testing::settle;
 using ::testing::UnorderedElementsAre;
 using Stage = CleanListModel::Stage;
 using Ids = std::vector<std::string>;

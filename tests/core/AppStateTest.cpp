@@ -9,7 +9,6 @@ namespace tavrel {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::ElementsAre;
 using testing::StateDesk;
 
 class AppStateTest : public ::testing::Test {

@@ -37,7 +37,7 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
         case Role::date:
             return QString::fromStdString(dateAndTime(entry.date));
         case Role::action:
-            return QString::fromStdString(entry.action);
+            return QString::fromStdString(Text::shown(entry.action));
         case Role::countText:
             return QString::fromStdString(
                 counted("{} item", "{} items", static_cast<unsigned long>(entry.count)));

@@ -90,7 +90,7 @@ void Preferences::addFolders(PathList list, const std::vector<Path>& folders) {
     Texts& texts = values_.*field(list).member;
     const std::size_t before = texts.size();
     for (const Path& folder : folders) {
-        const std::string text = abbreviated(folder, home_);
+        const std::string text = abbreviated(Paths::standardized(folder), home_);
         if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
     }
     if (texts.size() != before) changed(field(list).key, field(list).signal);

@@ -1,0 +1,83 @@
+#include "cleaning/CleaningHome.h"
+#include "support/EventLoop.h"
+
+#include <QFutureWatcher>
+#include <QThread>
+#include <atomic>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tavrel {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::CleaningHome;
+using ::testing::ElementsAre;
+using testing::settle;
+using testing::waitUntil;
+using Report = CleanRunner::Report;
+
+/// Takes its time for each thing and notes how many were on their way at once.
+class SlowTrash final : public Trash {
+  public:
+    explicit SlowTrash(std::atomic<int>& done, std::atomic<int>& mostAtOnce)
+        : done_(done), mostAtOnce_(mostAtOnce) {}
+
+    [[nodiscard]] Removal::Outcome trash(const Removal::Target& /*target*/) override {
+        const int here = ++inside_;
+        if (here > mostAtOnce_) mostAtOnce_ = here;
+        QThread::msleep(20);
+        --inside_;
+        ++done_;
+        return {};
+    }
+    void erased(const fs::path& /*path*/) override {}
+    [[nodiscard]] fs::path contents() const override { return {}; }
+    [[nodiscard]] fs::path home() const override { return {}; }
+
+  private:
+    std::atomic<int>& done_;
+    std::atomic<int>& mostAtOnce_;
+    std::atomic<int> inside_ = 0;
+};
+
+TEST(BackgroundCleaner, ProgressArrivesOnTheMainThreadInOrderAndBeforeTheReport) {
+    CleaningHome home;
+    std::vector<double> told;
+    QFutureWatcher<Report> watcher;
+    const auto note = [&](double value) {
+        EXPECT_EQ(QThread::currentThread(), QCoreApplication::instance()->thread());
+        told.push_back(value);
+    };
+    constexpr double reported = -1;
+    QObject::connect(&watcher, &QFutureWatcherBase::finished, [&] { note(reported); });
+    const std::vector<CleanItem> items = {home.item("a"), home.item("b"), home.item("c"), home.item("d")};
+    watcher.setFuture(home.cleaner->clean(home.job(items, note)));
+    ASSERT_TRUE(waitUntil([&] { return !told.empty() && told.back() == reported; }));
+    EXPECT_THAT(told, ElementsAre(0.25, 0.5, 0.75, 1.0, reported));
+
+    EXPECT_EQ(watcher.result()->removed, items);
+    EXPECT_EQ(watcher.result()->trashed, 40);
+    for (const char* name : {"a", "b", "c", "d"}) EXPECT_TRUE(fs::exists(home.trash->contents() / name));
+}
+
+TEST(BackgroundCleaner, ItsEndWaitsForTheRunsThatItTookOnAndThoseComeOneByOne) {
+    std::atomic<int> done = 0;
+    std::atomic<int> mostAtOnce = 0;
+    CleaningHome home(std::make_unique<SlowTrash>(done, mostAtOnce));
+    int told = 0;
+    const auto count = [&](double) { ++told; };
+    const auto first = home.cleaner->clean(home.job({home.item("a"), home.item("b")}, count));
+    const auto second = home.cleaner->clean(home.job({home.item("c"), home.item("d")}, count));
+    home.cleaner.reset();
+    EXPECT_EQ(done, 4);
+    EXPECT_EQ(mostAtOnce, 1);
+    EXPECT_EQ(first.result()->removed.size(), 2U);
+    EXPECT_EQ(second.result()->removed.size(), 2U);
+    settle();
+    EXPECT_EQ(told, 0);  // nobody is left who could be told
+}
+
+}  // namespace
+}  // namespace tavrel

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "cleaning/BackgroundCleaner.h"
+#include "cleaning/Stage.h"
+#include "platform/FolderAccess.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace tavrel::testing {
+
+/// Nobody answers the prompt for the password.
+class AbsentAdministrator final : public Administrator {
+  public:
+    [[nodiscard]] CommandResult run(const std::string& /*script*/,
+                                    std::chrono::duration<double> /*timeout*/) override {
+        return {.status = 1, .output = Administrator::dismissed};
+    }
+    [[nodiscard]] bool mayName(const std::filesystem::path& /*path*/) const override { return true; }
+};
+
+/// A home with a Trash, and the cleaner that works in it on a thread of its own.
+class CleaningHome {
+  public:
+    explicit CleaningHome(std::unique_ptr<Trash> own = nullptr)
+        : trash(own ? std::move(own) : makeTrash(Layout::freedesktop, systemFolderAccess(), stage.home())),
+          cleaner(std::make_unique<BackgroundCleaner>(
+              Cleaner::Tools{.access = systemFolderAccess(),
+                             .trash = *trash,
+                             .administrator = administrator,
+                             .systemRoots = {stage.sandbox.path("system")},
+                             .history = stage.sandbox.path("support/history.json"),
+                             .now = [] { return Instant(); }})) {}
+
+    /// A file below the home that goes to the Trash when it is removed.
+    [[nodiscard]] CleanItem item(const std::string& name) const {
+        return {
+            .url = stage.sandbox.file("home/" + name, 10), .size = 10, .category = CleanCategory::installers};
+    }
+    [[nodiscard]] CleanJob job(
+        std::vector<CleanItem> items, std::function<void(double)> progress = [](double) {}) const {
+        return {.items = std::move(items),
+                .action = "installers",
+                .guard = stage.guard(),
+                .options = {},
+                .progress = std::move(progress)};
+    }
+
+    Stage stage;
+    std::unique_ptr<Trash> trash;
+    AbsentAdministrator administrator;
+    std::unique_ptr<BackgroundCleaner> cleaner;
+};
+
+}  // namespace tavrel::testing

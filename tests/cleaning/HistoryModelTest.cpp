@@ -1,0 +1,93 @@
+#include "cleaning/HistoryModel.h"
+#include "core/DateText.h"
+#include "support/Sandbox.h"
+
+#include <QAbstractItemModelTester>
+#include <chrono>
+
+#include <gtest/gtest.h>
+
+namespace tavrel {
+namespace {
+
+using testing::Sandbox;
+using Role = HistoryModel::Role;
+using namespace std::chrono_literals;
+
+class HistoryModelTest : public ::testing::Test {
+  protected:
+    void record(const std::string& action, std::vector<std::string> paths, std::int64_t bytes) const {
+        const auto count = static_cast<std::int64_t>(paths.size());
+        const auto error = History::record(file, {.id = History::newIdentifier(),
+                                                  .date = date,
+                                                  .action = action,
+                                                  .count = count,
+                                                  .bytes = bytes,
+                                                  .paths = std::move(paths)});
+        ASSERT_FALSE(error);
+    }
+    [[nodiscard]] QVariant at(int row, Role role) const {
+        return model.data(model.index(row), static_cast<int>(role));
+    }
+    [[nodiscard]] std::string text(int row, Role role) const {
+        return at(row, role).toString().toStdString();
+    }
+
+    const Sandbox sandbox;
+    const std::filesystem::path file = sandbox.path("support/history.json");
+    const Instant date = std::chrono::sys_days(std::chrono::year(2026) / 3 / 9) + 12h;
+    HistoryModel model{file};
+    const QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+TEST_F(HistoryModelTest, TellsEachRunAsAUserReadsItNewestFirst) {
+    record("clean", {"/home/ana/one"}, 1'000);
+    record("purge", {"/home/ana/two\nlines", "/home/ana/\\xFF", "/home/ana/tail\\\\"}, 2'500'000);
+    EXPECT_EQ(model.count(), 0);  // read when the sheet opens, not before
+    model.load();
+    ASSERT_EQ(model.count(), 2);
+    EXPECT_EQ(text(0, Role::action), "purge");
+    EXPECT_EQ(text(0, Role::countText), "3 items");
+    EXPECT_EQ(text(0, Role::size), "2.5 MB");
+    EXPECT_EQ(at(0, Role::paths).toStringList(),
+              QStringList({"/home/ana/two\\nlines", "/home/ana/\\xFF", "/home/ana/tail\\"}));
+    EXPECT_EQ(text(0, Role::date), dateAndTime(date));
+    EXPECT_EQ(text(1, Role::action), "clean");
+    EXPECT_EQ(text(1, Role::countText), "1 item");
+}
+
+TEST_F(HistoryModelTest, NoActionCanForgeWhatIsRead) {
+    record("clean\n\x1b[31m", {"/a"}, 1);
+    model.load();
+    EXPECT_EQ(text(0, Role::action), "clean\\n\\x1B[31m");
+}
+
+TEST_F(HistoryModelTest, ReadsTheFileAnewEachTimeItIsAsked) {
+    record("clean", {"/a"}, 1);
+    model.load();
+    record("ai", {"/b"}, 2);
+    EXPECT_EQ(model.count(), 1);
+    model.load();
+    EXPECT_EQ(text(0, Role::action), "ai");
+    EXPECT_EQ(model.count(), 2);
+    sandbox.text("support/history.json", "[{\"id\": 7}]");
+    model.load();
+    EXPECT_EQ(model.count(), 0);
+}
+
+TEST_F(HistoryModelTest, ClearingTakesTheFileAwayAndTellsTheSheet) {
+    record("clean", {"/a"}, 1);
+    model.load();
+    int told = 0;
+    QObject::connect(&model, &HistoryModel::countChanged, [&] { ++told; });
+    model.clear();
+    EXPECT_EQ(model.count(), 0);
+    EXPECT_EQ(told, 1);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    model.clear();
+    model.load();
+    EXPECT_EQ(model.count(), 0);
+}
+
+}  // namespace
+}  // namespace tavrel

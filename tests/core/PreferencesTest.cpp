@@ -1,0 +1,143 @@
+#include "core/Preferences.h"
+#include "support/Sandbox.h"
+
+#include <QSignalSpy>
+#include <functional>
+
+#include <gmock/gmock.h>
+
+namespace tavrel {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::contentOf;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using testing::Sandbox;
+using Folders = std::vector<fs::path>;
+using List = Preferences::PathList;
+
+std::string settings(const std::string& entries) {
+    return "<plist version=\"1.0\"><dict>" + entries + "</dict></plist>";
+}
+
+class PreferencesTest : public ::testing::Test {
+  protected:
+    /// The values as the next start of the program reads them.
+    [[nodiscard]] PreferenceValues afterRestart() const { return PreferenceValues::read(UserDefaults(file)); }
+
+    const Sandbox sandbox;
+    const fs::path file = sandbox.path("settings.plist");
+    UserDefaults defaults{file};
+    Preferences preferences{defaults, "/home/ana"};
+};
+
+TEST_F(PreferencesTest, EachChangeIsToldOnceAndSurvivesARestart) {
+    struct Row {
+        const char* signal;
+        std::function<void()> change;
+        std::function<void(PreferenceValues&)> expect;
+    };
+    const Row rows[] = {
+        {SIGNAL(dryRunChanged()), [&] { preferences.setDryRun(true); }, [](auto& v) { v.dryRun = true; }},
+        {SIGNAL(alwaysTrashChanged()), [&] { preferences.setAlwaysTrash(true); },
+         [](auto& v) { v.alwaysTrash = true; }},
+        {SIGNAL(soundsChanged()), [&] { preferences.setSounds(false); }, [](auto& v) { v.sounds = false; }},
+        {SIGNAL(staleProjectDaysChanged()), [&] { preferences.setStaleProjectDays(90); },
+         [](auto& v) { v.staleProjectDays = 90; }},
+        {SIGNAL(protectedPathsChanged()),
+         [&] { preferences.addFolders(List::protectedPaths, Folders{"/srv/\xff"}); },
+         [](auto& v) { v.protectedPaths = {"/srv/\xff"}; }},
+        {SIGNAL(projectRootsChanged()), [&] { preferences.removeFolder(List::projectRoots, 1); },
+         [](auto& v) { v.projectRoots.erase(v.projectRoots.begin() + 1); }},
+        {SIGNAL(menuBarMetricsChanged()), [&] { preferences.toggleMetric(MenuBarMetric::memory); },
+         [](auto& v) { v.menuBarMetrics = {MenuBarMetric::cpu}; }},
+    };
+    PreferenceValues expected;
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.signal);
+        const QSignalSpy told(&preferences, row.signal);
+        row.expect(expected);
+        row.change();
+        EXPECT_EQ(preferences.values(), expected);
+        EXPECT_EQ(afterRestart(), expected);
+        EXPECT_EQ(told.size(), 1);
+    }
+}
+
+TEST_F(PreferencesTest, WhatIsSetAgainIsNeitherToldNorWritten) {
+    const QSignalSpy told(&preferences, &Preferences::soundsChanged);
+    preferences.setSounds(true);
+    EXPECT_EQ(told.size(), 0);
+    EXPECT_FALSE(fs::exists(file));
+}
+
+TEST_F(PreferencesTest, TheDaysOfAnOldProjectStayWithinAYear) {
+    struct Row {
+        int asked;
+        int kept;
+    };
+    for (const Row& row : {Row{0, 1}, Row{-5, 1}, Row{365, 365}, Row{366, 365}, Row{1, 1}, Row{30, 30}}) {
+        preferences.setStaleProjectDays(row.asked);
+        EXPECT_EQ(preferences.staleProjectDays(), row.kept);
+        EXPECT_EQ(afterRestart().staleProjectDays, row.kept);
+    }
+}
+
+TEST_F(PreferencesTest, AMetricTakesItsPlaceAmongThoseChosenBefore) {
+    using enum MenuBarMetric;
+    for (const MenuBarMetric metric : {battery, gpu, cpu, cpu, memory, memory})
+        preferences.toggleMetric(metric);
+    EXPECT_THAT(preferences.menuBarMetrics(), ElementsAre(cpu, gpu, memory, battery));
+    for (const MenuBarMetric metric : {cpu, gpu, memory, battery}) preferences.toggleMetric(metric);
+    EXPECT_THAT(afterRestart().menuBarMetrics, IsEmpty());
+}
+
+TEST_F(PreferencesTest, UnknownProtectedFoldersAreKnownAgainOnceTheListIsEdited) {
+    const char* const wrongType =
+        "<key>protectedPaths</key><string>~/Keep</string><key>dryRun</key><integer>"
+        "1</integer><key>alwaysTrash</key><true/>";
+    struct Row {
+        std::string content;
+        bool known;
+    };
+    const Row rows[] = {
+        {settings(""), true},
+        {settings("<key>dryRun</key><string>yes</string>"), true},
+        {settings("<key>protectedPaths</key><array><string>~/Keep</string></array>"), true},
+        {settings(wrongType), false},
+        {"no property list", false},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.content);
+        UserDefaults own(sandbox.text("own.plist", row.content));
+        Preferences held(own, "/home/ana");
+        EXPECT_EQ(held.knowsProtectedPaths(), row.known);
+        EXPECT_FALSE(held.dryRun());
+        held.addFolders(List::protectedPaths, Folders{"/home/ana/Keep", "/home/ana/More"});
+        EXPECT_TRUE(held.knowsProtectedPaths());
+        EXPECT_THAT(PreferenceValues::read(UserDefaults(own.file())).protectedPaths,
+                    ElementsAre("~/Keep", "~/More"));
+    }
+    UserDefaults own(sandbox.text("own.plist", settings(wrongType)));
+    Preferences held(own, "/home/ana");
+    held.setDryRun(true);
+    EXPECT_FALSE(held.knowsProtectedPaths());  // for that says nothing of them
+}
+
+TEST_F(PreferencesTest, WhatCannotBeWrittenHoldsUntilTheEnd) {
+    UserDefaults unwritable(sandbox.text("taken", "a file") / "settings.plist");
+    Preferences held(unwritable, "/home/ana");
+    const QSignalSpy told(&held, &Preferences::dryRunChanged);
+    held.setDryRun(true);
+    held.addFolders(List::protectedPaths, Folders{"/home/ana/Keep"});
+    held.toggleMetric(MenuBarMetric::cpu);
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_TRUE(held.dryRun());
+    EXPECT_EQ(held.protectedPaths(), QStringList("~/Keep"));
+    EXPECT_THAT(held.menuBarMetrics(), ElementsAre(MenuBarMetric::memory));
+    EXPECT_EQ(contentOf(sandbox.path("taken")), "a file");
+}
+
+}  // namespace
+}  // namespace tavrel

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "cleaning/BackgroundCleaner.h"
+#include "core/AppState.h"
+#include "platform/FolderAccess.h"
+#include "platform/SoundPlayer.h"
+#include "presentation/FakeIconSource.h"
+#include "presentation/FileIcons.h"
+#include "presentation/Sounds.h"
+#include "support/EventLoop.h"
+#include "support/ManualClock.h"
+#include "support/SampleMac.h"
+#include "support/Sandbox.h"
+
+#include <memory>
+#include <set>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tavrel::testing {
+
+/// A system that registers login items only while it is told to.
+class FakeLogin final : public LaunchAtLogin {
+  public:
+    bool works = true;
+    bool enabled = false;
+
+    [[nodiscard]] bool launchedAsLoginItem() const override { return false; }
+    [[nodiscard]] bool isEnabled() const override { return enabled; }
+    bool set(bool on) override {
+        if (works) enabled = on;
+        return works;
+    }
+};
+
+class SilentPlayer final : public SoundPlayer {
+  public:
+    void play(std::span<const float> /*samples*/, int /*sampleRate*/) override {}
+};
+
+/// The state of the whole program over a small sample disk: real searches and real removals, in stepped time
+/// and without a window.
+class StateDesk {
+  public:
+    StateDesk() : mac(sandbox.folder("disk")), profile(withStick(mac.profile())) {}
+
+    /// Searches to the end; whether it came there.
+    [[nodiscard]] bool scan(CleanListModel& list) {
+        list.scan();
+        return waitUntil([&list] { return !list.isWorking(); }, clock);
+    }
+    /// Removes what is selected, with the whole show.
+    [[nodiscard]] bool clean(CleanListModel& list) {
+        list.clean();
+        return waitUntil([&list] { return !list.isWorking(); }, clock);
+    }
+    [[nodiscard]] bool isTrashed(const std::string& name) const {
+        return std::filesystem::exists(mac.at("~/.Trash/" + name));
+    }
+    const Sandbox sandbox;
+    const SampleMac mac;
+    const Profile profile;
+    UserDefaults defaults{profile.places.preferences()};
+    Preferences preferences{defaults, profile.places.home()};
+    ManualClock clock{now()};
+    SystemTools tools{profile};
+    FakeIconSource iconSource;
+    FileIcons icons{iconSource, IconOwners::macos(profile.places.home())};
+    MotionPause motion;
+    Shockwave shockwave;
+    SilentPlayer player;
+    Sounds sounds{preferences, shockwave, player, clock};
+    FakeLogin login;
+    BackgroundCleaner cleaner{{
+        .access = systemFolderAccess(),
+        .trash = tools.trash(),
+        .administrator = tools.administrator(),
+        .systemRoots = profile.scan.system.roots,
+        .history = profile.places.history(),
+        .now = [] { return now(); },
+    }};
+    std::unique_ptr<AppState> state = std::make_unique<AppState>(AppServices{
+        .profile = profile,
+        .tools = tools,
+        .clean = {.clock = clock,
+                  .preferences = preferences,
+                  .icons = icons,
+                  .sounds = sounds,
+                  .runner = cleaner,
+                  .safetyGuard =
+                      [this](std::vector<std::filesystem::path> extraRoots) {
+                          return profile.safetyGuard(preferences.values(), std::move(extraRoots));
+                      }},
+        .launchAtLogin = login,
+        .motion = motion,
+        .shockwave = shockwave,
+    });
+
+  private:
+    /// A Mac with a stick that has a Trash of its own.
+    [[nodiscard]] Profile withStick(Profile plain) const {
+        plain.scan.volumeTrashes = {mac.at("/Volumes/Stick/.Trashes/501")};
+        return plain;
+    }
+};
+
+}  // namespace tavrel::testing

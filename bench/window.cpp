@@ -168,6 +168,7 @@ bool row(std::string_view what, double value, std::string_view unit, double targ
 
 int table(const char* self) {
     std::vector<double> starts;
+    starts.reserve(runs);
     for (int run = 0; run < runs; ++run) starts.push_back(child(self, QStringLiteral("first-frame"))[0]);
     const auto [toggle, read] = child(self, QStringLiteral("review"));
     const auto [stars, starFrames] = child(self, QStringLiteral("idle"));

@@ -96,6 +96,10 @@ QString CleanListModel::reportText() const {
     return report() == nullptr ? QString() : QString::fromStdString(CleanTexts::banner(*report()));
 }
 
+QString CleanListModel::skippedReasons() const {
+    return report() == nullptr ? QString() : QString::fromStdString(CleanTexts::reasons(*report()));
+}
+
 QString CleanListModel::selectedSizeText() const {
     return QString::fromStdString(byteCount(selectedSize_));
 }

@@ -42,6 +42,7 @@ class CleanListModel final : public QObject {
     Q_PROPERTY(bool preview READ isPreview NOTIFY phaseChanged)
     Q_PROPERTY(bool trashedSome READ trashedSome NOTIFY phaseChanged)
     Q_PROPERTY(QString reportText READ reportText NOTIFY phaseChanged)
+    Q_PROPERTY(QString skippedReasons READ skippedReasons NOTIFY phaseChanged)
     Q_PROPERTY(bool reviewing READ reviewing WRITE setReviewing NOTIFY reviewingChanged)
     Q_PROPERTY(tavrel::SwallowFeed* feed READ feed NOTIFY feedChanged)
     Q_PROPERTY(int itemCount READ itemCount NOTIFY itemsChanged)
@@ -91,6 +92,7 @@ class CleanListModel final : public QObject {
     [[nodiscard]] bool isPreview() const { return report() != nullptr && report()->dryRun; }
     [[nodiscard]] bool trashedSome() const { return report() != nullptr && report()->trashed >= 1; }
     [[nodiscard]] QString reportText() const;
+    [[nodiscard]] QString skippedReasons() const;
     [[nodiscard]] int itemCount() const { return static_cast<int>(items_.size()); }
     [[nodiscard]] int selectedCount() const { return selectedCount_; }
     [[nodiscard]] std::int64_t selectedSize() const { return selectedSize_; }

@@ -3,6 +3,11 @@
 #include "core/ByteCount.h"
 #include "core/Phrase.h"
 
+#include <algorithm>
+#include <map>
+#include <utility>
+#include <vector>
+
 namespace tavrel::CleanTexts {
 
 namespace {
@@ -68,6 +73,20 @@ std::string heroTitle(const CleanPhase& phase, const Figures& figures, const Idl
 
 std::string heroSubtitle(const CleanPhase& phase, const Figures& figures, const Idle& idle) {
     return std::visit(Subtitle{figures, idle}, phase);
+}
+
+std::string reasons(const CleanReport& report) {
+    std::map<std::string, std::size_t> counts;
+    for (const auto& [item, reason] : report.skipped) ++counts[reason];
+    std::vector<std::pair<std::string, std::size_t>> sorted(counts.begin(), counts.end());
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const auto& a, const auto& b) { return a.second > b.second; });
+    std::string lines;
+    for (const auto& [reason, count] : sorted) {
+        if (!lines.empty()) lines += '\n';
+        lines += phrase("{} skipped: {}", count, Text::shown(reason));
+    }
+    return lines;
 }
 
 std::string banner(const CleanReport& report) {

@@ -28,6 +28,9 @@ struct Idle {
 [[nodiscard]] std::string heroTitle(const CleanPhase& phase, const Figures& figures, const Idle& idle);
 [[nodiscard]] std::string heroSubtitle(const CleanPhase& phase, const Figures& figures, const Idle& idle);
 
+/// Why things were skipped, the most frequent reason first, one a line; empty when nothing was.
+[[nodiscard]] std::string reasons(const CleanReport& report);
+
 /// One line on what a clean did or, in a preview, would have done.
 [[nodiscard]] std::string banner(const CleanReport& report);
 

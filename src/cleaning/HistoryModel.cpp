@@ -5,6 +5,7 @@
 #include "core/Phrase.h"
 
 #include <QStringList>
+#include <algorithm>
 #include <utility>
 
 namespace tavrel {
@@ -39,8 +40,8 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
         case Role::action:
             return QString::fromStdString(Text::shown(entry.action));
         case Role::countText:
-            return QString::fromStdString(
-                counted("{} item", "{} items", static_cast<unsigned long>(entry.count)));
+            return QString::fromStdString(counted(
+                "{} item", "{} items", static_cast<unsigned long>(std::max<std::int64_t>(entry.count, 0))));
         case Role::size:
             return QString::fromStdString(byteCount(entry.bytes));
         case Role::paths:

@@ -1,8 +1,8 @@
 #include "cli/AddCommand.h"
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
-#include "core/Phrase.h"
 #include "core/Files.h"
+#include "core/Phrase.h"
 #include "presentation/WaveFile.h"
 #include "presentation/Whoomp.h"
 

@@ -1,7 +1,6 @@
 #include "cli/CommandLine.h"
 #include "engine/Language.h"
 
-
 int main(int argc, char** argv) {
     using namespace tavrel::cli;
     tavrel::Language::use();

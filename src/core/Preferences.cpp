@@ -129,9 +129,13 @@ void Preferences::assign(T PreferenceValues::*member, T value, const char* key, 
 }
 
 void Preferences::changed(const char* key, Signal signal) {
-    if (const auto value = values_.value(key)) {
-        const std::error_code failure = defaults_.set(key, *value);
-        if (!failure) knowsProtectedPaths_ = knowsProtectedPaths_ || canReadProtectedPaths(defaults_);
+    // Only the barred folders, chosen anew, may take the place of a file that nobody could read: any other
+    // write would set it aside, and the next start would believe that nothing is barred.
+    const bool mayWrite =
+        defaults_.state() != UserDefaults::State::damaged || key == std::string_view("protectedPaths");
+    const auto value = values_.value(key);
+    if (value && mayWrite && !defaults_.set(key, *value)) {
+        knowsProtectedPaths_ = canReadProtectedPaths(defaults_);
     }
     Q_EMIT(this->*signal)();
 }

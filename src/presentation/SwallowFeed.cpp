@@ -67,7 +67,8 @@ QCoro::Task<> SwallowFeed::run(double minimum) {
         co_await clock.sleep(seconds(pause));
         if (!self) co_return;
     }
-    const Instant end = lastFallen();
+    // A run of few items would be over before it was seen.
+    const Instant end = shown_ > 0 ? std::max(lastFallen(), start + seconds(minimum)) : clock.now();
     if (end > clock.now()) {
         co_await clock.sleep(end - clock.now());
         if (!self) co_return;

@@ -42,13 +42,13 @@ void CleanDesk::clean(const CleanReport& report) {
 
 void CleanDesk::reach(Stage stage) {
     const Items items = {safeItem("/a/selected"), reviewItem("/a/other")};
-    if (stage == Stage::idle) return;
+    if (stage == Stage::Idle) return;
     list->scan();
-    if (stage == Stage::scanning) return;
+    if (stage == Stage::Scanning) return;
     endScan(items);
-    if (stage == Stage::ready) return;
+    if (stage == Stage::Ready) return;
     list->clean();
-    if (stage == Stage::cleaning) return;
+    if (stage == Stage::Cleaning) return;
     runner.report({.skipped = {{items[0], "in use"}}});
     clock.drain();
 }

@@ -18,10 +18,10 @@ TEST(CleanJob, TheJobIsToldWhatHoldsWhenItBegins) {
     const auto folder = desk.sandbox.folder("home/kept");
     desk.list->setExtraRoots({"/Applications"});
     desk.find({safeItem((folder / "cache").native())});
-    desk.preferences.addFolders(PathList::protectedPaths, std::vector<std::filesystem::path>{folder});
+    desk.preferences.addFolders(PathList::ProtectedPaths, std::vector<std::filesystem::path>{folder});
     desk.preferences.setAlwaysTrash(true);
     desk.list->clean();
-    desk.preferences.removeFolder(PathList::protectedPaths, 0);  // too late for this run
+    desk.preferences.removeFolder(PathList::ProtectedPaths, 0);  // too late for this run
     desk.preferences.setAlwaysTrash(false);
 
     const CleanJob& job = desk.runner.jobs.at(0);

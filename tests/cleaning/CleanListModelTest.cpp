@@ -33,9 +33,9 @@ TEST(CleanListModel, NothingBeginsWhileSomethingGoesOn) {
         bool cleans;
     };
     constexpr Row rows[] = {
-        {Stage::idle, true, false},  // nothing is selected before the first scan
-        {Stage::scanning, false, false}, {Stage::ready, true, true},
-        {Stage::cleaning, false, false}, {Stage::done, true, true},
+        {Stage::Idle, true, false},  // nothing is selected before the first scan
+        {Stage::Scanning, false, false}, {Stage::Ready, true, true},
+        {Stage::Cleaning, false, false}, {Stage::Done, true, true},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(static_cast<int>(row.stage));
@@ -45,14 +45,14 @@ TEST(CleanListModel, NothingBeginsWhileSomethingGoesOn) {
         const int searches = scanned.search.begun;
         scanned.list->scan();
         EXPECT_EQ(scanned.search.begun, searches + (row.scans ? 1 : 0));
-        EXPECT_EQ(scanned.list->stage(), row.scans ? Stage::scanning : row.stage);
+        EXPECT_EQ(scanned.list->stage(), row.scans ? Stage::Scanning : row.stage);
 
         CleanDesk cleaned;
         cleaned.reach(row.stage);
         const std::size_t runs = cleaned.runner.jobs.size();
         cleaned.list->clean();
         EXPECT_EQ(cleaned.runner.jobs.size(), runs + (row.cleans ? 1 : 0));
-        EXPECT_EQ(cleaned.list->stage(), row.cleans ? Stage::cleaning : row.stage);
+        EXPECT_EQ(cleaned.list->stage(), row.cleans ? Stage::Cleaning : row.stage);
     }
 }
 
@@ -72,7 +72,7 @@ TEST(CleanListModel, TheStagesFollowOneAnotherAndTheWorkIsTold) {
     EXPECT_FALSE(desk.list->isWorking());
     desk.list->scan();
     EXPECT_THAT(stages.all,
-                ElementsAre(Stage::scanning, Stage::ready, Stage::cleaning, Stage::done, Stage::scanning));
+                ElementsAre(Stage::Scanning, Stage::Ready, Stage::Cleaning, Stage::Done, Stage::Scanning));
 }
 
 TEST(CleanListModel, AScanSelectsWhatIsSafeAndNothingElse) {
@@ -103,7 +103,7 @@ TEST(CleanListModel, AnotherScanForgetsTheFormerOnlyWhenItEnds) {
     EXPECT_FALSE(desk.list->reviewing());
 
     desk.find({});
-    EXPECT_EQ(desk.list->stage(), Stage::ready);
+    EXPECT_EQ(desk.list->stage(), Stage::Ready);
     EXPECT_EQ(desk.list->itemCount(), 0);
     EXPECT_THAT(desk.list->grouped(), IsEmpty());
 }

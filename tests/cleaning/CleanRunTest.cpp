@@ -66,13 +66,13 @@ TEST(CleanRun, TheShowLastsItsTimeHoweverFastTheRemovalIs) {
     desk.runner.report({.freed = 24'000, .removed = items});
     EXPECT_EQ(desk.list->feed()->remaining(), 24'000);
     desk.clock.advance(3.6);
-    EXPECT_EQ(desk.list->stage(), Stage::cleaning);
+    EXPECT_EQ(desk.list->stage(), Stage::Cleaning);
     EXPECT_EQ(desk.list->itemCount(), 24);
     EXPECT_EQ(desk.player.sounds, 0);
 
-    while (desk.list->stage() != Stage::done && desk.clock.now() < start + seconds(60))
+    while (desk.list->stage() != Stage::Done && desk.clock.now() < start + seconds(60))
         desk.clock.advance(0.01);
-    EXPECT_EQ(desk.list->stage(), Stage::done);
+    EXPECT_EQ(desk.list->stage(), Stage::Done);
     EXPECT_EQ(desk.list->itemCount(), 0);
     ASSERT_NE(desk.list->feed(), nullptr);
     EXPECT_EQ(desk.list->feed()->remaining(), 0);
@@ -85,10 +85,10 @@ TEST(CleanRun, NoShowEndsBeforeTheRemovalDoes) {
     desk.list->clean();
     desk.runner.jobs.at(0).progress(1);
     desk.clock.advance(60.0);
-    EXPECT_EQ(desk.list->stage(), Stage::cleaning);
+    EXPECT_EQ(desk.list->stage(), Stage::Cleaning);
     desk.runner.report({.freed = 2'000, .removed = many(2, 1'000)});
     desk.clock.advance(0.1);
-    EXPECT_EQ(desk.list->stage(), Stage::done);
+    EXPECT_EQ(desk.list->stage(), Stage::Done);
 }
 
 TEST(CleanRun, ProgressReachesTheFeedAndThePhase) {
@@ -147,7 +147,7 @@ TEST(CleanRun, TheWaveIsAsStrongAsWhatWentAndAbsentWhereNothingDid) {
     CleanDesk desk;
     desk.find({safeItem("/a/1")});
     desk.clean({.skipped = {{safeItem("/a/1"), "in use"}}});
-    EXPECT_EQ(desk.list->stage(), Stage::done);
+    EXPECT_EQ(desk.list->stage(), Stage::Done);
     EXPECT_EQ(desk.player.sounds, 0);
     EXPECT_FALSE(desk.shockwave.start());
 }

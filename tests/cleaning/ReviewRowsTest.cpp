@@ -32,7 +32,7 @@ class ReviewRowsTest : public ::testing::Test {
     [[nodiscard]] std::string text(int row, Role role) const {
         return at(row, role).toString().toStdString();
     }
-    [[nodiscard]] Mark mark(int row) const { return at(row, Role::mark).value<Mark>(); }
+    [[nodiscard]] Mark mark(int row) const { return static_cast<Mark>(at(row, Role::mark).toInt()); }
 
     /// What a user sees: "+" before an open head, "-" before a closed one, and the mark of each row.
     [[nodiscard]] Lines lines() const {
@@ -184,8 +184,8 @@ TEST_F(ReviewRowsTest, AHugeCategoryOpensAndIsMarkedAsAWhole) {
     ASSERT_EQ(rows.count(), count + 2);
     EXPECT_EQ(text(count, Role::title), "19999");
     rows.toggle(0);
-    EXPECT_EQ(mark(0), Mark::on);
-    EXPECT_EQ(mark(count), Mark::on);
+    EXPECT_EQ(mark(0), Mark::On);
+    EXPECT_EQ(mark(count), Mark::On);
     EXPECT_EQ(text(0, Role::selectedText), "20000 selected");
     EXPECT_EQ(text(0, Role::size), "20 MB");
     rows.toggle(count / 2);

@@ -70,7 +70,7 @@ TEST_F(AppStateTest, AScanGoesByThePreferencesOfItsBeginning) {
     const auto cache = desk.mac.folder("~/Library/Caches/com.spotify.client", 12, 20'000);
     ASSERT_TRUE(desk.scan(*state().junk()));
     EXPECT_NE(testing::itemAt(state().junk()->items(), cache), nullptr);
-    state().preferences()->addFolders(Preferences::PathList::protectedPaths, std::vector{cache});
+    state().preferences()->addFolders(Preferences::PathList::ProtectedPaths, std::vector{cache});
     ASSERT_TRUE(desk.scan(*state().junk()));
     EXPECT_EQ(testing::itemAt(state().junk()->items(), cache), nullptr);
 

@@ -43,22 +43,22 @@ TEST_F(PreferencesFoldersTest, AFolderOfTheHomeIsKeptByItsTilde) {
         {"/", "/"},
     };
     for (const Row& row : rows) {
-        preferences.addFolders(List::protectedPaths, Folders{row.chosen});
+        preferences.addFolders(List::ProtectedPaths, Folders{row.chosen});
         ASSERT_FALSE(protectedPaths().empty());
         EXPECT_EQ(protectedPaths().back(), row.kept) << row.chosen;
-        preferences.removeFolder(List::protectedPaths, 0);
+        preferences.removeFolder(List::ProtectedPaths, 0);
         EXPECT_THAT(protectedPaths(), IsEmpty());
     }
 }
 
 TEST_F(PreferencesFoldersTest, SeveralFoldersAreAddedInOrderAndNoneTwice) {
     const QSignalSpy told(&preferences, &Preferences::protectedPathsChanged);
-    preferences.addFolders(List::protectedPaths, Folders{"/srv/b", "/home/ana/a", "/srv/b"});
+    preferences.addFolders(List::ProtectedPaths, Folders{"/srv/b", "/home/ana/a", "/srv/b"});
     EXPECT_THAT(protectedPaths(), ElementsAre("/srv/b", "~/a"));
-    preferences.addFolders(List::protectedPaths, Folders{"/home/ana/a", "/srv/c"});
+    preferences.addFolders(List::ProtectedPaths, Folders{"/home/ana/a", "/srv/c"});
     EXPECT_THAT(protectedPaths(), ElementsAre("/srv/b", "~/a", "/srv/c"));
-    preferences.addFolders(List::protectedPaths, Folders{"/srv/c"});
-    preferences.addFolders(List::protectedPaths, Folders{"/srv/c/", "/home/ana/a/"});
+    preferences.addFolders(List::ProtectedPaths, Folders{"/srv/c"});
+    preferences.addFolders(List::ProtectedPaths, Folders{"/srv/c/", "/home/ana/a/"});
     EXPECT_EQ(protectedPaths().size(), 3U);
     EXPECT_EQ(told.size(), 2);
     EXPECT_EQ(preferences.values().projectRoots, PreferenceValues().projectRoots);
@@ -67,7 +67,7 @@ TEST_F(PreferencesFoldersTest, SeveralFoldersAreAddedInOrderAndNoneTwice) {
 TEST_F(PreferencesFoldersTest, OnlyFoldersOfThisMachineAreTakenFromADialog) {
     const auto folder = sandbox.folder("some #1 folder");
     const auto plain = sandbox.text("file", "x");
-    preferences.addFolders(List::protectedPaths,
+    preferences.addFolders(List::ProtectedPaths,
                            QList<QUrl>{QUrl::fromLocalFile(QString::fromStdString(folder.native())),
                                        QUrl::fromLocalFile(QString::fromStdString(plain.native())),
                                        QUrl("https://example.org/folder"), QUrl()});
@@ -75,19 +75,19 @@ TEST_F(PreferencesFoldersTest, OnlyFoldersOfThisMachineAreTakenFromADialog) {
 }
 
 TEST_F(PreferencesFoldersTest, OnlyAnEntryThatIsThereIsTakenOut) {
-    preferences.addFolders(List::protectedPaths, Folders{"/a", "/b", "/c"});
+    preferences.addFolders(List::ProtectedPaths, Folders{"/a", "/b", "/c"});
     for (const int index : {-1, 3, std::numeric_limits<int>::max()}) {
-        preferences.removeFolder(List::protectedPaths, index);
+        preferences.removeFolder(List::ProtectedPaths, index);
         EXPECT_EQ(protectedPaths().size(), 3U) << index;
     }
-    preferences.removeFolder(List::protectedPaths, 1);
+    preferences.removeFolder(List::ProtectedPaths, 1);
     EXPECT_THAT(protectedPaths(), ElementsAre("/a", "/c"));
     EXPECT_THAT(PreferenceValues::read(UserDefaults(defaults.file())).protectedPaths,
                 ElementsAre("/a", "/c"));
 }
 
 TEST_F(PreferencesFoldersTest, PathsOfAnyBytesAreFitToBeRead) {
-    preferences.addFolders(List::projectRoots, Folders{"/srv/two\nlines", "/srv/\xff"});
+    preferences.addFolders(List::ProjectRoots, Folders{"/srv/two\nlines", "/srv/\xff"});
     EXPECT_EQ(preferences.projectRoots().sliced(11), QStringList({"/srv/two\\nlines", "/srv/\\xFF"}));
 }
 

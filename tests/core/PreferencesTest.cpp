@@ -46,9 +46,9 @@ TEST_F(PreferencesTest, EachChangeIsToldOnceAndSurvivesARestart) {
         {SIGNAL(staleProjectDaysChanged()), [&] { preferences.setStaleProjectDays(90); },
          [](auto& v) { v.staleProjectDays = 90; }},
         {SIGNAL(protectedPathsChanged()),
-         [&] { preferences.addFolders(List::protectedPaths, Folders{"/srv/\xff"}); },
+         [&] { preferences.addFolders(List::ProtectedPaths, Folders{"/srv/\xff"}); },
          [](auto& v) { v.protectedPaths = {"/srv/\xff"}; }},
-        {SIGNAL(projectRootsChanged()), [&] { preferences.removeFolder(List::projectRoots, 1); },
+        {SIGNAL(projectRootsChanged()), [&] { preferences.removeFolder(List::ProjectRoots, 1); },
          [](auto& v) { v.projectRoots.erase(v.projectRoots.begin() + 1); }},
         {SIGNAL(menuBarMetricsChanged()), [&] { preferences.toggleMetric(MenuBarMetric::memory); },
          [](auto& v) { v.menuBarMetrics = {MenuBarMetric::cpu}; }},
@@ -114,7 +114,7 @@ TEST_F(PreferencesTest, UnknownProtectedFoldersAreKnownAgainOnceTheListIsEdited)
         Preferences held(own, "/home/ana");
         EXPECT_EQ(held.knowsProtectedPaths(), row.known);
         EXPECT_FALSE(held.dryRun());
-        held.addFolders(List::protectedPaths, Folders{"/home/ana/Keep", "/home/ana/More"});
+        held.addFolders(List::ProtectedPaths, Folders{"/home/ana/Keep", "/home/ana/More"});
         EXPECT_TRUE(held.knowsProtectedPaths());
         EXPECT_THAT(PreferenceValues::read(UserDefaults(own.file())).protectedPaths,
                     ElementsAre("~/Keep", "~/More"));
@@ -125,12 +125,22 @@ TEST_F(PreferencesTest, UnknownProtectedFoldersAreKnownAgainOnceTheListIsEdited)
     EXPECT_FALSE(held.knowsProtectedPaths());  // for that says nothing of them
 }
 
+TEST_F(PreferencesTest, AFileThatNobodyCanReadIsNotReplacedByALesserOne) {
+    UserDefaults damaged(sandbox.text("own.plist", "no property list"));
+    Preferences held(damaged, "/home/ana");
+    held.setSounds(false);
+    held.toggleMetric(MenuBarMetric::cpu);
+    EXPECT_FALSE(held.sounds());
+    EXPECT_FALSE(held.knowsProtectedPaths());
+    EXPECT_EQ(contentOf(damaged.file()), "no property list");
+}
+
 TEST_F(PreferencesTest, WhatCannotBeWrittenHoldsUntilTheEnd) {
     UserDefaults unwritable(sandbox.text("taken", "a file") / "settings.plist");
     Preferences held(unwritable, "/home/ana");
     const QSignalSpy told(&held, &Preferences::dryRunChanged);
     held.setDryRun(true);
-    held.addFolders(List::protectedPaths, Folders{"/home/ana/Keep"});
+    held.addFolders(List::ProtectedPaths, Folders{"/home/ana/Keep"});
     held.toggleMetric(MenuBarMetric::cpu);
     EXPECT_EQ(told.size(), 1);
     EXPECT_TRUE(held.dryRun());

@@ -10,20 +10,35 @@ Rectangle {
     readonly property color tone: model.preview ? Theme.review : Theme.good
 
     visible: model.stage === CleanListModel.Stage.Done
-    implicitHeight: 40
+    implicitHeight: texts.implicitHeight + 24
     height: implicitHeight
     radius: Theme.radius
     color: Theme.faded(tone, 0.1)
     border.width: 1
     border.color: Theme.faded(tone, 0.25)
 
-    Label {
+    Column {
+        id: texts
+
         anchors.verticalCenter: parent.verticalCenter
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.margins: 16
-        text: banner.model.reportText
-        color: banner.tone
-        font.weight: Font.Medium
+        spacing: 4
+
+        Label {
+            width: parent.width
+            text: banner.model.reportText
+            color: banner.tone
+            font.weight: Font.Medium
+        }
+        Label {
+            width: parent.width
+            visible: text !== ""
+            text: banner.model.skippedReasons
+            size: Theme.fontSmall
+            color: Theme.secondary
+            wrapMode: Text.Wrap
+        }
     }
 }

@@ -62,10 +62,13 @@ class Photographer {
     }
 
   private:
+    static constexpr int quality = 92;
+
     void take(const std::string& name, int settle = 900) {
         wait(settle);
-        const QString file = folder_.filePath(QString::fromStdString(name) + QStringLiteral(".png"));
-        if (!window_->grabWindow().save(file)) throw std::runtime_error("cannot write " + file.toStdString());
+        const QString file = folder_.filePath(QString::fromStdString(name) + QStringLiteral(".jpg"));
+        if (!window_->grabWindow().save(file, "JPG", quality))
+            throw std::runtime_error("cannot write " + file.toStdString());
         std::cout << file.toStdString() << '\n';
     }
 

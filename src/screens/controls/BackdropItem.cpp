@@ -7,8 +7,6 @@
 #include <QRadialGradient>
 #include <QRgba64>
 #include <QSGImageNode>
-#include <algorithm>
-#include <random>
 
 namespace tavrel {
 
@@ -23,21 +21,28 @@ QColor transparent(QColor colour) {
     return colour;
 }
 
-/// 8 bits of 16, rounded up or down by chance: so wide a gradient would show its steps.
+/// The order in which the pixels of a square round up: Bayer's matrix.
+constexpr unsigned threshold(int x, int y) {
+    unsigned order = 0;
+    for (int bit = 0; bit < 3; ++bit) {
+        const unsigned across = static_cast<unsigned>(x >> bit) & 1U;
+        const unsigned along = static_cast<unsigned>(y >> bit) & 1U;
+        order = order * 4 + (((across ^ along) << 1U) | along);
+    }
+    return order;  // 0 to 63
+}
+
+/// 8 bits of 16, rounded by a pattern: so wide a gradient would show its steps.
 QImage dithered(const QImage& deep) {
     QImage image(deep.size(), QImage::Format_RGB32);
-    std::minstd_rand chance;        // always the same
-    constexpr unsigned lost = 257;  // what is left of 16 bits per step of 8
+    constexpr unsigned perStep = 257;  // of 16 bits in one step of 8
     for (int y = 0; y < deep.height(); ++y) {
         const auto* from = reinterpret_cast<const QRgba64*>(deep.constScanLine(y));
         auto* to = reinterpret_cast<QRgb*>(image.scanLine(y));
         for (int x = 0; x < deep.width(); ++x) {
-            const auto noise = static_cast<unsigned>(chance()) % lost;
-            const auto level = [noise](unsigned channel) {
-                return static_cast<int>((channel + noise) / lost);
-            };
-            to[x] = qRgb(std::min(level(from[x].red()), 255), std::min(level(from[x].green()), 255),
-                         std::min(level(from[x].blue()), 255));
+            const unsigned up = threshold(x, y) * perStep / 64;
+            const auto level = [up](unsigned channel) { return static_cast<int>((channel + up) / perStep); };
+            to[x] = qRgb(level(from[x].red()), level(from[x].green()), level(from[x].blue()));
         }
     }
     return image;

@@ -75,7 +75,7 @@ FocusScope {
                 implicitWidth: label.implicitWidth + 2 * bar.paddingAcross
                 implicitHeight: label.implicitHeight + 2 * bar.paddingAlong
                 hoverEnabled: true
-                focusPolicy: bar.selection === index ? Qt.StrongFocus : Qt.ClickFocus
+                focusPolicy: bar.selection === index || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
                 focus: bar.selection === index
                 Accessible.role: Accessible.PageTab
                 Accessible.name: text

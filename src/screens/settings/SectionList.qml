@@ -43,7 +43,7 @@ FocusScope {
                 height: 34
                 text: modelData
                 hoverEnabled: true
-                focusPolicy: isSelected ? Qt.StrongFocus : Qt.ClickFocus
+                focusPolicy: isSelected || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
                 focus: isSelected
                 Accessible.role: Accessible.PageTab
                 Accessible.name: text

@@ -20,7 +20,7 @@ class Clock {
         Sleep(Clock& clock, Duration duration) : clock_(clock), duration_(duration) {}
         [[nodiscard]] static bool await_ready() noexcept { return false; }
         void await_suspend(std::coroutine_handle<> waiter) {
-            clock_.after(duration_, [waiter] { waiter.resume(); });
+            clock_.after(duration_, waiter);
         }
         static void await_resume() noexcept {}
 

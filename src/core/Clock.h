@@ -19,9 +19,7 @@ class Clock {
       public:
         Sleep(Clock& clock, Duration duration) : clock_(clock), duration_(duration) {}
         [[nodiscard]] static bool await_ready() noexcept { return false; }
-        void await_suspend(std::coroutine_handle<> waiter) {
-            clock_.after(duration_, waiter);
-        }
+        void await_suspend(std::coroutine_handle<> waiter) { clock_.after(duration_, waiter); }
         static void await_resume() noexcept {}
 
       private:

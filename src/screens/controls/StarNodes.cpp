@@ -106,7 +106,11 @@ QSGNode* rectangles(QSGNode* old, QQuickWindow& window, std::span<const DrawnSta
     auto* root = old == nullptr ? new QSGNode : old;
     const auto wanted = static_cast<int>(stars.size()) + (streak ? streakPieces : 0);
     while (root->childCount() < wanted) root->appendChildNode(window.createRectangleNode());
-    while (root->childCount() > wanted) delete root->lastChild();
+    while (root->childCount() > wanted) {
+        QSGNode* last = root->lastChild();
+        root->removeChildNode(last);
+        delete last;
+    }
 
     auto* node = static_cast<QSGRectangleNode*>(root->firstChild());
     for (const DrawnStar& star : stars) {

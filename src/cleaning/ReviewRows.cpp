@@ -50,12 +50,12 @@ QVariant ReviewRows::data(const QModelIndex& index, int role) const {
         case Role::isLast:
             return row.isHead() ? !isExpanded(row) : row.item == groupOf(row).items.back();
         default:
-            return row.isHead() ? headData(row, static_cast<Role>(role))
-                                : itemData(row, static_cast<Role>(role));
+            return row.isHead() ? valueOfHead(row, static_cast<Role>(role))
+                                : valueOfItem(row, static_cast<Role>(role));
     }
 }
 
-QVariant ReviewRows::headData(const Row& row, Role role) const {
+QVariant ReviewRows::valueOfHead(const Row& row, Role role) const {
     const CleanListModel::Group& group = groupOf(row);
     const Tally& tally = tallies_[row.group];
     switch (role) {
@@ -76,7 +76,7 @@ QVariant ReviewRows::headData(const Row& row, Role role) const {
     }
 }
 
-QVariant ReviewRows::itemData(const Row& row, Role role) const {
+QVariant ReviewRows::valueOfItem(const Row& row, Role role) const {
     const CleanItem& item = source_->items()[row.item];
     switch (role) {
         case Role::title:

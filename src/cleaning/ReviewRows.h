@@ -73,8 +73,8 @@ class ReviewRows : public QAbstractListModel {
         std::int64_t selectedSize = 0;
     };
 
-    [[nodiscard]] QVariant headData(const Row& row, Role role) const;
-    [[nodiscard]] QVariant itemData(const Row& row, Role role) const;
+    [[nodiscard]] QVariant valueOfHead(const Row& row, Role role) const;
+    [[nodiscard]] QVariant valueOfItem(const Row& row, Role role) const;
     [[nodiscard]] const CleanListModel::Group& groupOf(const Row& row) const;
     [[nodiscard]] Mark markOf(const Row& row) const;
     [[nodiscard]] bool isExpanded(const Row& row) const;

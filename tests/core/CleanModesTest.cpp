@@ -11,7 +11,6 @@ namespace tavrel {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::StateDesk;
 using Texts = std::vector<std::string>;

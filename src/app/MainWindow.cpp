@@ -13,6 +13,7 @@ Q_IMPORT_QML_PLUGIN(Tavrel_ControlsPlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_HistoryPlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_MainPlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_ModelsPlugin)
+Q_IMPORT_QML_PLUGIN(Tavrel_ScenePlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_SettingsPlugin)
 
 namespace tavrel {

@@ -2,6 +2,7 @@ import QtQuick
 import Tavrel.Clean
 import Tavrel.Controls
 import Tavrel.Models
+import Tavrel.Scene
 
 // Scan, review, clean and report of one list.
 FocusScope {
@@ -47,7 +48,7 @@ FocusScope {
         width: parent.width - 2 * Theme.margin
         spacing: Theme.gapLarge
 
-        BlackHoleDisc {
+        BlackHole {
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.max(180, Math.min(420, screen.height - 210))
             height: width
@@ -56,6 +57,12 @@ FocusScope {
             open: hero.irisOpening
             suction: screen.model.stage === CleanListModel.Stage.Cleaning
             growth: screen.model.feed ? screen.model.feed.swallowed : 0
+            scanning: screen.model.stage === CleanListModel.Stage.Scanning
+            feed: screen.model.feed
+            shockwave: screen.app.shockwave
+            animated: !Theme.reduceMotion
+            paused: Theme.paused
+            Accessible.ignored: true
         }
         HeroText {
             anchors.horizontalCenter: parent.horizontalCenter

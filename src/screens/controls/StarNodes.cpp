@@ -103,7 +103,8 @@ QSGNode* geometry(QSGNode* old, std::span<const DrawnStar> stars, const std::opt
 
 QSGNode* rectangles(QSGNode* old, QQuickWindow& window, std::span<const DrawnStar> stars,
                     const std::optional<ShootingStar>& streak) {
-    auto* root = old == nullptr ? new QSGNode : old;
+    // The software renderer forgets where a plain node stands when one below it changes.
+    QSGNode* root = old == nullptr ? new QSGTransformNode : old;
     const auto wanted = static_cast<int>(stars.size()) + (streak ? streakPieces : 0);
     while (root->childCount() < wanted) root->appendChildNode(window.createRectangleNode());
     while (root->childCount() > wanted) {

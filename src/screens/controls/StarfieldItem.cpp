@@ -1,16 +1,11 @@
 #include "screens/controls/StarfieldItem.h"
 
-#include "presentation/PacedSchedule.h"
 #include "presentation/ShootingStar.h"
 #include "presentation/Stars.h"
 #include "screens/controls/StarNodes.h"
 
 #include <QQuickWindow>
 #include <QSGRendererInterface>
-#include <algorithm>
-#include <chrono>
-#include <cmath>
-
 namespace tavrel {
 
 namespace {
@@ -18,31 +13,27 @@ namespace {
 constexpr double starRate = 12;  // pictures a second
 constexpr Starfield stillSky = {.count = 120, .seed = 0x5DEECE66D};
 
-double timeNow() {
-    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
-}
-
 }  // namespace
 
-StarfieldItem::StarfieldItem(QQuickItem* parent) : QQuickItem(parent), time_(timeNow()) {
+StarfieldItem::StarfieldItem(QQuickItem* parent)
+    : QQuickItem(parent), time_(PacedTicker::now()), ticker_({.fps = starRate, .shootingStars = true}) {
     setFlag(ItemHasContents);
-    timer_.setSingleShot(true);
-    timer_.setTimerType(Qt::PreciseTimer);
-    connect(&timer_, &QTimer::timeout, this, [this] { drawAt(timeNow()); });
+    connect(&ticker_, &PacedTicker::tick, this, [this] { drawAt(PacedTicker::now()); });
 }
 
 void StarfieldItem::setLive(bool live) {
     if (live_ == live) return;
     live_ = live;
     Q_EMIT liveChanged();
-    drawAt(timeNow());
+    run();
+    drawAt(PacedTicker::now());
 }
 
 void StarfieldItem::setPaused(bool paused) {
     if (paused_ == paused) return;
     paused_ = paused;
     Q_EMIT pausedChanged();
-    reschedule();
+    run();
 }
 
 void StarfieldItem::geometryChange(const QRectF& now, const QRectF& before) {
@@ -52,25 +43,16 @@ void StarfieldItem::geometryChange(const QRectF& now, const QRectF& before) {
 
 void StarfieldItem::itemChange(ItemChange change, const ItemChangeData& data) {
     QQuickItem::itemChange(change, data);
-    if (change == ItemVisibleHasChanged || change == ItemSceneChange) reschedule();
+    if (change == ItemVisibleHasChanged || change == ItemSceneChange) run();
 }
 
 void StarfieldItem::drawAt(double time) {
     time_ = time;
     update();
-    reschedule();
 }
 
-void StarfieldItem::reschedule() {
-    const PacedSchedule schedule = {
-        .fps = starRate,
-        .isPaused = paused_ || !live_ || !isVisible() || window() == nullptr,
-        .shootingStars = true,
-    };
-    const double now = timeNow();
-    const auto next = schedule.next(now);
-    if (!next) return timer_.stop();
-    timer_.start(std::chrono::milliseconds(static_cast<int>(std::ceil((*next - now) * 1000))));
+void StarfieldItem::run() {
+    ticker_.setRunning(live_ && !paused_ && isVisible() && window() != nullptr);
 }
 
 std::vector<DrawnStar> StarfieldItem::starsNow() const {

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "screens/controls/PacedTicker.h"
+
 #include <QQuickItem>
-#include <QTimer>
 #include <qqmlregistration.h>
 #include <vector>
 
@@ -35,14 +36,14 @@ class StarfieldItem : public QQuickItem {
     void itemChange(ItemChange change, const ItemChangeData& data) override;
 
   private:
-    void reschedule();
+    void run();
     void drawAt(double time);
     [[nodiscard]] std::vector<DrawnStar> starsNow() const;
 
     bool live_ = true;
     bool paused_ = false;
     double time_ = 0;  // seconds since the epoch, of the picture on show
-    QTimer timer_;
+    PacedTicker ticker_;
 };
 
 }  // namespace tavrel

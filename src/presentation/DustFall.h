@@ -1,0 +1,35 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+/// Small things that spiral into the hole while it works.
+namespace tavrel::DustFall {
+
+inline constexpr std::size_t count = 26;
+
+struct Particle {
+    double angle = 0;   // radians
+    double radius = 0;  // of the view, where the fall begins
+    double speed = 0;   // falls a second
+    double phase = 0;
+    double scale = 1;
+    std::string_view symbol;
+};
+
+/// Always the same ones.
+[[nodiscard]] const std::array<Particle, count>& particles();
+
+/// One particle at a moment, in points from the middle, y downwards.
+struct Drawn {
+    double x = 0;
+    double y = 0;
+    double opacity = 0;
+    double widthFactor = 1;  // it stretches as it falls
+    double heightFactor = 1;
+};
+
+[[nodiscard]] Drawn drawn(const Particle& particle, double time, double size);
+
+}  // namespace tavrel::DustFall

@@ -1,0 +1,130 @@
+#include "screens/scene/ScenePictures.h"
+
+#include "screens/controls/Symbols.h"
+
+#include <QConicalGradient>
+#include <QFont>
+#include <QPainter>
+#include <QRadialGradient>
+#include <algorithm>
+#include <cmath>
+
+namespace tavrel {
+
+namespace {
+
+const QColor peach = QColor::fromRgbF(1.0F, 0.78F, 0.62F);
+constexpr int sparkSide = 64;
+constexpr int ringSide = 512;
+constexpr int symbolSide = 48;
+constexpr std::array lineParts = {0.012, 0.03, 0.06, 0.11, 0.19, 0.3};  // of the radius
+
+QColor faded(QColor colour, double opacity) {
+    colour.setAlphaF(static_cast<float>(opacity));
+    return colour;
+}
+
+QImage blank(int side) {
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+QImage fromResource(const char* name, int side) {
+    const QImage image(QLatin1String(":/art/") + QLatin1String(name));
+    return image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+/// A round light that fades from `inner` in the middle to nothing, by the stops given.
+QImage roundLight(int side, const QGradientStops& stops) {
+    QImage image = blank(side);
+    QPainter painter(&image);
+    QRadialGradient light(side / 2.0, side / 2.0, side / 2.0);
+    light.setStops(stops);
+    painter.fillRect(image.rect(), light);
+    return image;
+}
+
+QImage paintedRing(double lineOfRadius) {
+    QImage image = blank(ringSide);
+    const double outer = ringSide / 2.0;
+    QPainter painter(&image);
+    QRadialGradient light(outer, outer, outer);
+    const double line = lineOfRadius / (1 + lineOfRadius / 2);
+    const double middle = 1 - line / 2;
+    light.setColorAt(std::max(0.0, middle - line / 2 - 0.02), faded(peach, 0));
+    light.setColorAt(middle, Qt::white);
+    light.setColorAt(1, faded(peach, 0));
+    painter.fillRect(image.rect(), light);
+    return image;
+}
+
+QImage paintedSheen(int side) {
+    QImage image = blank(side);
+    QPainter painter(&image);
+    QConicalGradient sheen(side / 2.0, side / 2.0, 0);
+    const QColor clear = faded(Qt::white, 0);
+    sheen.setColorAt(0, clear);
+    sheen.setColorAt(0.08, faded(peach, 0.35));
+    sheen.setColorAt(0.5, clear);
+    sheen.setColorAt(0.58, faded(Qt::white, 0.45));
+    sheen.setColorAt(0.72, faded(peach, 0.25));
+    sheen.setColorAt(0.8, clear);
+    sheen.setColorAt(1, clear);
+    painter.fillRect(image.rect(), sheen);
+    // Only the ring of the disc, soft at both edges.
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    QRadialGradient mask(side / 2.0, side / 2.0, side / 2.0);
+    mask.setColorAt(0.42, Qt::transparent);
+    mask.setColorAt(0.55, Qt::black);
+    mask.setColorAt(0.75, faded(Qt::black, 0.8));
+    mask.setColorAt(0.95, Qt::transparent);
+    painter.fillRect(image.rect(), mask);
+    return image;
+}
+
+QImage paintedSymbol(std::string_view name) {
+    QImage image = blank(symbolSide);
+    QPainter painter(&image);
+    QFont font(QStringLiteral("Material Design Icons"));
+    font.setPixelSize(symbolSide - 4);
+    painter.setFont(font);
+    painter.setPen(Qt::white);
+    painter.drawText(image.rect(), Qt::AlignCenter,
+                     Symbols::glyph(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()))));
+    return image;
+}
+
+}  // namespace
+
+ScenePictures::ScenePictures(int pixels, const QColor& tint)
+    : art(fromResource("BlackHoleArt.png", pixels)),
+      glow(fromResource("BlackHoleGlow.png", pixels / 2)),
+      backdrop(roundLight(
+          pixels / 2, {{0, tint}, {0.35, faded(tint, 0.45)}, {0.7, faded(tint, 0.12)}, {1, faded(tint, 0)}})),
+      spark(roundLight(sparkSide, {{0, faded(Qt::white, 1)},
+                                   {0.2, faded(peach, 0.75)},
+                                   {0.5, faded(peach, 0.22)},
+                                   {1, faded(peach, 0)}})),
+      sheen(paintedSheen(pixels / 2)),
+      probe(roundLight(
+          sparkSide,
+          {{0, Qt::white}, {0.28, QColor(255, 244, 232)}, {0.4, faded(peach, 0.5)}, {1, faded(peach, 0)}})) {
+    std::transform(lineParts.begin(), lineParts.end(), rings_.begin(), paintedRing);
+}
+
+const QImage& ScenePictures::ring(double lineOfRadius) const {
+    const auto* nearest = std::min_element(lineParts.begin(), lineParts.end(), [=](double a, double b) {
+        return std::abs(a - lineOfRadius) < std::abs(b - lineOfRadius);
+    });
+    return rings_.at(static_cast<std::size_t>(nearest - lineParts.begin()));
+}
+
+const QImage& ScenePictures::symbol(std::string_view name) {
+    const auto found = symbols_.find(name);
+    if (found != symbols_.end()) return found->second;
+    return symbols_.emplace(name, paintedSymbol(name)).first->second;
+}
+
+}  // namespace tavrel

@@ -1,0 +1,186 @@
+#include "presentation/DiscLights.h"
+#include "presentation/DustFall.h"
+#include "presentation/FallTime.h"
+#include "presentation/MotionClock.h"
+#include "presentation/SwallowStream.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace tavrel {
+namespace {
+
+TEST(MotionClock, NeverJumps) {
+    MotionClock clock;
+    clock.step(1000, {.spinning = true, .suction = true, .open = 1, .growth = 1});
+    EXPECT_EQ(clock.phase, 0);  // the first frame is a step of no time
+    EXPECT_DOUBLE_EQ(clock.pace, 0.22);
+
+    const MotionClock before = clock;
+    clock.step(1010, {.spinning = true});  // ten seconds later
+    EXPECT_LE(clock.phase - before.phase, 0.1 * clock.pace * 0.3 + 1e-12);
+    EXPECT_GT(clock.phase, before.phase);
+
+    const MotionClock later = clock;
+    clock.step(1005, {.spinning = true});  // time that goes back
+    EXPECT_EQ(clock.phase, later.phase);
+    EXPECT_EQ(clock.pace, later.pace);
+}
+
+TEST(MotionClock, ArrivesAtItsTargetsWhateverTheRateOfFrames) {
+    struct Row {
+        MotionTargets targets;
+        double pace;
+        double energy;
+    };
+    const std::vector<Row> rows = {
+        {{.open = 0.3}, 0.22, 0.3},
+        {{.spinning = true, .open = 0.5}, 1.0, 0.5},
+        {{.spinning = true, .suction = true, .open = 0}, 2.4, 1.0},
+    };
+    for (const Row& row : rows) {
+        MotionClock slow;
+        MotionClock fast;
+        for (int i = 0; i <= 40; ++i) slow.step(i * 0.05, row.targets);
+        for (int i = 0; i <= 200; ++i) fast.step(i * 0.01, row.targets);
+        EXPECT_NEAR(slow.pace, fast.pace, 1e-9);
+        EXPECT_NEAR(slow.energy, fast.energy, 1e-9);
+        for (int i = 200; i <= 2000; ++i) fast.step(i * 0.01, row.targets);
+        EXPECT_NEAR(fast.pace, row.pace, 1e-6);
+        EXPECT_NEAR(fast.energy, row.energy, 1e-6);
+    }
+}
+
+TEST(MotionClock, WrapsItsPhase) {
+    MotionClock clock = {.last = 0, .phase = 999.99, .pace = 2.4};
+    clock.step(0.1, {.suction = true});
+    EXPECT_LT(clock.phase, 1);
+    EXPECT_GE(clock.phase, 0);
+}
+
+TEST(BlackHole, FlaresWhenSomethingLandsAndNotBefore) {
+    const std::vector<Falling> nothing = {{.bytes = 0, .start = 100}};
+    EXPECT_EQ(BlackHole::landingPulse(nothing, 101.9), 0);
+    EXPECT_NEAR(BlackHole::landingPulse(nothing, 102), 0.35, 1e-9);  // as light as can be, 2 s of fall
+    EXPECT_LT(BlackHole::landingPulse(nothing, 104), 0.001);
+
+    const std::vector<Falling> crowd(50, Falling{.bytes = 10'000'000'000, .start = 0});
+    EXPECT_EQ(BlackHole::intensity(1, BlackHole::landingPulse(crowd, heaviestFall), 1.5), 1.6);
+    EXPECT_LT(BlackHole::scale(1, 1.6, BlackHole::landingPulse(crowd, heaviestFall)), 1.55);
+}
+
+TEST(BlackHole, AWaveRunsOnceAndOnlyWhereItIsSeen) {
+    const Shock shock = {.start = 10, .strength = 1};
+    EXPECT_TRUE(BlackHole::currentShock(shock, 12.89, true, 420));
+    EXPECT_FALSE(BlackHole::currentShock(shock, 12.9, true, 420));
+    EXPECT_FALSE(BlackHole::currentShock(shock, 11, true, 100));
+    EXPECT_FALSE(BlackHole::currentShock(shock, 11, false, 420));
+    EXPECT_FALSE(BlackHole::currentShock(std::nullopt, 11, true, 420));
+    EXPECT_EQ(BlackHole::kick(shock, 9.9), 0);
+    EXPECT_DOUBLE_EQ(BlackHole::kick(shock, 10), 1.5);
+    EXPECT_LT(BlackHole::kick(shock, 12.9), 1e-6);
+    EXPECT_EQ(BlackHole::kick(std::nullopt, 10), 0);
+
+    EXPECT_FALSE(DiscLights::shockwave(0, 1, 400));
+    EXPECT_FALSE(DiscLights::shockwave(2.9, 1, 400));
+    double radius = 0;
+    double opacity = 1;
+    for (double age = 0.1; age < 2.9; age += 0.1) {
+        const auto ring = DiscLights::shockwave(age, 1, 400);
+        ASSERT_TRUE(ring);
+        EXPECT_GT(ring->radius, radius);
+        EXPECT_LT(ring->opacity, opacity);
+        radius = ring->radius;
+        opacity = ring->opacity;
+    }
+    EXPECT_LE(radius, 400 * 2.3);
+}
+
+TEST(DiscLights, StayWhereTheyBelong) {
+    for (double phase = 0; phase < 40; phase += 0.37) {
+        for (const auto& knot : DiscLights::knots(phase, 400)) {
+            const double radius = std::hypot(knot.x, knot.y * 2);
+            EXPECT_GE(radius, 400 * 0.17 - 1e-9);
+            EXPECT_LE(radius, 400 * 0.34 + 1e-9);
+            EXPECT_GT(knot.opacity, 0);
+        }
+        const auto probe = DiscLights::orbit(phase, 400);
+        EXPECT_LE(std::hypot(probe.x, probe.y), 400 * 0.675 + 1e-9);
+        EXPECT_EQ(probe.behind, probe.opacity < 1);
+        for (const auto& flash : DiscLights::flashes(phase, 400)) {
+            EXPECT_NEAR(std::hypot(flash.x, flash.y + 8), 80, 1e-9);
+            EXPECT_GE(flash.opacity, 0);
+        }
+        for (const auto& ripple : DiscLights::ripples(phase, 400)) EXPECT_LE(ripple.opacity, 0.35);
+    }
+}
+
+TEST(DustFall, SpiralsInAndFadesAtBothEnds) {
+    std::set<double> angles;
+    for (const auto& particle : DustFall::particles()) {
+        angles.insert(particle.angle);
+        double before = 1e9;
+        for (double c = 0.001; c < 1; c += 0.05) {
+            const double time = (c - particle.phase + 10) / particle.speed;
+            const auto drawn = DustFall::drawn(particle, time, 400);
+            const double distance = std::hypot(drawn.x, drawn.y / 0.55);
+            EXPECT_LT(distance, before + 1e-6);
+            EXPECT_GE(distance, 400 * 0.18 - 1e-6);
+            EXPECT_GE(drawn.opacity, 0);
+            EXPECT_LE(drawn.opacity, 1);
+            before = distance;
+        }
+    }
+    EXPECT_EQ(angles.size(), DustFall::count);
+}
+
+TEST(SwallowStream, CarriesAnIconToTheHole) {
+    for (const std::int64_t bytes :
+         {std::int64_t{0}, std::int64_t{5'000'000}, std::int64_t{20'000'000'000}}) {
+        const double fall = fallTime(bytes);
+        const auto first = SwallowStream::icon(bytes, 0, 1, 400);
+        const auto last = SwallowStream::icon(bytes, fall, 1, 400);
+        EXPECT_EQ(first.opacity, 0);
+        EXPECT_NEAR(std::hypot(first.x, first.y / 0.46), 0.95 * 400, 1e-6);
+        EXPECT_NEAR(std::hypot(last.x, last.y / 0.46), 0.15 * 400, 1e-6);
+        EXPECT_LT(last.side, first.side);
+        EXPECT_EQ(first.breakUp, 0);
+        EXPECT_EQ(last.breakUp, 1);
+    }
+    EXPECT_GT(SwallowStream::icon(20'000'000'000, 0, 0, 400).side, SwallowStream::icon(0, 0, 0, 400).side);
+}
+
+TEST(SwallowStream, TakesApartTheNearSideFirst) {
+    const auto icon = SwallowStream::icon(1'000'000, fallTime(1'000'000) * 0.72, 0, 400);
+    ASSERT_GT(icon.breakUp, 0.1);
+    ASSERT_LT(icon.breakUp, 0.9);
+    double near = 0;
+    double far = 0;
+    for (int row = 0; row < SwallowStream::cellsAcross; ++row) {
+        for (int column = 0; column < SwallowStream::cellsAcross; ++column) {
+            const auto cell = SwallowStream::cell(icon, 7, row, column);
+            EXPECT_LE(cell.side, icon.side / SwallowStream::cellsAcross + 1e-9);
+            EXPECT_GE(cell.flight, 0);
+            EXPECT_LE(cell.flight, 1);
+            const bool towardsHole = icon.x > 0 ? column < 3 : column > 7;
+            const bool away = icon.x > 0 ? column > 7 : column < 3;
+            if (towardsHole) near += cell.flight;
+            if (away) far += cell.flight;
+            const auto again = SwallowStream::cell(icon, 7, row, column);
+            EXPECT_EQ(again.x, cell.x);
+        }
+    }
+    EXPECT_GT(near, far * 1.3);
+
+    const auto whole = SwallowStream::icon(1'000'000, 0.2, 0, 400);
+    const auto corner = SwallowStream::cell(whole, 7, 0, 0);
+    EXPECT_NEAR(corner.x, whole.x - whole.side * 5 / 11, 1e-9);
+    EXPECT_EQ(corner.flight, 0);
+}
+
+}  // namespace
+}  // namespace tavrel

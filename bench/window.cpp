@@ -9,11 +9,13 @@
 #include <QEventLoop>
 #include <QProcess>
 #include <QPromise>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <ctime>
 #include <functional>
 #include <iostream>
 #include <string_view>
@@ -96,6 +98,8 @@ int idle(int argc, char** argv, bool hidden) {
     if (hidden) {
         shown.program().state().motion()->setHidden(true);
         shown.window().hide();
+    } else {
+        shown.program().state().chooseTab(static_cast<int>(AppTab::analyze));  // nothing moves but the stars
     }
     wait(warmUp);
     int frames = 0;
@@ -104,6 +108,48 @@ int idle(int argc, char** argv, bool hidden) {
     wait(span);
     const double share = 100 * (cpuSeconds() - before) / static_cast<double>(span.count());
     std::cout << fmt::format("{} {}", share, frames);
+    return EXIT_SUCCESS;
+}
+
+/// Processor time of this thread, which draws as well where no device does; milliseconds.
+double threadMilliseconds() {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+/// Medians of the processor time of a frame while the hole rests, and while 40 icons fall into it.
+int hero(int argc, char** argv) {
+    constexpr int icons = 40;
+    constexpr std::chrono::seconds watched{5};
+    Shown shown(argc, argv);
+    shown.window().resize(1000, 760);
+    shown.waitForFrame();
+    wait(warmUp);
+    double began = 0;
+    std::vector<double> frames;
+    frames.reserve(1000);
+    QObject::connect(&shown.window(), &QQuickWindow::beforeSynchronizing, &shown.window(),
+                     [&] { began = threadMilliseconds(); });
+    QObject::connect(&shown.window(), &QQuickWindow::frameSwapped, &shown.window(),
+                     [&] { frames.push_back(threadMilliseconds() - began); });
+    wait(watched);
+    const double resting = median(frames);
+    frames.clear();
+
+    auto* hole = shown.window().findChild<QQuickItem*>(QStringLiteral("blackHole"));
+    if (hole == nullptr) throw std::runtime_error("no hole on show");
+    QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
+    icon.fill(Qt::cyan);
+    SwallowFeed feed(std::vector<QImage>(icons, icon), shown.program().clock());
+    feed.reached(1);
+    feed.finish();
+    hole->setProperty("feed", QVariant::fromValue(&feed));
+    hole->setProperty("suction", true);
+    const auto show = feed.run(1);
+    wait(watched);
+    std::cout << fmt::format("{} {}", resting, median(frames));
+    hole->setProperty("feed", QVariant::fromValue<SwallowFeed*>(nullptr));
     return EXIT_SUCCESS;
 }
 
@@ -174,14 +220,18 @@ int table(const char* self) {
     const auto [stars, starFrames] = child(self, QStringLiteral("idle"));
     const auto [hidden, hiddenFrames] = child(self, QStringLiteral("hidden"));
 
+    const auto [resting, swallowing] = child(self, QStringLiteral("hero"));
+
     std::cout << "| What | Measured | Target | |\n|---|---|---|---|\n";
     bool met = row("start, first frame and end of the process, median", median(starts), "ms", 500);
     met = row("choose a category of 20,000 items, model work", toggle, "ms", 16) && met;
     met = row("read 40 rows of it, model work", read, "ms", 16) && met;
-    met = row(fmt::format("idle Clean tab with its stars, {:.0f} frames in {} s", starFrames, span.count()),
-              stars, "% of a CPU", 6) &&
+    met = row(fmt::format("stars of an idle tab, {:.0f} frames in {} s", starFrames, span.count()), stars,
+              "% of a CPU", 6) &&
           met;
     met = row(fmt::format("hidden window, {:.0f} frames", hiddenFrames), hidden, "% of a CPU", 0.2) && met;
+    met = row("a frame of the resting hole at 420 points, median", resting, "ms of CPU", 12) && met;
+    met = row("a frame with 40 icons falling, median", swallowing, "ms of CPU", 16) && met;
     return met && hiddenFrames == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
@@ -193,6 +243,7 @@ int main(int argc, char** argv) {
         if (work == "first-frame") return firstFrame(argc, argv);
         if (work == "review") return review(argc, argv);
         if (work == "idle") return idle(argc, argv, false);
+        if (work == "hero") return hero(argc, argv);
         if (work == "hidden") return idle(argc, argv, true);
         return table(argv[0]);
     } catch (const std::exception& problem) {

@@ -49,6 +49,7 @@ FocusScope {
         spacing: Theme.gapLarge
 
         BlackHole {
+            objectName: "blackHole"
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.max(180, Math.min(420, screen.height - 210))
             height: width

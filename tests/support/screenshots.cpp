@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QImage>
+#include <QPainter>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QScreen>
@@ -17,6 +18,7 @@
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 // Takes every screen in every state, over the small sample Mac, into a folder. What it presses is what a
 // person would: nothing on the pictures is made up.
@@ -51,6 +53,7 @@ class Photographer {
 
     void takeAll() {
         take("clean-idle");
+        frameOfStrip(0);
         scan(CleanMode::system);
         take("clean-found");
         review();
@@ -72,11 +75,44 @@ class Photographer {
         std::cout << file.toStdString() << '\n';
     }
 
+    /// One more picture of the hole alone.
+    void frameOfStrip(int settle) {
+        wait(settle);
+        const auto* hole = window_->findChild<QQuickItem*>(QStringLiteral("blackHole"));
+        if (hole == nullptr) throw std::runtime_error("no hole on show");
+        const QImage whole = window_->grabWindow();
+        const double side = hole->height() * 1.15;
+        const QPointF middle = hole->mapToScene(QPointF(hole->width() / 2, hole->height() / 2));
+        const QRectF around(middle.x() - side * 0.75, middle.y() - side / 2, side * 1.5, side);
+        const double scale = whole.devicePixelRatio();
+        strip_.push_back(whole.copy(QRectF(around.topLeft() * scale, around.size() * scale).toRect())
+                             .scaledToHeight(stripHeight, Qt::SmoothTransformation));
+    }
+
+    /// The frames side by side, a few in a row.
+    void saveStrip() {
+        constexpr int inRow = 4;
+        const int rows = (static_cast<int>(strip_.size()) + inRow - 1) / inRow;
+        const QSize frame = strip_.front().size();
+        QImage sheet(frame.width() * inRow, frame.height() * rows, QImage::Format_RGB32);
+        sheet.fill(Qt::black);
+        QPainter painter(&sheet);
+        for (int i = 0; i < static_cast<int>(strip_.size()); ++i) {
+            painter.drawImage(i % inRow * frame.width(), i / inRow * frame.height(),
+                              strip_[static_cast<std::size_t>(i)]);
+        }
+        painter.end();
+        const QString file = folder_.filePath(QStringLiteral("black-hole.jpg"));
+        if (!sheet.save(file, "JPG", quality)) throw std::runtime_error("cannot write the strip");
+        std::cout << file.toStdString() << '\n';
+    }
+
     void scan(CleanMode mode) {
         state_.chooseCleanMode(static_cast<int>(mode));
         CleanListModel* list = state_.cleanList(mode);
         list->scan();
         if (mode == CleanMode::system) take("clean-scanning", 60);
+        if (mode == CleanMode::system && list->isWorking()) frameOfStrip(0);
         waitFor("a scan's end", [list] { return !list->isWorking(); });
     }
 
@@ -96,12 +132,17 @@ class Photographer {
     }
 
     void clean() {
+        constexpr int between = 800;  // milliseconds from frame to frame of the strip
         state_.preferences()->setAlwaysTrash(true);
         state_.junk()->clean();
-        take("clean-swallowing", 2400);
-        waitFor("the clean's end", [this] { return !state_.junk()->isWorking(); });
+        for (int frame = 0; frame < 3; ++frame) frameOfStrip(between);
+        take("clean-swallowing", 0);
+        while (state_.junk()->isWorking()) frameOfStrip(between);
         take("clean-done", 300);
+        for (int frame = 0; frame < 3; ++frame) frameOfStrip(between / 2);
         take("clean-resealed", 3500);
+        frameOfStrip(0);
+        saveStrip();
         state_.junk()->setReviewing(true);
         take("review-report");
         state_.junk()->setReviewing(false);
@@ -158,8 +199,11 @@ class Photographer {
     }
 
     AppState& state_;
+    static constexpr int stripHeight = 240;  // pixels
+
     QDir folder_;
     QQuickWindow* window_ = nullptr;
+    std::vector<QImage> strip_;
 };
 
 }  // namespace

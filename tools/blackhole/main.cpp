@@ -61,14 +61,19 @@ Sum look(double right, double up) {
 
 using Picture = std::vector<Sum>;
 
+std::size_t indexOf(int row, int column, int width) {
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(width) + static_cast<std::size_t>(column);
+}
+
 void drawRows(Picture& picture, int first, int step) {
     constexpr double pixel = 2 * halfView / side;
     for (int row = first; row < side; row += step) {
         for (int column = 0; column < side; ++column) {
-            Sum& at = picture[static_cast<std::size_t>(row * side + column)];
+            Sum& at = picture[indexOf(row, column, side)];
             for (int i = 0; i < samples * samples; ++i) {
-                const double x = column + (i % samples + 0.5) / samples;
-                const double y = row + (i / samples + 0.5) / samples;
+                const int down = i / samples;
+                const double x = column + (static_cast<double>(i % samples) + 0.5) / samples;
+                const double y = row + (static_cast<double>(down) + 0.5) / samples;
                 const Sum seen = look(x * pixel - halfView, halfView - y * pixel);
                 constexpr double share = 1.0 / (samples * samples);
                 at.red += seen.red * share;
@@ -106,7 +111,7 @@ QImage imageOf(const Picture& picture, int width) {
     QImage image(width, width, QImage::Format_ARGB32_Premultiplied);
     for (int row = 0; row < width; ++row) {
         for (int column = 0; column < width; ++column) {
-            const Sum& at = picture[static_cast<std::size_t>(row * width + column)];
+            const Sum& at = picture[indexOf(row, column, width)];
             const double red = shown(at.red);
             const double green = shown(at.green);
             const double blue = shown(at.blue);
@@ -119,13 +124,16 @@ QImage imageOf(const Picture& picture, int width) {
 
 /// A running mean along rows, then along columns: three of them make nearly a Gauss blur.
 Picture blurred(Picture picture, int width, int radius) {
-    const auto pass = [&](int lineStep, int pointStep) {
+    enum class Along { rows, columns };
+    const auto pass = [&](Along along) {
+        const auto placeOf = [&](int line, int point) {
+            return along == Along::rows ? indexOf(line, point, width) : indexOf(point, line, width);
+        };
         Picture out(picture.size());
         for (int line = 0; line < width; ++line) {
             Sum sum;
             const auto at = [&](int point) -> const Sum& {
-                return picture[static_cast<std::size_t>(line * lineStep +
-                                                        std::clamp(point, 0, width - 1) * pointStep)];
+                return picture[placeOf(line, std::clamp(point, 0, width - 1))];
             };
             const auto change = [&](const Sum& by, double sign) {
                 sum.red += sign * by.red;
@@ -135,8 +143,7 @@ Picture blurred(Picture picture, int width, int radius) {
             for (int point = -radius; point <= radius; ++point) change(at(point), 1);
             for (int point = 0; point < width; ++point) {
                 const double share = 1.0 / (2 * radius + 1);
-                out[static_cast<std::size_t>(line * lineStep + point * pointStep)] = {
-                    sum.red * share, sum.green * share, sum.blue * share, 0};
+                out[placeOf(line, point)] = {sum.red * share, sum.green * share, sum.blue * share, 0};
                 change(at(point + radius + 1), 1);
                 change(at(point - radius), -1);
             }
@@ -144,8 +151,8 @@ Picture blurred(Picture picture, int width, int radius) {
         picture = std::move(out);
     };
     for (int i = 0; i < 3; ++i) {
-        pass(width, 1);
-        pass(1, width);
+        pass(Along::rows);
+        pass(Along::columns);
     }
     return picture;
 }
@@ -156,10 +163,9 @@ Picture halved(const Picture& picture, int width) {
     Picture out(static_cast<std::size_t>(half) * static_cast<std::size_t>(half));
     for (int row = 0; row < half; ++row) {
         for (int column = 0; column < half; ++column) {
-            Sum& sum = out[static_cast<std::size_t>(row * half + column)];
+            Sum& sum = out[indexOf(row, column, half)];
             for (int i = 0; i < 4; ++i) {
-                const Sum& at =
-                    picture[static_cast<std::size_t>((2 * row + i / 2) * width + 2 * column + i % 2)];
+                const Sum& at = picture[indexOf(2 * row + i / 2, 2 * column + i % 2, width)];
                 sum.red += at.red / 4;
                 sum.green += at.green / 4;
                 sum.blue += at.blue / 4;
@@ -178,7 +184,8 @@ Picture glowOf(const Picture& picture) {
     const Picture narrow = blurred(light, width, 5);
     const Picture wide = blurred(light, width, 26);
     for (std::size_t i = 0; i < light.size(); ++i) {
-        const double row = static_cast<double>(i / width) / width - 0.5;
+        const std::size_t line = i / width;
+        const double row = static_cast<double>(line) / width - 0.5;
         const double column = static_cast<double>(i % width) / width - 0.5;
         const double edge = std::clamp((0.5 - std::hypot(row, column)) / 0.12, 0.0, 1.0);
         light[i] = {edge * (0.5 * narrow[i].red + 0.9 * wide[i].red),

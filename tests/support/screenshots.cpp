@@ -44,7 +44,7 @@ void waitFor(const std::string& what, const std::function<bool()>& reached) {
 
 class Photographer {
   public:
-    Photographer(Program& program, QDir folder) : state_(program.state()), folder_(std::move(folder)) {
+    Photographer(Program& program, const QDir& folder) : state_(program.state()), folder_(folder) {
         window_ = program.mainWindow().show();
         if (window_ == nullptr) throw std::runtime_error("the window cannot be made");
         waitFor("the first frame", [this] { return window_->isExposed(); });

@@ -47,13 +47,13 @@ class CommandLine : public ::testing::TestWithParam<Family> {
         box.file("home/.npm/_cacache/blob", big);
         box.file("home/.cache/bazel/blob", big);
         Sandbox::date(box.file("home/Downloads/old.iso", big), daysAgo(30));
-        box.file("home/work/.git/HEAD");
-        box.file("home/work/package.json");
-        box.file("home/work/node_modules/left/index.js", big);
-        for (const auto& entry : fs::recursive_directory_iterator(box.path("home/work"))) {
+        box.file("home/studio/.git/HEAD");
+        box.file("home/studio/package.json");
+        box.file("home/studio/node_modules/left/index.js", big);
+        for (const auto& entry : fs::recursive_directory_iterator(box.path("home/studio"))) {
             Sandbox::date(entry.path(), daysAgo(90));
         }
-        Sandbox::date(box.path("home/work"), daysAgo(90));
+        Sandbox::date(box.path("home/studio"), daysAgo(90));
     }
 
     [[nodiscard]] bool stands(const fs::path& relative) const { return fs::exists(box.path(relative)); }
@@ -128,7 +128,7 @@ TEST_P(CommandLine, CleanRemovesWhatIsPreselectedAndRemembersIt) {
 
     const Ended projects = ctl({"clean", "--yes", "projects"});
     EXPECT_EQ(projects.status, 0) << projects.err;
-    EXPECT_FALSE(stands("home/work/node_modules"));
+    EXPECT_FALSE(stands("home/studio/node_modules"));
 
     const Ended history = ctl({"history", "--json"});
     EXPECT_EQ(history.json(), Json::parse(contentOf(box.path(GetParam().history))));
@@ -215,7 +215,7 @@ TEST_P(CommandLine, OptionsOfTheScanReachTheFinders) {
     const Json narrowed = ctl({"scan", "--categories", "devCaches,logs", "--json"}).json();
     EXPECT_EQ(paths(narrowed["items"]), Json::array({at("home/.cache/bazel")}));
 
-    const std::string modules = at("home/work/node_modules");
+    const std::string modules = at("home/studio/node_modules");
     EXPECT_EQ(itemAt(ctl({"scan", "projects", "--json"}).json()["items"], modules)["risk"], "safe");
     const Json fresh = ctl({"--json", "scan", "projects", "--stale-days", "9999"}).json();
     EXPECT_EQ(itemAt(fresh["items"], modules)["risk"], "review");
@@ -234,7 +234,7 @@ TEST_P(CommandLine, AlwaysTrashKeepsWhatWouldBeDeleted) {
 }
 
 TEST_P(CommandLine, CheckGivesTheVerdictOnEachPath) {
-    box.link("home/bridge", box.path("home/work"));
+    box.link("home/bridge", box.path("home/studio"));
     box.file("home/[a,b]");
     const std::map<std::string, Json> expected = {
         {at("home/Documents"), "system folder"},
@@ -244,14 +244,14 @@ TEST_P(CommandLine, CheckGivesTheVerdictOnEachPath) {
         {at("elsewhere/x"), "outside the folders Tavrel cleans"},
         {at("extra"), "system folder"},
         {at("extra/x"), nullptr},
-        {at("home/work/keep/x"), "protected in Settings"},
+        {at("home/studio/keep/x"), "protected in Settings"},
         {at("home/barred"), "protected in Settings"},
         {"relative", "not an absolute file path"},
         {"[a,b]", "not an absolute file path"},
         {"{}", "not an absolute file path"},
     };
     ASSERT_EQ(ctl({"settings", "protectedPaths", R"(["~/barred"])"}).status, 0);
-    Words words = {"check", "--json", "--extra-root", at("extra"), "--protect", at("home/work/keep")};
+    Words words = {"check", "--json", "--extra-root", at("extra"), "--protect", at("home/studio/keep")};
     for (const auto& [path, reason] : expected) words.push_back(path);
     const Ended ended = ctl(words);
     EXPECT_EQ(ended.status, 0) << ended.err;

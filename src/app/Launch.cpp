@@ -10,6 +10,7 @@
 #include "engine/Language.h"
 
 #include <QFont>
+#include <QIcon>
 #include <QQuickStyle>
 #include <QQuickWindow>
 
@@ -25,6 +26,7 @@ constexpr std::chrono::seconds unreachableAfter{3};
 Application::Application(int& argc, char** argv) : QGuiApplication(argc, argv) {
     setApplicationName(QLatin1String(Identity::name));
     setDesktopFileName(QLatin1String(Identity::bundleID));
+    setWindowIcon(QIcon(QStringLiteral(":/art/icon.png")));
     Language::use();
     installTranslator(&translations_);
     QQuickStyle::setStyle(QStringLiteral("Basic"));

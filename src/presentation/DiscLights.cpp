@@ -54,21 +54,21 @@ Probe orbit(double phase, double size) {
     };
 }
 
-std::vector<Light> flashes(double time, double size) {
+std::array<Light, flashCount> flashes(double time, double size) {
     constexpr double seen = 0.25;  // of a cycle
-    std::vector<Light> lights;
-    lights.reserve(flashCount);
-    for (int i = 0; i < flashCount; ++i) {
-        const double cycle = time * 0.9 + i * 0.27;
+    std::array<Light, flashCount> lights;
+    for (std::size_t i = 0; i < flashCount; ++i) {
+        const auto index = static_cast<double>(i);
+        const double cycle = time * 0.9 + index * 0.27;
         const double age = fraction(cycle);
         if (age >= seen) continue;
-        const double angle = i * 1.9 + std::floor(cycle) * 2.4;
-        lights.push_back({
+        const double angle = index * 1.9 + std::floor(cycle) * 2.4;
+        lights[i] = {
             .x = size * std::cos(angle) * 0.2,
             .y = size * std::sin(angle) * 0.2 - 0.02 * size,
             .diameter = size * 0.1,
             .opacity = std::sin(age * 4 * pi),
-        });
+        };
     }
     return lights;
 }

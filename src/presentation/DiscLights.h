@@ -2,7 +2,6 @@
 
 #include <array>
 #include <optional>
-#include <vector>
 
 /// The small lights on and around the disc, each a function of the scene's time or phase. Positions are
 /// points from the middle of the hole, y downwards.
@@ -29,9 +28,9 @@ struct Probe {
 };
 [[nodiscard]] Probe orbit(double phase, double size);
 
-/// Sparks on the rim; those that are seen at `time`.
-inline constexpr int flashCount = 6;
-[[nodiscard]] std::vector<Light> flashes(double time, double size);
+/// Sparks on the rim; one that is not seen at `time` has no opacity.
+inline constexpr std::size_t flashCount = 6;
+[[nodiscard]] std::array<Light, flashCount> flashes(double time, double size);
 
 /// Rings that run over the disc while a scan goes on.
 struct Ripple {

@@ -13,10 +13,6 @@ namespace {
 
 constexpr std::uint64_t seed = 0x56E27EB562EDDF5D;
 constexpr double innermost = 0.18;  // of the view, where a fall ends
-constexpr std::array<std::string_view, 9> symbols = {
-    "doc.fill",   "folder.fill",     "photo.fill",        "doc.zipper",       "film.fill",
-    "music.note", "archivebox.fill", "doc.richtext.fill", "puzzlepiece.fill",
-};
 
 std::array<Particle, count> generate() {
     StarGenerator generator(seed);
@@ -28,7 +24,7 @@ std::array<Particle, count> generate() {
         particle.speed = generator.draw() * 0.3 + 0.32;
         particle.phase = generator.draw();
         particle.scale = generator.draw() * 0.7 + 0.6;
-        particle.symbol = symbols[i % symbols.size()];
+        particle.symbol = i % symbols.size();
     }
     return all;
 }

@@ -9,13 +9,19 @@ namespace tavrel::DustFall {
 
 inline constexpr std::size_t count = 26;
 
+/// Names of the pictures that fall.
+inline constexpr std::array<std::string_view, 9> symbols = {
+    "doc.fill",   "folder.fill",     "photo.fill",        "doc.zipper",       "film.fill",
+    "music.note", "archivebox.fill", "doc.richtext.fill", "puzzlepiece.fill",
+};
+
 struct Particle {
     double angle = 0;   // radians
     double radius = 0;  // of the view, where the fall begins
     double speed = 0;   // falls a second
     double phase = 0;
     double scale = 1;
-    std::string_view symbol;
+    std::size_t symbol = 0;  // which of `symbols`
 };
 
 /// Always the same ones.

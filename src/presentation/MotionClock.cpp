@@ -36,13 +36,9 @@ void MotionClock::step(double now, const MotionTargets& targets) {
 
 namespace BlackHole {
 
-double landingPulse(std::span<const Falling> events, double now) {
-    double pulse = 0;
-    for (const Falling& event : events) {
-        const double age = now - (event.start + fallTime(event.bytes));
-        if (age >= 0) pulse += std::exp(-4.0 * age) * (fallWeight(event.bytes) + 0.35);
-    }
-    return pulse;
+double landing(const Falling& icon, double now) {
+    const double age = now - (icon.start + fallTime(icon.bytes));
+    return age < 0 ? 0 : std::exp(-4.0 * age) * (fallWeight(icon.bytes) + 0.35);
 }
 
 double shockDuration(double strength) {

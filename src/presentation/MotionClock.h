@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <span>
 
 namespace tavrel {
 
@@ -45,8 +44,8 @@ namespace BlackHole {
 /// A scene smaller than this shows no shockwave; points.
 inline constexpr double leastShockSize = 120;
 
-/// What the landings before `now` still light up.
-[[nodiscard]] double landingPulse(std::span<const Falling> events, double now);
+/// What the landing of one icon still lights up at `now`; the pulse of a frame is the sum of all.
+[[nodiscard]] double landing(const Falling& icon, double now);
 
 /// The wave that runs at `now`; nothing in a still or small scene, or when it has ended.
 [[nodiscard]] std::optional<Shock> currentShock(std::optional<Shock> latest, double now, bool animated,

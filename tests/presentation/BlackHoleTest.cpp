@@ -63,14 +63,14 @@ TEST(MotionClock, WrapsItsPhase) {
 }
 
 TEST(BlackHole, FlaresWhenSomethingLandsAndNotBefore) {
-    const std::vector<Falling> nothing = {{.bytes = 0, .start = 100}};
-    EXPECT_EQ(BlackHole::landingPulse(nothing, 101.9), 0);
-    EXPECT_NEAR(BlackHole::landingPulse(nothing, 102), 0.35, 1e-9);  // as light as can be, 2 s of fall
-    EXPECT_LT(BlackHole::landingPulse(nothing, 104), 0.001);
+    const Falling nothing = {.bytes = 0, .start = 100};
+    EXPECT_EQ(BlackHole::landing(nothing, 101.9), 0);
+    EXPECT_NEAR(BlackHole::landing(nothing, 102), 0.35, 1e-9);  // as light as can be, 2 s of fall
+    EXPECT_LT(BlackHole::landing(nothing, 104), 0.001);
 
-    const std::vector<Falling> crowd(50, Falling{.bytes = 10'000'000'000, .start = 0});
-    EXPECT_EQ(BlackHole::intensity(1, BlackHole::landingPulse(crowd, heaviestFall), 1.5), 1.6);
-    EXPECT_LT(BlackHole::scale(1, 1.6, BlackHole::landingPulse(crowd, heaviestFall)), 1.55);
+    const double crowd = 50 * BlackHole::landing({.bytes = 10'000'000'000, .start = 0}, heaviestFall);
+    EXPECT_EQ(BlackHole::intensity(1, crowd, 1.5), 1.6);
+    EXPECT_LT(BlackHole::scale(1, 1.6, crowd), 1.55);
 }
 
 TEST(BlackHole, AWaveRunsOnceAndOnlyWhereItIsSeen) {
@@ -112,8 +112,8 @@ TEST(DiscLights, StayWhereTheyBelong) {
         EXPECT_LE(std::hypot(probe.x, probe.y), 400 * 0.675 + 1e-9);
         EXPECT_EQ(probe.behind, probe.opacity < 1);
         for (const auto& flash : DiscLights::flashes(phase, 400)) {
-            EXPECT_NEAR(std::hypot(flash.x, flash.y + 8), 80, 1e-9);
             EXPECT_GE(flash.opacity, 0);
+            if (flash.opacity > 0) EXPECT_NEAR(std::hypot(flash.x, flash.y + 8), 80, 1e-9);
         }
         for (const auto& ripple : DiscLights::ripples(phase, 400)) EXPECT_LE(ripple.opacity, 0.35);
     }

@@ -18,12 +18,10 @@ double secondsOf(Instant moment) {
     return std::chrono::duration<double>(moment.time_since_epoch()).count();
 }
 
-std::vector<Falling> fallingOf(const SwallowFeed* feed) {
-    std::vector<Falling> falling;
-    if (feed == nullptr) return falling;
-    falling.reserve(feed->events().size());
-    for (const auto& event : feed->events()) falling.push_back({event.bytes, secondsOf(event.start)});
-    return falling;
+double landingPulse(std::span<const SwallowFeed::Event> events, double now) {
+    double pulse = 0;
+    for (const auto& event : events) pulse += BlackHole::landing({event.bytes, secondsOf(event.start)}, now);
+    return pulse;
 }
 
 std::optional<Shock> shockOf(const Shockwave* wave) {
@@ -78,12 +76,12 @@ void BlackHoleItem::stand() {
 
 QSGNode* BlackHoleItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
     const double size = std::min(width(), height());
-    auto* sprites = static_cast<Sprites*>(old);
+    auto* canvas = static_cast<SceneCanvas*>(old);
     if (size < 1) {
-        delete sprites;
+        delete canvas;
         return nullptr;
     }
-    if (sprites == nullptr) sprites = new Sprites(*window());
+    if (canvas == nullptr) canvas = sceneCanvas(*window());
     const int side = static_cast<int>(std::ceil(size * window()->effectiveDevicePixelRatio()));
     if (!pictures_ || pictureSide_ != side) {
         pictures_ = std::make_unique<ScenePictures>(side, glow_);
@@ -97,17 +95,17 @@ QSGNode* BlackHoleItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
     if (animated_) {
         motion_.step(now, targets);
         state.shock = BlackHole::currentShock(shockOf(shockwave_), now, animated_, size);
-        state.pulse = BlackHole::landingPulse(fallingOf(feed_), now);
         state.scanning = scanning_;
         if (feed_) state.events = feed_->events();
+        state.pulse = landingPulse(state.events, now);
     } else {
         motion_ = {.last = now, .phase = motion_.phase, .energy = suction_ ? 1 : open_, .growth = growth_};
     }
     state.motion = motion_;
     state.intensity = BlackHole::intensity(motion_.energy, state.pulse, BlackHole::kick(state.shock, now));
     state.scale = BlackHole::scale(motion_.growth, state.intensity, state.pulse);
-    drawScene(state, *pictures_, *sprites);
-    return sprites;
+    drawScene(state, *pictures_, *canvas);
+    return canvas;
 }
 
 }  // namespace tavrel

@@ -23,8 +23,8 @@ double secondsOf(Instant moment) {
 /// One frame: what it is drawn from, and the layers from the back to the front.
 class Frame {
   public:
-    Frame(const SceneState& state, ScenePictures& pictures, Sprites& sprites)
-        : state_(state), pictures_(pictures), sprites_(sprites), size_(state.size * state.scale) {}
+    Frame(const SceneState& state, const ScenePictures& pictures, SceneCanvas& canvas)
+        : state_(state), pictures_(pictures), canvas_(canvas), size_(state.size * state.scale) {}
 
     void draw() {
         const DiscLights::Probe probe = DiscLights::orbit(state_.motion.phase, state_.size);
@@ -45,7 +45,7 @@ class Frame {
   private:
     [[nodiscard]] QPointF at(double x, double y) const { return state_.middle + QPointF(x, y); }
     void put(const QImage& image, QPointF centre, double width, double height, double opacity) {
-        sprites_.add(image, {.centre = centre, .size = {width, height}, .opacity = opacity});
+        canvas_.add(image, {.centre = centre, .size = {width, height}, .opacity = opacity});
     }
     void light(const DiscLights::Light& light) {
         put(pictures_.spark, at(light.x, light.y), light.diameter, light.diameter, light.opacity);
@@ -61,18 +61,24 @@ class Frame {
         const double width = size_ * BlackHole::breath(state_.time);
         const double energy = state_.motion.energy;
         const double lit = std::min(0.8 + 0.2 * state_.intensity, 1.0);
-        sprites_.add(pictures_.art, {.centre = state_.middle,
-                                     .size = {width, width},
-                                     .opacity = lit,
-                                     .rotation = BlackHole::roll(state_.time) * degrees});
+        canvas_.add(pictures_.art, {.centre = state_.middle,
+                                    .size = {width, width},
+                                    .opacity = lit,
+                                    .rotation = BlackHole::roll(state_.time) * degrees});
         put(pictures_.glow, state_.middle, width * 1.06, width * 1.06,
             BlackHole::glowOpacity(state_.time, energy) + 0.14 * std::max(state_.intensity - energy, 0.0));
         const double across = width * 0.92;
-        sprites_.add(pictures_.sheen, {.centre = state_.middle,
-                                       .size = {across, across},
-                                       .opacity = (0.3 + 0.15 * energy) * 0.8,
-                                       .rotation = -state_.motion.phase * 360 * 0.6,
-                                       .squash = 0.36});
+        canvas_.add(pictures_.sheen, {.centre = state_.middle,
+                                      .size = {across, across},
+                                      .opacity = (0.3 + 0.15 * energy) * 0.8,
+                                      .rotation = -state_.motion.phase * 360 * 0.6,
+                                      .squash = 0.36});
+        // A band of light that wanders over the disc and back.
+        const double wander = std::sin(state_.motion.phase * 0.9);
+        canvas_.add(pictures_.shine, {.centre = at(0.13 * width * wander, 0),
+                                      .size = {across, across},
+                                      .opacity = (0.3 + 0.15 * energy) * 0.6,
+                                      .squash = 0.26});
     }
 
     void knots() {
@@ -101,11 +107,15 @@ class Frame {
     }
 
     void dust() {
+        const auto pixels = static_cast<double>(pictures_.dust.height());
+        const double side = state_.size * 0.045;
         for (const auto& particle : DustFall::particles()) {
             const DustFall::Drawn drawn = DustFall::drawn(particle, state_.time, state_.size);
-            const double side = state_.size * 0.045;
-            put(pictures_.symbol(particle.symbol), at(drawn.x, drawn.y), side * drawn.widthFactor,
-                side * drawn.heightFactor, drawn.opacity * 0.85);
+            canvas_.add(pictures_.dust,
+                        {.centre = at(drawn.x, drawn.y),
+                         .size = {side * drawn.widthFactor, side * drawn.heightFactor},
+                         .opacity = drawn.opacity * 0.85,
+                         .part = {static_cast<double>(particle.symbol) * pixels, 0, pixels, pixels}});
         }
     }
 
@@ -116,21 +126,26 @@ class Frame {
         if (whole.breakUp <= 0) {
             return put(event.icon, at(whole.x, whole.y), whole.side, whole.side, whole.opacity);
         }
-        for (int row = 0; row < SwallowStream::cellsAcross; ++row) {
-            for (int column = 0; column < SwallowStream::cellsAcross; ++column) {
-                cell(event, SwallowStream::cell(whole, event.id, row, column), row, column);
-            }
-        }
+        const double pixels = static_cast<double>(event.icon.width()) / SwallowStream::cellsAcross;
+        eachCell(whole, event.id, [&](const SwallowStream::Cell& cell, int row, int column) {
+            canvas_.add(event.icon, {.centre = at(cell.x, cell.y),
+                                     .size = {cell.side, cell.side},
+                                     .opacity = 1 - 0.8 * cell.flight,
+                                     .part = {column * pixels, row * pixels, pixels, pixels}});
+        });
+        // The light on them after them all, so that a shower is two pictures many times over.
+        eachCell(whole, event.id, [&](const SwallowStream::Cell& cell, int row, int column) {
+            if (cell.flight <= 0 || (row + column) % 4 != 0) return;
+            put(pictures_.spark, at(cell.x, cell.y), cell.side * 2.4, cell.side * 2.4, cell.glow * 0.6);
+        });
     }
 
-    void cell(const SwallowFeed::Event& event, const SwallowStream::Cell& cell, int row, int column) {
-        const double pixels = static_cast<double>(event.icon.width()) / SwallowStream::cellsAcross;
-        sprites_.add(event.icon, {.centre = at(cell.x, cell.y),
-                                  .size = {cell.side, cell.side},
-                                  .opacity = 1 - 0.8 * cell.flight,
-                                  .part = {column * pixels, row * pixels, pixels, pixels}});
-        if (cell.flight > 0 && cell.glow > 0 && (row + column) % 4 == 0) {
-            put(pictures_.spark, at(cell.x, cell.y), cell.side * 2.4, cell.side * 2.4, cell.glow * 0.6);
+    template <typename Draw>
+    static void eachCell(const SwallowStream::Icon& icon, std::int64_t id, const Draw& draw) {
+        for (int row = 0; row < SwallowStream::cellsAcross; ++row) {
+            for (int column = 0; column < SwallowStream::cellsAcross; ++column) {
+                draw(SwallowStream::cell(icon, id, row, column), row, column);
+            }
         }
     }
 
@@ -152,17 +167,17 @@ class Frame {
     }
 
     const SceneState& state_;
-    ScenePictures& pictures_;
-    Sprites& sprites_;
+    const ScenePictures& pictures_;
+    SceneCanvas& canvas_;
     double size_;  // of the hole as it has grown
 };
 
 }  // namespace
 
-void drawScene(const SceneState& state, ScenePictures& pictures, Sprites& sprites) {
-    sprites.begin();
-    Frame(state, pictures, sprites).draw();
-    sprites.end();
+void drawScene(const SceneState& state, const ScenePictures& pictures, SceneCanvas& canvas) {
+    canvas.begin();
+    Frame(state, pictures, canvas).draw();
+    canvas.end();
 }
 
 }  // namespace tavrel

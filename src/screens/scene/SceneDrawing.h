@@ -2,11 +2,11 @@
 
 #include "presentation/MotionClock.h"
 #include "presentation/SwallowFeed.h"
+#include "screens/scene/SceneCanvas.h"
 #include "screens/scene/ScenePictures.h"
-#include "screens/scene/Sprites.h"
 
 #include <optional>
-#include <vector>
+#include <span>
 
 namespace tavrel {
 
@@ -20,11 +20,11 @@ struct SceneState {
     double intensity = 0;
     double scale = 1;
     bool scanning = false;
-    std::vector<SwallowFeed::Event> events;
+    std::span<const SwallowFeed::Event> events;
     std::optional<Shock> shock;
 };
 
 /// Draws one frame: a function of the state alone.
-void drawScene(const SceneState& state, ScenePictures& pictures, Sprites& sprites);
+void drawScene(const SceneState& state, const ScenePictures& pictures, SceneCanvas& canvas);
 
 }  // namespace tavrel

@@ -1,9 +1,11 @@
 #include "screens/scene/ScenePictures.h"
 
+#include "presentation/DustFall.h"
 #include "screens/controls/Symbols.h"
 
 #include <QConicalGradient>
 #include <QFont>
+#include <QLinearGradient>
 #include <QPainter>
 #include <QRadialGradient>
 #include <algorithm>
@@ -84,15 +86,39 @@ QImage paintedSheen(int side) {
     return image;
 }
 
-QImage paintedSymbol(std::string_view name) {
-    QImage image = blank(symbolSide);
+QImage paintedShine(int side) {
+    QImage image = blank(side);
+    QPainter painter(&image);
+    QLinearGradient band(0, 0, side, side);
+    band.setColorAt(0.25, faded(Qt::white, 0));
+    band.setColorAt(0.35, faded(QColor(255, 240, 226), 0.9));
+    band.setColorAt(0.45, faded(peach, 0));
+    painter.fillRect(image.rect(), band);
+    // Nothing of it reaches the edge of the picture or the dark middle.
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    QRadialGradient mask(side / 2.0, side / 2.0, side / 2.0);
+    mask.setColorAt(0.3, Qt::transparent);
+    mask.setColorAt(0.5, Qt::black);
+    mask.setColorAt(0.9, Qt::transparent);
+    painter.fillRect(image.rect(), mask);
+    return image;
+}
+
+QImage paintedDust() {
+    QImage image(symbolSide * static_cast<int>(DustFall::symbols.size()), symbolSide,
+                 QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
     QPainter painter(&image);
     QFont font(QStringLiteral("Material Design Icons"));
     font.setPixelSize(symbolSide - 4);
     painter.setFont(font);
     painter.setPen(Qt::white);
-    painter.drawText(image.rect(), Qt::AlignCenter,
-                     Symbols::glyph(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()))));
+    QRect place(0, 0, symbolSide, symbolSide);
+    for (const std::string_view name : DustFall::symbols) {
+        const auto symbol = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+        painter.drawText(place, Qt::AlignCenter, Symbols::glyph(symbol));
+        place.translate(symbolSide, 0);
+    }
     return image;
 }
 
@@ -108,9 +134,11 @@ ScenePictures::ScenePictures(int pixels, const QColor& tint)
                                    {0.5, faded(peach, 0.22)},
                                    {1, faded(peach, 0)}})),
       sheen(paintedSheen(pixels / 2)),
+      shine(paintedShine(pixels / 2)),
       probe(roundLight(
           sparkSide,
-          {{0, Qt::white}, {0.28, QColor(255, 244, 232)}, {0.4, faded(peach, 0.5)}, {1, faded(peach, 0)}})) {
+          {{0, Qt::white}, {0.28, QColor(255, 244, 232)}, {0.4, faded(peach, 0.5)}, {1, faded(peach, 0)}})),
+      dust(paintedDust()) {
     std::transform(lineParts.begin(), lineParts.end(), rings_.begin(), paintedRing);
 }
 
@@ -119,12 +147,6 @@ const QImage& ScenePictures::ring(double lineOfRadius) const {
         return std::abs(a - lineOfRadius) < std::abs(b - lineOfRadius);
     });
     return rings_.at(static_cast<std::size_t>(nearest - lineParts.begin()));
-}
-
-const QImage& ScenePictures::symbol(std::string_view name) {
-    const auto found = symbols_.find(name);
-    if (found != symbols_.end()) return found->second;
-    return symbols_.emplace(name, paintedSymbol(name)).first->second;
 }
 
 }  // namespace tavrel

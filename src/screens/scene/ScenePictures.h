@@ -2,9 +2,7 @@
 
 #include <QColor>
 #include <QImage>
-#include <QString>
 #include <array>
-#include <map>
 
 namespace tavrel {
 
@@ -19,16 +17,15 @@ class ScenePictures {
     QImage backdrop;  // a wide light in the tint
     QImage spark;     // a soft dot of peach
     QImage sheen;     // light and shade that goes round on the disc
+    QImage shine;     // a soft band of light over the disc
     QImage probe;     // the body on its orbit
+    QImage dust;      // the symbols that fall, in white, side by side
 
     /// A ring as large as its picture whose line has that part of its radius, the nearest that there is.
     [[nodiscard]] const QImage& ring(double lineOfRadius) const;
-    /// A symbol in white.
-    [[nodiscard]] const QImage& symbol(std::string_view name);
 
   private:
     std::array<QImage, 6> rings_;
-    std::map<std::string, QImage, std::less<>> symbols_;
 };
 
 }  // namespace tavrel

@@ -6,18 +6,11 @@
 
 namespace tavrel {
 
-namespace {
-
-constexpr double leastOpacity = 0.004;  // less than one step of 8 bits
-constexpr int longUnseen = 300;         // frames
-
-}  // namespace
-
 void Sprites::add(const QImage& image, const Placement& placement) {
     if (placement.opacity < leastOpacity || image.isNull()) return;
     Sprite& sprite = next();
     sprite.opacity->setOpacity(std::min(placement.opacity, 1.0));
-    sprite.image->setTexture(texture(image));
+    sprite.image->setTexture(textures_.of(image));
     sprite.image->setSourceRect(placement.part.isNull() ? QRectF(image.rect()) : placement.part);
     const QSizeF& size = placement.size;
     sprite.image->setRect(QRectF(-size.width() / 2, -size.height() / 2, size.width(), size.height()));
@@ -34,16 +27,15 @@ void Sprites::end() {
     for (std::size_t i = used_; i < sprites_.size(); ++i) {
         if (sprites_[i].opacity->opacity() > 0) sprites_[i].opacity->setOpacity(0);
     }
-    const auto stale = [](const auto& entry) { return entry.second.unseen > longUnseen; };
-    if (std::any_of(textures_.begin(), textures_.end(), stale)) {
+    if (textures_.hasStale()) {
         // A hidden node may still hold one of them: nodes beyond the used ones go as well.
         while (sprites_.size() > used_) {
             delete sprites_.back().opacity;
             sprites_.pop_back();
         }
-        std::erase_if(textures_, stale);
+        textures_.dropStale();
     }
-    for (auto& [key, texture] : textures_) ++texture.unseen;
+    textures_.age();
 }
 
 Sprites::Sprite& Sprites::next() {
@@ -58,13 +50,6 @@ Sprites::Sprite& Sprites::next() {
         sprites_.push_back(made);
     }
     return sprites_[used_++];
-}
-
-QSGTexture* Sprites::texture(const QImage& image) {
-    Texture& found = textures_[image.cacheKey()];
-    if (!found.texture) found.texture.reset(window_.createTextureFromImage(image));
-    found.unseen = 0;
-    return found.texture.get();
 }
 
 }  // namespace tavrel

@@ -42,12 +42,15 @@ Drawn drawn(const Particle& particle, double time, double size) {
     const double f = c * c;
     const double distance = size * ((particle.radius - innermost) * (1 - f) + innermost);
     const double angle = particle.angle + f * 2.6;
+    const double x = std::cos(angle) * distance;
+    const double y = std::sin(angle) * distance * 0.55;
     return {
-        .x = std::cos(angle) * distance,
-        .y = std::sin(angle) * distance * 0.55,
+        .x = x,
+        .y = y,
         .opacity = std::min(c * 6, 1.0) * (1 - std::max((f - 0.72) / 0.28, 0.0)),
         .widthFactor = (f * 2.6 + 1) * particle.scale,
         .heightFactor = (1 - 0.75 * f) * particle.scale,
+        .rotation = f * std::atan(y / (x == 0 ? 1e-9 : x)),
     };
 }
 

@@ -34,6 +34,7 @@ struct Drawn {
     double opacity = 0;
     double widthFactor = 1;  // it stretches as it falls
     double heightFactor = 1;
+    double rotation = 0;  // radians; the more it has fallen, the more its width points to the middle
 };
 
 [[nodiscard]] Drawn drawn(const Particle& particle, double time, double size);

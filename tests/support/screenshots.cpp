@@ -27,7 +27,9 @@ namespace {
 
 using namespace tavrel;
 
+/// Nothing happens in a wait of no time, so that what has just begun can be caught.
 void wait(int milliseconds) {
+    if (milliseconds == 0) return;
     QEventLoop loop;
     QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
     loop.exec();
@@ -81,9 +83,9 @@ class Photographer {
         const auto* hole = window_->findChild<QQuickItem*>(QStringLiteral("blackHole"));
         if (hole == nullptr) throw std::runtime_error("no hole on show");
         const QImage whole = window_->grabWindow();
-        const double side = hole->height() * 1.15;
+        const double side = hole->height() * 1.04;
         const QPointF middle = hole->mapToScene(QPointF(hole->width() / 2, hole->height() / 2));
-        const QRectF around(middle.x() - side * 0.75, middle.y() - side / 2, side * 1.5, side);
+        const QRectF around(middle.x() - side * 0.75, middle.y() - side * 0.53, side * 1.5, side);
         const double scale = whole.devicePixelRatio();
         strip_.push_back(whole.copy(QRectF(around.topLeft() * scale, around.size() * scale).toRect())
                              .scaledToHeight(stripHeight, Qt::SmoothTransformation));
@@ -91,11 +93,11 @@ class Photographer {
 
     /// The frames side by side, a few in a row.
     void saveStrip() {
-        constexpr int inRow = 4;
+        constexpr int inRow = 5;
         const int rows = (static_cast<int>(strip_.size()) + inRow - 1) / inRow;
         const QSize frame = strip_.front().size();
         QImage sheet(frame.width() * inRow, frame.height() * rows, QImage::Format_RGB32);
-        sheet.fill(Qt::black);
+        sheet.fill(strip_.back().pixelColor(0, 0));
         QPainter painter(&sheet);
         for (int i = 0; i < static_cast<int>(strip_.size()); ++i) {
             painter.drawImage(i % inRow * frame.width(), i / inRow * frame.height(),
@@ -111,8 +113,10 @@ class Photographer {
         state_.chooseCleanMode(static_cast<int>(mode));
         CleanListModel* list = state_.cleanList(mode);
         list->scan();
-        if (mode == CleanMode::system) take("clean-scanning", 60);
-        if (mode == CleanMode::system && list->isWorking()) frameOfStrip(0);
+        if (mode == CleanMode::system && strip_.size() == 1) {
+            take("clean-scanning", 0);
+            frameOfStrip(0);
+        }
         waitFor("a scan's end", [list] { return !list->isWorking(); });
     }
 

@@ -60,11 +60,11 @@ class Frame {
     void disc() {
         const double width = size_ * BlackHole::breath(state_.time);
         const double energy = state_.motion.energy;
-        const double lit = std::min(0.8 + 0.2 * state_.intensity, 1.0);
-        canvas_.add(pictures_.art, {.centre = state_.middle,
-                                    .size = {width, width},
-                                    .opacity = lit,
-                                    .rotation = BlackHole::roll(state_.time) * degrees});
+        const SceneCanvas::Placement whole = {.centre = state_.middle,
+                                              .size = {width, width},
+                                              .opacity = std::min(0.8 + 0.2 * state_.intensity, 1.0),
+                                              .rotation = BlackHole::roll(state_.time) * degrees};
+        canvas_.add(pictures_.art, whole);
         put(pictures_.glow, state_.middle, width * 1.06, width * 1.06,
             BlackHole::glowOpacity(state_.time, energy) + 0.14 * std::max(state_.intensity - energy, 0.0));
         const double across = width * 0.92;
@@ -73,12 +73,14 @@ class Frame {
                                       .opacity = (0.3 + 0.15 * energy) * 0.8,
                                       .rotation = -state_.motion.phase * 360 * 0.6,
                                       .squash = 0.36});
-        // A band of light that wanders over the disc and back.
-        const double wander = std::sin(state_.motion.phase * 0.9);
-        canvas_.add(pictures_.shine, {.centre = at(0.13 * width * wander, 0),
-                                      .size = {across, across},
-                                      .opacity = (0.3 + 0.15 * energy) * 0.6,
-                                      .squash = 0.26});
+        canvas_.add(pictures_.shadow, whole);
+        // One band of light gives way to the other, and back.
+        const double turn = 0.5 + 0.5 * std::sin(state_.motion.phase * 0.9);
+        SceneCanvas::Placement shine = whole;
+        for (std::size_t i = 0; i < pictures_.shines.size(); ++i) {
+            shine.opacity = (0.25 + 0.15 * energy) * (i == 0 ? turn : 1 - turn);
+            canvas_.add(pictures_.shines.at(i), shine);
+        }
     }
 
     void knots() {
@@ -108,13 +110,14 @@ class Frame {
 
     void dust() {
         const auto pixels = static_cast<double>(pictures_.dust.height());
-        const double side = state_.size * 0.045;
+        const double side = state_.size * 0.04;
         for (const auto& particle : DustFall::particles()) {
             const DustFall::Drawn drawn = DustFall::drawn(particle, state_.time, state_.size);
             canvas_.add(pictures_.dust,
                         {.centre = at(drawn.x, drawn.y),
                          .size = {side * drawn.widthFactor, side * drawn.heightFactor},
-                         .opacity = drawn.opacity * 0.85,
+                         .opacity = drawn.opacity * 0.8,
+                         .rotation = drawn.rotation * degrees,
                          .part = {static_cast<double>(particle.symbol) * pixels, 0, pixels, pixels}});
         }
     }

@@ -86,22 +86,43 @@ QImage paintedSheen(int side) {
     return image;
 }
 
-QImage paintedShine(int side) {
-    QImage image = blank(side);
+/// `image` with each pixel as strong as `strength` says of the light of `art` there, 0 to 1.
+template <typename Strength>
+QImage weighed(QImage image, const QImage& art, const Strength& strength) {
+    const QImage light = art.scaled(image.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* pixel = reinterpret_cast<QRgb*>(image.scanLine(y));
+        const auto* lit = reinterpret_cast<const QRgb*>(light.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x, ++pixel, ++lit) {
+            const int brightest = std::max({qRed(*lit), qGreen(*lit), qBlue(*lit)});
+            const double part = std::clamp(strength(brightest / 255.0, qAlpha(*lit) / 255.0), 0.0, 1.0);
+            const auto faint = [part](int channel) { return static_cast<int>(channel * part); };
+            *pixel = qRgba(faint(qRed(*pixel)), faint(qGreen(*pixel)), faint(qBlue(*pixel)),
+                           faint(qAlpha(*pixel)));
+        }
+    }
+    return image;
+}
+
+/// The dark of the art alone: it hides what lights drawn over the disc would spill into the shadow.
+QImage paintedShadow(const QImage& art) {
+    QImage image = blank(art.width());
+    image.fill(Qt::black);
+    return weighed(image, art, [](double light, double alpha) { return alpha * (1 - 4 * light); });
+}
+
+/// A band of light across the disc, further right by `offset` of the picture.
+QImage paintedShine(const QImage& art, double offset) {
+    QImage image = blank(art.width() / 2);
     QPainter painter(&image);
-    QLinearGradient band(0, 0, side, side);
+    const double side = image.width();
+    QLinearGradient band(offset * side, 0, side + offset * side, side);
     band.setColorAt(0.25, faded(Qt::white, 0));
     band.setColorAt(0.35, faded(QColor(255, 240, 226), 0.9));
     band.setColorAt(0.45, faded(peach, 0));
     painter.fillRect(image.rect(), band);
-    // Nothing of it reaches the edge of the picture or the dark middle.
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-    QRadialGradient mask(side / 2.0, side / 2.0, side / 2.0);
-    mask.setColorAt(0.3, Qt::transparent);
-    mask.setColorAt(0.5, Qt::black);
-    mask.setColorAt(0.9, Qt::transparent);
-    painter.fillRect(image.rect(), mask);
-    return image;
+    painter.end();
+    return weighed(image, art, [](double light, double) { return light; });
 }
 
 QImage paintedDust() {
@@ -134,7 +155,8 @@ ScenePictures::ScenePictures(int pixels, const QColor& tint)
                                    {0.5, faded(peach, 0.22)},
                                    {1, faded(peach, 0)}})),
       sheen(paintedSheen(pixels / 2)),
-      shine(paintedShine(pixels / 2)),
+      shines{paintedShine(art, 0.13), paintedShine(art, 0.26)},
+      shadow(paintedShadow(art)),
       probe(roundLight(
           sparkSide,
           {{0, Qt::white}, {0.28, QColor(255, 244, 232)}, {0.4, faded(peach, 0.5)}, {1, faded(peach, 0)}})),

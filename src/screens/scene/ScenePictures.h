@@ -12,14 +12,15 @@ class ScenePictures {
     /// `pixels` is the side of the scene; `tint` its accent.
     ScenePictures(int pixels, const QColor& tint);
 
-    QImage art;       // the hole and its disc
-    QImage glow;      // the light around it
-    QImage backdrop;  // a wide light in the tint
-    QImage spark;     // a soft dot of peach
-    QImage sheen;     // light and shade that goes round on the disc
-    QImage shine;     // a soft band of light over the disc
-    QImage probe;     // the body on its orbit
-    QImage dust;      // the symbols that fall, in white, side by side
+    QImage art;                    // the hole and its disc
+    QImage glow;                   // the light around it
+    QImage backdrop;               // a wide light in the tint
+    QImage spark;                  // a soft dot of peach
+    QImage sheen;                  // light and shade that goes round on the disc
+    std::array<QImage, 2> shines;  // soft bands of light over the disc
+    QImage shadow;                 // the dark of the art, without its light
+    QImage probe;                  // the body on its orbit
+    QImage dust;                   // the symbols that fall, in white, side by side
 
     /// A ring as large as its picture whose line has that part of its radius, the nearest that there is.
     [[nodiscard]] const QImage& ring(double lineOfRadius) const;

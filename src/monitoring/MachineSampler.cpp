@@ -1,0 +1,148 @@
+#include "monitoring/MachineSampler.h"
+
+#include "monitoring/CpuUsage.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavrel {
+
+namespace {
+
+// Counted in samples.
+constexpr int slow = 5;
+constexpr int slowUnwatched = 15;
+constexpr int bluetooth = 30;
+
+constexpr double leastElapsed = 0.5;  // seconds; rates of less are noise
+constexpr std::chrono::seconds betweenProcesses{8};
+
+void push(std::vector<double>& history, double value) {
+    if (history.size() >= MachineSampler::historyLength) history.erase(history.begin());
+    history.push_back(value);
+}
+
+/// Of a counter a second; one that went back has started anew.
+double rate(std::uint64_t from, std::uint64_t to, double elapsed) {
+    return to < from ? 0 : static_cast<double>(to - from) / elapsed;
+}
+
+}  // namespace
+
+MachineSampler::MachineSampler(Sources sources, Instant now)
+    : sources_(sources),
+      lastTicks_(sources.sensors.cpuTicks()),
+      lastNet_(sources.sensors.networkBytes()),
+      lastSample_(now) {
+    figures_.cores = sources.sensors.activeProcessors();
+    figures_.gpuCores = sources.sensors.gpuCores();
+    figures_.chip = sources.sensors.chipName();
+}
+
+bool MachineSampler::setWatchers(int count) {
+    const bool first = count >= 1 && watchers_ == 0;
+    watchers_ = count;
+    if (first) slowTick_ = 0;
+    return first;
+}
+
+MachineSampler::Due MachineSampler::sample(Instant now) {
+    Due due;
+    const double elapsed = std::max(std::chrono::duration<double>(now - lastSample_).count(), leastElapsed);
+    lastSample_ = now;
+    readCpu();
+    readMemory();
+    if (wants(MenuBarMetric::gpu)) readGpu();
+    readDiskIO(elapsed);
+    readNetwork(elapsed);
+    if (wants(MenuBarMetric::temperature)) readHeat();
+    if (isWatched()) figures_.load = sources_.sensors.loadAverage();
+    if (slowTick_ % slow == 0) readSlowOnes(due);
+    ++slowTick_;
+    if (!isWatched()) return due;
+
+    due.bluetooth = slowTick_ % bluetooth == 1;
+    const bool longAgo = !lastProcessSample_ || now - *lastProcessSample_ >= betweenProcesses;
+    if (!samplingProcesses_ && longAgo) {
+        samplingProcesses_ = due.processes = true;
+        lastProcessSample_ = now;
+    }
+    return due;
+}
+
+void MachineSampler::readCpu() {
+    auto ticks = sources_.sensors.cpuTicks();
+    figures_.cpu = cpuUsage(lastTicks_, ticks).value_or(figures_.cpu);
+    lastTicks_ = std::move(ticks);
+    push(figures_.cpuHistory, figures_.cpu);
+}
+
+void MachineSampler::readMemory() {
+    figures_.memory = sources_.sensors.memory();
+    push(figures_.memoryHistory, usedShare(figures_.memory));
+}
+
+void MachineSampler::readGpu() {
+    figures_.gpu = sources_.sensors.gpuUsage();
+    if (figures_.gpu) push(figures_.gpuHistory, *figures_.gpu);
+}
+
+/// Counters from before a time when nobody watched would make one giant rate of it.
+void MachineSampler::readDiskIO(double elapsed) {
+    const auto io = isWatched() ? sources_.sensors.diskIO() : std::nullopt;
+    if (io && lastIO_) {
+        figures_.diskRead = rate(lastIO_->read, io->read, elapsed);
+        figures_.diskWrite = rate(lastIO_->write, io->write, elapsed);
+    }
+    lastIO_ = io;
+}
+
+void MachineSampler::readNetwork(double elapsed) {
+    const auto net = sources_.sensors.networkBytes();
+    if (wants(MenuBarMetric::network) && net && lastNet_) {
+        figures_.download = rate(lastNet_->received, net->received, elapsed);
+        figures_.upload = rate(lastNet_->sent, net->sent, elapsed);
+        push(figures_.networkHistory, *figures_.download);
+    }
+    lastNet_ = net;
+}
+
+void MachineSampler::readHeat() {
+    const Temperatures heat = sources_.temperatures.read();
+    figures_.cpuTemp = heat.cpu;
+    figures_.gpuTemp = heat.gpu;
+    if (isWatched()) figures_.thermalState = sources_.sensors.thermalState();
+}
+
+void MachineSampler::readSlowOnes(Due& due) {
+    if (!measuringDisk_ && (isWatched() || slowTick_ % slowUnwatched == 0))
+        measuringDisk_ = due.diskSpace = true;
+    if (wants(MenuBarMetric::battery)) figures_.battery = sources_.sensors.battery();
+    if (!isWatched()) return;
+
+    figures_.accessories = sources_.sensors.accessories();
+    for (const auto& audio : bluetoothAudio_) {
+        const auto isThis = [&audio](const auto& known) { return known.name == audio.name; };
+        if (std::none_of(figures_.accessories.begin(), figures_.accessories.end(), isThis))
+            figures_.accessories.push_back(audio);
+    }
+    figures_.fans = sources_.fans.read();
+    figures_.fanControlAvailable = !figures_.fans.empty() && sources_.fans.isControllable();
+    figures_.connection = sources_.sensors.connectionKind();
+}
+
+void MachineSampler::took(Sensors::DiskSpace space) {
+    figures_.disk = space;
+    measuringDisk_ = false;
+}
+
+void MachineSampler::took(std::vector<Sensors::Accessory> bluetooth) {
+    bluetoothAudio_ = std::move(bluetooth);
+}
+
+void MachineSampler::took(std::vector<ProcessInfo> processes) {
+    figures_.processes = std::move(processes);
+    samplingProcesses_ = false;
+}
+
+}  // namespace tavrel

@@ -1,0 +1,194 @@
+#include "monitoring/StatusTexts.h"
+
+#include "core/ByteCount.h"
+#include "core/Phrase.h"
+#include "monitoring/HealthScore.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+
+#include <fmt/format.h>
+
+namespace tavrel::StatusTexts {
+
+namespace {
+
+using Text::localized;
+
+constexpr const char* unknown = "—";
+constexpr const char* between = " · ";
+constexpr double busyFrom = 0.15;    // of all processors
+constexpr double nearlyFull = 0.85;  // of the volume
+constexpr double coolest = 30;       // degrees, where the meter of heat begins
+constexpr double span = 70;          // degrees, up to where it is full
+constexpr double heatUnknown = 1.0 / 7;
+
+/// A share as whole percent, never rounded up to more than there is.
+std::string percent(double share) {
+    return fmt::format("{}", static_cast<int>(share * 100));
+}
+
+std::string pressure(std::int64_t level) {
+    if (level < 2) return localized("Pressure normal");
+    return level < 4 ? localized("Pressure elevated") : localized("Pressure high");
+}
+
+std::string thermalWord(Sensors::ThermalState state) {
+    switch (state) {
+        case Sensors::ThermalState::nominal:
+            return localized("Cool");
+        case Sensors::ThermalState::fair:
+            return localized("Warm");
+        case Sensors::ThermalState::serious:
+            return localized("Hot");
+        case Sensors::ThermalState::critical:
+            break;
+    }
+    return localized("Throttling");
+}
+
+}  // namespace
+
+MetricCard cpu(const MachineFigures& figures) {
+    std::string footer = figures.cpu < busyFrom ? localized("idle") : localized("busy");
+    if (figures.load) footer += between + phrase("load {}", fmt::format("{:.1f}", *figures.load));
+    footer += between + counted("{} core", "{} cores", static_cast<unsigned long>(figures.cores));
+    return {localized("CPU"), percent(figures.cpu), "%", footer};
+}
+
+MetricCard gpu(const MachineFigures& figures) {
+    const auto cores = static_cast<unsigned long>(figures.gpuCores.value_or(0));
+    return {
+        .title = localized("GPU"),
+        .value = figures.gpu ? percent(*figures.gpu) : unknown,
+        .unit = figures.gpu ? "%" : "",
+        .footer =
+            figures.gpuCores ? counted("{} GPU core", "{} GPU cores", cores) : localized("Integrated GPU"),
+    };
+}
+
+MetricCard memory(const MachineFigures& figures) {
+    std::string footer = pressure(figures.memory.pressure.value_or(0));
+    if (const auto swap = figures.memory.swap.value_or(0); swap != 0)
+        footer += between + phrase("swap {}", byteCount(swap));
+    return {localized("Memory"), percent(usedShare(figures.memory)), "%", footer};
+}
+
+MetricCard disk(const MachineFigures& figures) {
+    return {
+        .title = localized("Disk"),
+        .value = figures.disk.available ? byteCount(*figures.disk.available) : unknown,
+        .unit = figures.disk.available ? localized("free") : "",
+        .footer = phrase("Read {} · Write {}", rate(figures.diskRead), rate(figures.diskWrite)),
+    };
+}
+
+MetricCard network(const MachineFigures& figures) {
+    return {
+        .title = localized("Network"),
+        .value = "↓ " + rate(figures.download),
+        .unit = "↑ " + rate(figures.upload),
+        .footer = figures.connection ? *figures.connection : localized("Offline"),
+    };
+}
+
+MetricCard thermal(const MachineFigures& figures) {
+    MetricCard card = {.title = localized("Thermal"), .value = unknown};
+    if (figures.cpuTemp) {
+        card.value = temperature(*figures.cpuTemp);
+        card.unit = "C";
+    } else if (figures.thermalState) {
+        card.value = thermalWord(*figures.thermalState);
+    }
+    card.footer =
+        figures.gpuTemp ? phrase("GPU {}", temperature(*figures.gpuTemp)) : localized("Thermal status");
+    return card;
+}
+
+double heatShare(const MachineFigures& figures) {
+    if (!figures.cpuTemp) return heatUnknown;
+    return std::clamp((*figures.cpuTemp - coolest) / span, 0.0, 1.0);
+}
+
+bool isDiskNearlyFull(const MachineFigures& figures) {
+    return usedShare(figures.disk) > nearlyFull;
+}
+
+std::string grade(int healthScore) {
+    switch (healthGrade(healthScore)) {
+        case HealthGrade::excellent:
+            return localized("Excellent");
+        case HealthGrade::good:
+            return localized("Good");
+        case HealthGrade::needsCare:
+            break;
+    }
+    return localized("Needs care");
+}
+
+std::string batteryState(const Sensors::Battery& battery) {
+    if (battery.pluggedIn) return battery.charging ? localized("Charging") : localized("Plugged in");
+    if (!battery.minutesLeft) return localized("On battery");
+    const auto hours = *battery.minutesLeft / 60;
+    const auto minutes = *battery.minutesLeft % 60;
+    return hours == 0 ? phrase("{}m left", minutes) : phrase("{}h {}m left", hours, minutes);
+}
+
+std::string batteryWear(const Sensors::Battery& battery) {
+    std::string text;
+    if (battery.health) text = phrase("{}% health", *battery.health);
+    if (battery.cycles) {
+        if (!text.empty()) text += between;
+        text += counted("{} cycle", "{} cycles", static_cast<unsigned long>(*battery.cycles));
+    }
+    return text;
+}
+
+FanCard fans(const MachineFigures& figures, const FanWords& words) {
+    const Fan first = figures.fans.empty() ? Fan{} : figures.fans.front();
+    const double share = first.max > 0 ? std::round(first.rpm / first.max * 100) : 0;
+    std::string detail;
+    if (figures.fans.empty()) {
+        detail = localized(words.none);
+    } else if (!figures.fanControlAvailable) {
+        detail = localized(words.unavailable);
+    }
+    return {
+        .title = figures.fans.size() < 2 ? localized("Fan") : localized("Fans"),
+        .share = phrase("Load {}%", static_cast<int>(share)),
+        .speed = fmt::format("{}", static_cast<std::int64_t>(first.rpm)),
+        .unit = localized("RPM"),
+        .detail = detail,
+    };
+}
+
+std::string temperature(double celsius) {
+    return fmt::format("{}°", std::lround(celsius));
+}
+
+std::string rate(std::optional<double> bytes) {
+    if (!bytes) return unknown;
+    return phrase("{}/s", byteCount(static_cast<std::int64_t>(*bytes)));
+}
+
+std::string accessorySymbol(const std::string& name) {
+    constexpr std::array<std::pair<std::string_view, const char*>, 6> symbols = {{
+        {"airpods", "airpods"},
+        {"buds", "earbuds"},
+        {"headphone", "headphones"},
+        {"keyboard", "keyboard"},
+        {"trackpad", "rectangle.and.hand.point.up.left"},
+        {"mouse", "magicmouse"},
+    }};
+    const std::string lower = Text::lowercased(name);
+    for (const auto& [word, symbol] : symbols) {
+        if (lower.find(word) == std::string::npos) continue;
+        const bool pro = word == "airpods" && lower.find("pro") != std::string::npos;
+        return pro ? "airpodspro" : symbol;
+    }
+    return "battery.75percent";
+}
+
+}  // namespace tavrel::StatusTexts

@@ -2,6 +2,9 @@
 
 namespace tavrel {
 
+// Not inline: the compiler would look into what it moves and warn of members that are not there.
+Property::Property(Dictionary value) : value_(std::move(value)) {}
+
 const Property& Property::operator[](std::string_view key) const {
     static const Property nothing;
     const auto* dictionary = std::get_if<Dictionary>(&value_);

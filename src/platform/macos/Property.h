@@ -25,7 +25,7 @@ class Property {
     Property(double value) : value_(value) {}
     Property(const char* value) : value_(std::string(value)) {}
     Property(std::string value) : value_(std::move(value)) {}
-    Property(Dictionary value) : value_(std::move(value)) {}
+    Property(Dictionary value);
     Property(Other value) : value_(value) {}
 
     [[nodiscard]] bool exists() const { return !std::holds_alternative<std::monostate>(value_); }

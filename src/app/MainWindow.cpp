@@ -10,11 +10,13 @@
 
 Q_IMPORT_QML_PLUGIN(Tavrel_CleanPlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_ControlsPlugin)
+Q_IMPORT_QML_PLUGIN(Tavrel_GraphsPlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_HistoryPlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_MainPlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_ModelsPlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_ScenePlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_SettingsPlugin)
+Q_IMPORT_QML_PLUGIN(Tavrel_StatusPlugin)
 
 namespace tavrel {
 

@@ -37,6 +37,7 @@ Program::Parts Program::partsOf(Profile profile, Start start) {
         .launchAtLogin = std::make_unique<LinuxLaunchAtLogin>(autostart, thisProgram(), how),
         .soundPlayer = std::make_unique<QtSoundPlayer>(),
         .icons = std::make_unique<ThemeIconSource>(applicationFolders(home)),
+        .machine = Machine::running(home),
     };
 }
 
@@ -55,10 +56,16 @@ Program::Program(Parts parts)
           .history = parts_.profile.places.history(),
           .now = [] { return Instant(std::chrono::system_clock::now()); },
       }),
+      monitor_({
+          .clock = *parts_.clock,
+          .sources = {*parts_.machine.sensors, *parts_.machine.temperatures, *parts_.machine.fans},
+          .processes = *parts_.machine.processes,
+      }),
       state_(std::make_unique<AppState>(AppServices{
           .profile = parts_.profile,
           .tools = tools_,
           .clean = services(),
+          .monitor = monitor_,
           .launchAtLogin = *parts_.launchAtLogin,
           .motion = motion_,
           .shockwave = shockwave_,

@@ -4,7 +4,9 @@
 #include "cleaning/BackgroundCleaner.h"
 #include "core/AppState.h"
 #include "core/UserDefaults.h"
+#include "engine/Machine.h"
 #include "engine/SystemTools.h"
+#include "monitoring/Monitor.h"
 #include "platform/IconSource.h"
 #include "platform/SoundPlayer.h"
 #include "presentation/FileIcons.h"
@@ -26,6 +28,7 @@ class Program {
         std::unique_ptr<LaunchAtLogin> launchAtLogin;
         std::unique_ptr<SoundPlayer> soundPlayer;
         std::unique_ptr<IconSource> icons;
+        Machine machine;
     };
 
     /// As this system has them. `start` tells whether the login started this process.
@@ -55,6 +58,7 @@ class Program {
     Sounds sounds_;
     FileIcons icons_;
     BackgroundCleaner cleaner_;
+    Monitor monitor_;
     std::unique_ptr<AppState> state_;
     MainWindow mainWindow_;
 };

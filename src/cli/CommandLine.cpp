@@ -61,6 +61,8 @@ void addCommands(CLI::App& app, Command& chosen) {
     Commands::addHistory(app, chosen);
     Commands::addSettings(app, chosen);
     Commands::addSound(app, chosen);
+    Commands::addStatus(app, chosen);
+    Commands::addWatch(app, chosen);
 }
 
 /// The library reads "[a,b]" as a list of two, yet a file may be called that. A NUL at its end, which no

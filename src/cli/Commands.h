@@ -26,6 +26,8 @@ void addLarge(CLI::App& app, Command& chosen);
 void addHistory(CLI::App& app, Command& chosen);
 void addSettings(CLI::App& app, Command& chosen);
 void addSound(CLI::App& app, Command& chosen);
+void addStatus(CLI::App& app, Command& chosen);
+void addWatch(CLI::App& app, Command& chosen);
 
 }  // namespace Commands
 }  // namespace tavrel::cli

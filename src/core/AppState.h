@@ -8,6 +8,7 @@
 #include "core/LoginItem.h"
 #include "core/Preferences.h"
 #include "engine/Finders.h"
+#include "monitoring/Monitor.h"
 #include "presentation/MotionPause.h"
 #include "presentation/Shockwave.h"
 #include "profiles/Profile.h"
@@ -24,6 +25,7 @@ struct AppServices {
     const Profile& profile;
     const SystemTools& tools;
     CleanServices clean;
+    Monitor& monitor;
     LaunchAtLogin& launchAtLogin;
     MotionPause& motion;
     Shockwave& shockwave;
@@ -54,6 +56,7 @@ class AppState final : public QObject {
     Q_PROPERTY(tavrel::MotionPause* motion READ motion CONSTANT)
     Q_PROPERTY(tavrel::Shockwave* shockwave READ shockwave CONSTANT)
     Q_PROPERTY(tavrel::TrashEmptier* trashEmptier READ trashEmptier CONSTANT)
+    Q_PROPERTY(tavrel::Monitor* monitor READ monitor CONSTANT)
 
   public:
     explicit AppState(AppServices services, QObject* parent = nullptr);
@@ -102,6 +105,8 @@ class AppState final : public QObject {
     [[nodiscard]] MotionPause* motion() { return &services_.motion; }
     [[nodiscard]] Shockwave* shockwave() { return &services_.shockwave; }
     [[nodiscard]] TrashEmptier* trashEmptier() { return &trashEmptier_; }
+    [[nodiscard]] Monitor* monitor() { return &services_.monitor; }
+    [[nodiscard]] const Profile& profile() const { return services_.profile; }
 
     /// Brings the main window up; set by whoever makes windows.
     std::function<void()> openMainWindow;

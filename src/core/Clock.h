@@ -30,6 +30,8 @@ class Clock {
     virtual ~Clock() = default;
 
     [[nodiscard]] virtual Instant now() const = 0;
+    /// A clock that only goes forward, whatever is set: for rates and spans alone.
+    [[nodiscard]] virtual Instant uptime() const = 0;
 
     /// Calls `action` once, `delay` from now and never before this function has returned; what is due at one
     /// moment is called in the order it was asked for. A delay that is not positive means the next turn of

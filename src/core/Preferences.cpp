@@ -86,6 +86,12 @@ void Preferences::toggleMetric(MenuBarMetric metric) {
     changed("menuBarMetrics", &Preferences::menuBarMetricsChanged);
 }
 
+void Preferences::togglePinned(const QString& name) {
+    const std::string wanted = name.toStdString();
+    if (std::erase(values_.pinnedProcesses, wanted) == 0) values_.pinnedProcesses.push_back(wanted);
+    changed("pinnedProcesses", &Preferences::pinnedProcessesChanged);
+}
+
 void Preferences::addFolders(PathList list, const std::vector<Path>& folders) {
     Texts& texts = values_.*field(list).member;
     const std::size_t before = texts.size();

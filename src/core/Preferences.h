@@ -50,6 +50,8 @@ class Preferences final : public QObject {
     [[nodiscard]] bool alwaysTrash() const { return values_.alwaysTrash; }
     [[nodiscard]] bool sounds() const { return values_.sounds; }
     [[nodiscard]] const std::vector<MenuBarMetric>& menuBarMetrics() const { return values_.menuBarMetrics; }
+    /// Names of the processes that stay at the top of the list.
+    [[nodiscard]] const std::vector<std::string>& pinnedProcesses() const { return values_.pinnedProcesses; }
 
     void setStaleProjectDays(int days);  // limited to 1 ... 365
     void setDryRun(bool on);
@@ -58,6 +60,8 @@ class Preferences final : public QObject {
 
     /// Adds the metric before those that come after it in the enumeration, or takes it out.
     void toggleMetric(MenuBarMetric metric);
+    /// Pins the processes of that name, or lets them go.
+    Q_INVOKABLE void togglePinned(const QString& name);
 
     /// Appends each folder that the list does not hold yet.
     void addFolders(PathList list, const std::vector<Path>& folders);
@@ -73,6 +77,7 @@ class Preferences final : public QObject {
     void alwaysTrashChanged();
     void soundsChanged();
     void menuBarMetricsChanged();
+    void pinnedProcessesChanged();
 
   private:
     using Signal = void (Preferences::*)();

@@ -11,6 +11,9 @@ namespace {
 class SystemClock final : public Clock {
   public:
     [[nodiscard]] Instant now() const override { return std::chrono::system_clock::now(); }
+    [[nodiscard]] Instant uptime() const override {
+        return Instant(std::chrono::steady_clock::now().time_since_epoch());
+    }
 
     void after(Duration delay, std::function<void()> action) override {
         const auto wait = std::chrono::ceil<std::chrono::milliseconds>(std::max(delay, Duration::zero()));

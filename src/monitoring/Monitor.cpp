@@ -28,7 +28,7 @@ std::vector<ProcessInfo> snapshot(ProcessSource* processes) {
 }  // namespace
 
 Monitor::Monitor(MonitorServices services, QObject* parent)
-    : QObject(parent), services_(std::move(services)), sampler_(services_.sources, services_.uptime()) {
+    : QObject(parent), services_(std::move(services)), sampler_(services_.sources, services_.clock.uptime()) {
     sample();
     tick();
 }
@@ -47,7 +47,7 @@ void Monitor::tick() {
 }
 
 void Monitor::sample() {
-    const MachineSampler::Due due = sampler_.sample(services_.uptime());
+    const MachineSampler::Due due = sampler_.sample(services_.clock.uptime());
     const Sensors* sensors = &services_.sources.sensors;
     if (due.diskSpace) {
         QtConcurrent::run(&reads_, diskSpace, sensors).then(this, [this](const Sensors::DiskSpace& space) {

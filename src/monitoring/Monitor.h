@@ -4,7 +4,6 @@
 
 #include <QObject>
 #include <QThreadPool>
-#include <functional>
 
 namespace tavrel {
 
@@ -15,8 +14,6 @@ struct MonitorServices {
     Clock& clock;
     MachineSampler::Sources sources;
     ProcessSource& processes;
-    /// A clock that only goes forward, for rates.
-    std::function<Instant()> uptime;
 };
 
 /// The one object that every live figure comes from: samples the machine every two seconds as long as it

@@ -7,6 +7,7 @@
 #include "cleaning/Trash.h"
 #include "core/Places.h"
 #include "core/PreferenceValues.h"
+#include "monitoring/StatusTexts.h"
 
 #include <filesystem>
 #include <memory>
@@ -31,6 +32,7 @@ struct Profile {
     SafetyGuard::Lists guardLists;
     std::vector<std::string_view> fullDiskAccessProbes;
     TrashLayout trashLayout = TrashLayout::flat;
+    StatusTexts::FanWords fanWords;
 
     /// A guard of this moment for the user's home.
     [[nodiscard]] SafetyGuard safetyGuard(const PreferenceValues& preferences,

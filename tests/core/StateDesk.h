@@ -8,6 +8,7 @@
 #include "presentation/FileIcons.h"
 #include "presentation/Sounds.h"
 #include "support/EventLoop.h"
+#include "support/FakeMachine.h"
 #include "support/ManualClock.h"
 #include "support/SampleMac.h"
 #include "support/Sandbox.h"
@@ -81,6 +82,8 @@ class StateDesk {
         .history = profile.places.history(),
         .now = [] { return now(); },
     }};
+    FakeMachine machine;
+    Monitor monitor{{clock, {machine, machine, machine.fans}, machine}};
     std::unique_ptr<AppState> state = std::make_unique<AppState>(AppServices{
         .profile = profile,
         .tools = tools,
@@ -93,6 +96,7 @@ class StateDesk {
                       [this](std::vector<std::filesystem::path> extraRoots) {
                           return profile.safetyGuard(preferences.values(), std::move(extraRoots));
                       }},
+        .monitor = monitor,
         .launchAtLogin = login,
         .motion = motion,
         .shockwave = shockwave,

@@ -58,6 +58,7 @@ void Stage::start() {
         .launchAtLogin = std::move(login),
         .soundPlayer = std::make_unique<Silence>(),
         .icons = std::make_unique<FakeIconSource>(),
+        .machine = FakeMachine::readers(machine_),
     });
     state().setReduceMotion(true);  // so that nothing is half way when it is looked at
     QObject::connect(&program_->mainWindow().engine(), &QQmlEngine::warnings,

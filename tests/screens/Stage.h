@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Program.h"
+#include "support/FakeMachine.h"
 #include "support/ManualClock.h"
 #include "support/SampleMac.h"
 #include "support/Sandbox.h"
@@ -28,6 +29,8 @@ class Stage {
 
     [[nodiscard]] AppState& state() { return program_->state(); }
     [[nodiscard]] const SampleMac& mac() const { return mac_; }
+    /// The machine whose figures the program shows.
+    [[nodiscard]] FakeMachine& machine() { return *machine_; }
     [[nodiscard]] QQuickWindow& window() { return *window_; }
 
     /// Every text that can be seen, in the order of the items.
@@ -55,6 +58,7 @@ class Stage {
 
     Sandbox disk_;
     SampleMac mac_;
+    std::shared_ptr<FakeMachine> machine_ = std::make_shared<FakeMachine>();
     ManualClock* clock_ = nullptr;  // owned by the program
     std::unique_ptr<Program> program_;
     QQuickWindow* window_ = nullptr;

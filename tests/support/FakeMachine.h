@@ -1,11 +1,13 @@
 #pragma once
 
+#include "engine/Machine.h"
 #include "platform/FanReader.h"
 #include "platform/ProcessSource.h"
 #include "platform/Sensors.h"
 #include "platform/TemperatureReader.h"
 
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -71,6 +73,11 @@ class FakeMachine final : public Sensors, public TemperatureReader, public Proce
     Temperatures read() override { return count("temperature"), temperatures; }
 
     std::vector<ProcessInfo> snapshot() override { return processes; }
+
+    /// The same machine by the readers that a program asks.
+    [[nodiscard]] static Machine readers(const std::shared_ptr<FakeMachine>& machine) {
+        return {machine, machine, {machine, &machine->fans}, machine};
+    }
 
   private:
     void count(const char* what) { ++reads_[what]; }

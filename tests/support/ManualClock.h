@@ -18,6 +18,7 @@ class ManualClock final : public Clock {
     ~ManualClock() override { drain(); }
 
     [[nodiscard]] Instant now() const override { return now_; }
+    [[nodiscard]] Instant uptime() const override { return now_; }
 
     void after(Duration delay, std::function<void()> action) override {
         waiters_.emplace(now_ + std::max(delay, Duration::zero()), std::move(action));

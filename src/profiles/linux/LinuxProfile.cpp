@@ -77,6 +77,8 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
                        .applications = places.applications()},
         .guardLists = Linux::guardLists(dirs, data / "Trash"),
         .trashLayout = Profile::TrashLayout::freedesktop,
+        .fanWords = {.none = "No fan on this computer",
+                     .unavailable = "Fan control unavailable on this computer"},
     };
 }
 

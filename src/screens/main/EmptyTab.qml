@@ -13,8 +13,7 @@ Item {
         "",
         qsTr("Uninstall applications with everything they left, update them, and see what starts by itself."),
         qsTr("Run the repairs that a computer needs now and then."),
-        qsTr("See where the disk went."),
-        qsTr("Watch the machine live.")
+        qsTr("See where the disk went.")
     ]
 
     Column {

@@ -1,6 +1,7 @@
 import QtQuick
 import Tavrel.Models
 import Tavrel.Settings
+import Tavrel.Status
 
 // What stands in the content area, by its identity.
 QtObject {
@@ -10,7 +11,7 @@ QtObject {
 
     function component(identity: string): Component {
         if (identity === "settings") return settings
-        return identity === "0" ? clean : later
+        return identity === "0" ? clean : identity === "4" ? status : later
     }
 
     readonly property Component settings: Component {
@@ -18,6 +19,9 @@ QtObject {
     }
     readonly property Component clean: Component {
         CleanTab { app: screens.app; focus: true }
+    }
+    readonly property Component status: Component {
+        StatusView { app: screens.app; focus: true }
     }
     readonly property Component later: Component {
         EmptyTab { tab: screens.app.tab }

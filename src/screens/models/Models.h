@@ -33,6 +33,10 @@ struct ForeignLoginItem {
 struct ForeignMenuBarMetrics {
     TAVREL_FOREIGN(MenuBarMetrics)
 };
+struct ForeignMonitor {
+    TAVREL_FOREIGN(Monitor)
+    QML_UNCREATABLE("owned by the program")
+};
 struct ForeignMotionPause {
     TAVREL_FOREIGN(MotionPause)
     QML_UNCREATABLE("owned by the program")

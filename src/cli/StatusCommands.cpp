@@ -1,0 +1,112 @@
+#include "cli/AddCommand.h"
+#include "cli/ExitStatus.h"
+#include "cli/LiveScreen.h"
+#include "cli/MachineReport.h"
+#include "cli/Session.h"
+#include "engine/Machine.h"
+#include "monitoring/MachineSampler.h"
+
+#include <chrono>
+#include <thread>
+
+#include <nlohmann/json.hpp>
+
+namespace tavrel::cli {
+
+namespace {
+
+using Text::localized;
+
+Instant uptime() {
+    return Instant(std::chrono::steady_clock::now().time_since_epoch());
+}
+
+/// The machine under full observation. Reads that block are made at once: nobody else waits here.
+class Observation {
+  public:
+    explicit Observation(const Machine& machine)
+        : machine_(machine), sampler_({*machine_.sensors, *machine_.temperatures, *machine_.fans}, uptime()) {
+        static_cast<void>(sampler_.setWatchers(1));
+    }
+
+    [[nodiscard]] const MachineFigures& figures() const { return sampler_.figures(); }
+
+    void sample() {
+        const auto due = sampler_.sample(uptime());
+        if (due.diskSpace) sampler_.took(machine_.sensors->diskSpace());
+        if (due.bluetooth) sampler_.took(machine_.sensors->bluetoothBatteries());
+        if (due.processes) sampler_.took(machine_.processes->snapshot());
+    }
+
+  private:
+    Machine machine_;
+    MachineSampler sampler_;
+};
+
+struct StatusCommand {
+    static void addTo(CLI::App& /*command*/) {}
+
+    /// Rates need two readings; looking at the processes takes a second, and more passes in between.
+    [[nodiscard]] static int run(const GlobalOptions& global, Console& console) {
+        constexpr std::chrono::milliseconds between{250};
+        const auto session = Session::open(global);
+        if (!session) return console.fail(session.error());
+        console.progress(localized("Measuring…"));
+        Observation machine(Machine::running(session->places().home()));
+        machine.sample();
+        std::this_thread::sleep_for(between);
+        machine.sample();
+        if (console.json()) {
+            console.document(MachineReport::document(machine.figures()));
+            return ExitStatus::done;
+        }
+        const auto lines = MachineReport::lines(console, machine.figures(), session->profile().fanWords);
+        for (const std::string& line : lines) console.line(line);
+        return ExitStatus::done;
+    }
+};
+
+struct WatchCommand {
+    double interval = 2;
+    std::int64_t count = 0;
+
+    void addTo(CLI::App& command) {
+        constexpr double shortest = 0.5;
+        constexpr double longest = 3600;
+        constexpr std::int64_t most = 1'000'000'000;
+        command.add_option("--interval", interval, localized("seconds from one sample to the next (2)"))
+            ->check(CLI::Range(shortest, longest).description(""))
+            ->type_name("SECONDS");
+        command.add_option("--count", count, localized("samples to take; 0 goes on until stopped (0)"))
+            ->check(CLI::Range(std::int64_t{0}, most).description(""))
+            ->type_name("N");
+    }
+
+    [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
+        const auto session = Session::open(global);
+        if (!session) return console.fail(session.error());
+        Observation machine(Machine::running(session->places().home()));
+        LiveScreen screen(console);
+        for (std::int64_t taken = 0; count == 0 || taken < count; ++taken) {
+            if (taken > 0 && !screen.wait(std::chrono::duration<double>(interval))) break;
+            machine.sample();
+            const bool shown = console.json() ? screen.record(MachineReport::document(machine.figures()))
+                                              : screen.show(MachineReport::lines(
+                                                    console, machine.figures(), session->profile().fanWords));
+            if (!shown) return ExitStatus::undone;
+        }
+        return ExitStatus::done;
+    }
+};
+
+}  // namespace
+
+void Commands::addStatus(CLI::App& app, Command& chosen) {
+    addCommand<StatusCommand>(app, chosen, "status", "tell how the machine does");
+}
+
+void Commands::addWatch(CLI::App& app, Command& chosen) {
+    addCommand<WatchCommand>(app, chosen, "watch", "watch the machine live");
+}
+
+}  // namespace tavrel::cli

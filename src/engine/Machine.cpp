@@ -1,0 +1,19 @@
+#include "engine/Machine.h"
+
+#include "platform/linux/HwmonFans.h"
+#include "platform/linux/HwmonTemperatures.h"
+#include "platform/linux/LinuxSensors.h"
+#include "platform/linux/ProcProcesses.h"
+
+namespace tavrel {
+
+Machine Machine::running(const std::filesystem::path& home) {
+    return {
+        .sensors = linuxSensors(home),
+        .temperatures = std::make_shared<HwmonTemperatures>("/sys"),
+        .fans = std::make_shared<HwmonFans>("/sys"),
+        .processes = std::make_shared<ProcProcesses>("/proc"),
+    };
+}
+
+}  // namespace tavrel

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "screens/graphs/Graph.h"
+
+#include <qqmlregistration.h>
+
+namespace tavrel {
+
+/// A line over its values, light below it.
+class Sparkline : public HistoryGraph {
+    Q_OBJECT
+    QML_ELEMENT
+
+  public:
+    using HistoryGraph::HistoryGraph;
+    void paint(QPainter* painter) override;
+};
+
+/// A bar for each value, side by side.
+class Bars : public HistoryGraph {
+    Q_OBJECT
+    QML_ELEMENT
+
+  public:
+    using HistoryGraph::HistoryGraph;
+    void paint(QPainter* painter) override;
+};
+
+/// A round bar that is filled from its left.
+class Meter : public ShareGraph {
+    Q_OBJECT
+    QML_ELEMENT
+
+  public:
+    using ShareGraph::ShareGraph;
+    void paint(QPainter* painter) override;
+};
+
+/// A circle that is drawn on from its top, clockwise.
+class Ring : public ShareGraph {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(double lineWidth MEMBER lineWidth_ NOTIFY lineWidthChanged)
+
+  public:
+    using ShareGraph::ShareGraph;
+    void paint(QPainter* painter) override;
+
+  Q_SIGNALS:
+    void lineWidthChanged();
+
+  private:
+    double lineWidth_ = 6;  // points
+};
+
+}  // namespace tavrel

@@ -1,0 +1,111 @@
+import QtQuick
+import Tavrel.Controls
+import Tavrel.Graphs
+
+// How full the battery is and how it ages, with the devices beside the machine.
+Card {
+    id: card
+
+    required property bool hasBattery
+    required property var battery
+    required property var accessories
+
+    implicitHeight: Math.max(128, column.implicitHeight + 26)
+    Accessible.role: Accessible.Grouping
+    Accessible.name: hasBattery ? [battery.title, battery.value + " %", battery.unit, battery.footer].join(", ") : qsTr("Accessories")
+
+    Column {
+        id: column
+
+        x: 14
+        y: 12
+        width: parent.width - 28
+        spacing: 8
+
+        CardLabel {
+            symbol: card.battery.unit === qsTr("Charging") ? "battery.100percent.bolt" : "battery.75percent"
+            title: card.hasBattery ? card.battery.title : qsTr("Accessories")
+            colour: Theme.good
+        }
+        Row {
+            visible: card.hasBattery
+            spacing: 5
+
+            Label {
+                id: percent
+
+                text: card.battery.value
+                size: 30
+                font.weight: Font.DemiBold
+                font.features: { "tnum": 1 }
+                Accessible.ignored: true
+            }
+            Label {
+                anchors.baseline: percent.baseline
+                text: "%"
+                size: Theme.fontSubtitle
+                color: Theme.secondary
+                Accessible.ignored: true
+            }
+            Label {
+                anchors.baseline: percent.baseline
+                leftPadding: 6
+                text: card.battery.unit
+                size: Theme.fontSubtitle
+                color: Theme.secondary
+                Accessible.ignored: true
+            }
+        }
+        Meter {
+            visible: card.hasBattery
+            width: parent.width
+            height: 8
+            colour: card.battery.share < 0.2 ? Theme.danger : Theme.good
+            fraction: card.battery.share
+        }
+        Label {
+            visible: card.hasBattery && text !== ""
+            width: parent.width
+            text: card.battery.footer
+            size: 12
+            color: Theme.secondary
+            Accessible.ignored: true
+        }
+        Repeater {
+            model: card.accessories
+
+            Item {
+                id: accessory
+
+                required property var modelData
+
+                width: column.width
+                height: 18
+                Accessible.role: Accessible.StaticText
+                Accessible.name: modelData.name + ", " + modelData.percent + " %"
+
+                Symbol {
+                    anchors.verticalCenter: parent.verticalCenter
+                    name: accessory.modelData.symbol
+                    color: Theme.secondary
+                }
+                Label {
+                    anchors.verticalCenter: parent.verticalCenter
+                    x: 24
+                    width: parent.width - 70
+                    text: accessory.modelData.name
+                    size: 12
+                    Accessible.ignored: true
+                }
+                Label {
+                    anchors.verticalCenter: parent.verticalCenter
+                    anchors.right: parent.right
+                    text: accessory.modelData.percent + " %"
+                    size: 12
+                    color: Theme.secondary
+                    Accessible.ignored: true
+                }
+            }
+        }
+    }
+}

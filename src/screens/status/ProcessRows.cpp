@@ -1,0 +1,91 @@
+#include "screens/status/ProcessRows.h"
+
+#include "core/ByteCount.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace tavrel {
+
+void ProcessRows::setApp(AppState* app) {
+    if (app_ == app) return;
+    if (app_) {
+        disconnect(app_->monitor(), nullptr, this, nullptr);
+        disconnect(app_->preferences(), nullptr, this, nullptr);
+    }
+    app_ = app;
+    if (app_) {
+        connect(app_->monitor(), &Monitor::processesChanged, this, &ProcessRows::refresh);
+        connect(app_->preferences(), &Preferences::pinnedProcessesChanged, this, &ProcessRows::refresh);
+    }
+    Q_EMIT appChanged();
+    refresh();
+}
+
+void ProcessRows::setSort(int sort) {
+    const auto wanted = static_cast<ProcessSort>(
+        std::clamp(sort, static_cast<int>(ProcessSort::cpu), static_cast<int>(ProcessSort::energy)));
+    if (std::exchange(sort_, wanted) == wanted) return;
+    Q_EMIT sortChanged();
+    refresh();
+}
+
+/// The rows stay where they are and say something else, so that nothing on the screen is made anew.
+void ProcessRows::refresh() {
+    std::vector<ProcessInfo> rows;
+    if (app_) {
+        rows =
+            processRows(app_->monitor()->figures().processes, sort_, app_->preferences()->pinnedProcesses());
+    }
+    const int before = count();
+    const int now = static_cast<int>(rows.size());
+    if (now > before) beginInsertRows({}, before, now - 1);
+    if (now < before) beginRemoveRows({}, now, before - 1);
+    rows_ = std::move(rows);
+    if (now > before) endInsertRows();
+    if (now < before) endRemoveRows();
+    if (now != before) Q_EMIT countChanged();
+    if (const int kept = std::min(before, now); kept > 0) Q_EMIT dataChanged(index(0), index(kept - 1));
+}
+
+int ProcessRows::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : count();
+}
+
+QVariant ProcessRows::data(const QModelIndex& index, int role) const {
+    if (!app_ || index.row() < 0 || index.row() >= count()) return {};
+    const ProcessInfo& row = rows_[static_cast<std::size_t>(index.row())];
+    const auto& pinned = app_->preferences()->pinnedProcesses();
+    switch (role) {
+        case Pid:
+            return row.pid;
+        case Name:
+            return QString::fromStdString(row.name);
+        case CpuText:
+            return QString::fromStdString(fmt::format("{:.1f}%", row.cpu));
+        case MemoryText:
+            return QString::fromStdString(byteCount(row.memory));
+        case PowerText:
+            return QString::fromStdString(fmt::format("{:.1f}", row.power));
+        case Pinned:
+            return std::find(pinned.begin(), pinned.end(), row.name) != pinned.end();
+        case ExplanationText:
+            return QString::fromStdString(explanation(app_->profile().processNotes, row.name).value_or(""));
+        default:
+            return {};
+    }
+}
+
+QHash<int, QByteArray> ProcessRows::roleNames() const {
+    return {{Pid, "pid"},
+            {Name, "name"},
+            {CpuText, "cpuText"},
+            {MemoryText, "memoryText"},
+            {PowerText, "powerText"},
+            {Pinned, "pinned"},
+            {ExplanationText, "explanation"}};
+}
+
+}  // namespace tavrel

@@ -7,6 +7,7 @@
 #include "cleaning/Trash.h"
 #include "core/Places.h"
 #include "core/PreferenceValues.h"
+#include "monitoring/ProcessNotes.h"
 #include "monitoring/StatusTexts.h"
 
 #include <filesystem>
@@ -30,6 +31,7 @@ struct Profile {
     JunkScanner::Tables scan;  // its rules are the catalog's
     InstallerFinder::Tables installers;
     SafetyGuard::Lists guardLists;
+    ProcessNotes processNotes;
     std::vector<std::string_view> fullDiskAccessProbes;
     TrashLayout trashLayout = TrashLayout::flat;
     StatusTexts::FanWords fanWords;

@@ -76,6 +76,7 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
                        .packages = {"app"},
                        .applications = places.applications()},
         .guardLists = Linux::guardLists(dirs, data / "Trash"),
+        .processNotes = Linux::processNotes(),
         .trashLayout = Profile::TrashLayout::freedesktop,
         .fanWords = {.none = "No fan on this computer",
                      .unavailable = "Fan control unavailable on this computer"},

@@ -4,6 +4,7 @@
 #include "cleaning/SafetyGuard.h"
 #include "cleaning/SpecialScanners.h"
 #include "core/Places.h"
+#include "monitoring/ProcessNotes.h"
 #include "profiles/linux/UserDirs.h"
 
 namespace tavrel::Linux {
@@ -23,5 +24,8 @@ namespace tavrel::Linux {
 /// belong to `user`; no folder that is reached through a link.
 [[nodiscard]] SpecialScanners::VolumeTrashes volumeTrashes(std::string_view mounts, unsigned user,
                                                            const std::filesystem::path& homeTrash);
+
+/// By the names that the kernel keeps, of which some are cut short.
+[[nodiscard]] ProcessNotes processNotes();
 
 }  // namespace tavrel::Linux

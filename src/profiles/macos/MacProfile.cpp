@@ -125,6 +125,7 @@ Profile Profiles::macos(const Path& root, const Path& home) {
                        .packages = {"app", "framework", "bundle", "plugin", "kext", "photoslibrary"},
                        .applications = places.applications()},
         .guardLists = guardLists(),
+        .processNotes = Mac::processNotes(),
         .fullDiskAccessProbes = {"Library/Application Support/com.apple.TCC/TCC.db",
                                  "Library/Containers/com.apple.stocks", "Library/Safari"},
         .trashLayout = Profile::TrashLayout::flat,

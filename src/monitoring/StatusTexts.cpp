@@ -128,6 +128,11 @@ std::string grade(int healthScore) {
     return localized("Needs care");
 }
 
+std::string machine(const MachineFigures& figures) {
+    if (!figures.memory.total) return figures.chip;
+    return phrase("{} · {} of memory", figures.chip, byteCount(*figures.memory.total));
+}
+
 std::string batteryState(const Sensors::Battery& battery) {
     if (battery.pluggedIn) return battery.charging ? localized("Charging") : localized("Plugged in");
     if (!battery.minutesLeft) return localized("On battery");
@@ -170,6 +175,7 @@ std::string temperature(double celsius) {
 
 std::string rate(std::optional<double> bytes) {
     if (!bytes) return unknown;
+    if (*bytes < 1) return localized("0 KB/s");
     return phrase("{}/s", byteCount(static_cast<std::int64_t>(*bytes)));
 }
 

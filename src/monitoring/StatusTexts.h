@@ -34,6 +34,9 @@ struct MetricCard {
 /// "Excellent", "Good" or "Needs care".
 [[nodiscard]] std::string grade(int healthScore);
 
+/// The chip, and how much memory there is.
+[[nodiscard]] std::string machine(const MachineFigures& figures);
+
 /// "Charging", "Plugged in", the time left, or "On battery".
 [[nodiscard]] std::string batteryState(const Sensors::Battery& battery);
 /// Health and cycles; empty where neither is known.

@@ -16,8 +16,7 @@ TEST(Monitor, SamplesEveryTwoSecondsAndAtOnceForTheFirstWatcher) {
     testing::FakeMachine machine;
     machine.processes = {{.pid = 7, .name = "worker", .cpu = 93.5}};
     std::optional<Monitor> monitor;
-    monitor.emplace(
-        MonitorServices{clock, {machine, machine, machine.fans}, machine, [&clock] { return clock.now(); }});
+    monitor.emplace(MonitorServices{clock, {machine, machine, machine.fans}, machine});
     EXPECT_EQ(monitor->figures().cpuHistory.size(), 1U);
     clock.advance(8.0);
     EXPECT_EQ(monitor->figures().cpuHistory.size(), 5U);

@@ -167,7 +167,13 @@ class Photographer {
         for (const AppTab tab : allAppTabs) {
             if (tab == AppTab::clean) continue;
             state_.chooseTab(static_cast<int>(tab));
-            take("tab-" + std::string(rawValue(tab)));
+            constexpr int tall = 990;      // pixels, for all of the page
+            constexpr int liveFor = 9000;  // milliseconds, for the graphs to have something to show
+            const bool isStatus = tab == AppTab::status;
+            const QSize before = window_->size();
+            if (isStatus) window_->resize(before.width(), tall);
+            take("tab-" + std::string(rawValue(tab)), isStatus ? liveFor : 900);
+            window_->resize(before);
         }
     }
 

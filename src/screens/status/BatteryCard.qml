@@ -37,7 +37,6 @@ Card {
                 text: card.battery.value
                 size: 30
                 font.weight: Font.DemiBold
-                font.features: { "tnum": 1 }
                 Accessible.ignored: true
             }
             Label {

@@ -33,7 +33,6 @@ Card {
             text: card.fans.value
             size: 29
             font.weight: Font.Bold
-            font.features: { "tnum": 1 }
             Accessible.ignored: true
         }
         Label {

@@ -30,7 +30,6 @@ Card {
             text: card.score
             size: 30
             font.weight: Font.DemiBold
-            font.features: { "tnum": 1 }
             Accessible.ignored: true
         }
     }

@@ -44,7 +44,6 @@ Card {
             text: card.values.value
             size: 24
             font.weight: Font.DemiBold
-            font.features: { "tnum": 1 }
             Accessible.ignored: true
         }
         Label {

@@ -77,7 +77,6 @@ Item {
         width: 76
         horizontalAlignment: Text.AlignRight
         text: row.cpuText
-        font.features: { "tnum": 1 }
         Accessible.ignored: true
     }
     Label {
@@ -89,7 +88,6 @@ Item {
         horizontalAlignment: Text.AlignRight
         text: row.memoryText
         color: Theme.secondary
-        font.features: { "tnum": 1 }
         Accessible.ignored: true
     }
     Label {
@@ -101,7 +99,6 @@ Item {
         horizontalAlignment: Text.AlignRight
         text: row.powerText
         color: Theme.secondary
-        font.features: { "tnum": 1 }
         Accessible.ignored: true
 
         HoverHandler { id: powerHover }

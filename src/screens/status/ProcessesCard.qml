@@ -1,6 +1,7 @@
 import QtQuick
 import Tavrel.Controls
 import Tavrel.Models
+import Tavrel.Status
 
 // Who uses the machine most; pinned processes stay at the top.
 Card {

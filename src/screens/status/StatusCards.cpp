@@ -53,7 +53,7 @@ QString StatusCards::grade() const {
 }
 
 QString StatusCards::machine() const {
-    return shown(figures().chip);
+    return shown(StatusTexts::machine(figures()));
 }
 
 CardData StatusCards::cpu() const {

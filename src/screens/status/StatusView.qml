@@ -3,6 +3,7 @@ import QtQuick.Templates as T
 import Tavrel.Controls
 import Tavrel.Graphs
 import Tavrel.Models
+import Tavrel.Status
 
 // The machine live. While the page can be seen it counts as a watcher of the monitor.
 Flickable {
@@ -53,11 +54,24 @@ Flickable {
             width: parent.width
             app: page.app
         }
-        HealthCard {
-            width: parent.width
-            score: cards.health
-            grade: cards.grade
-            machine: cards.machine
+        Row {
+            spacing: page.spacing
+
+            HealthCard {
+                width: content.width - (fanBeside.visible ? page.cell + page.spacing : 0)
+                height: fanBeside.visible ? fanBeside.height : implicitHeight
+                score: cards.health
+                grade: cards.grade
+                machine: cards.machine
+            }
+            FanControlCard {
+                id: fanBeside
+
+                visible: !battery.wanted
+                width: page.cell
+                fans: cards.fans
+                detail: cards.fanDetail
+            }
         }
         Grid {
             columns: page.columns
@@ -119,21 +133,22 @@ Flickable {
             }
         }
         Row {
-            readonly property bool hasBattery: battery.visible
+            visible: battery.wanted
             spacing: page.spacing
 
             BatteryCard {
                 id: battery
 
-                visible: cards.hasBattery || cards.accessories.length > 0
+                readonly property bool wanted: cards.hasBattery || cards.accessories.length > 0
+
                 width: (content.width - page.spacing) / 2
                 hasBattery: cards.hasBattery
                 battery: cards.battery
                 accessories: cards.accessories
             }
             FanControlCard {
-                width: battery.visible ? battery.width : content.width
-                height: battery.visible ? battery.height : implicitHeight
+                width: battery.width
+                height: battery.height
                 fans: cards.fans
                 detail: cards.fanDetail
             }

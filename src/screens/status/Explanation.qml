@@ -17,6 +17,7 @@ T.Popup {
     rightPadding: 12
     implicitWidth: Math.min(label.implicitWidth, 320) + leftPadding + rightPadding
     implicitHeight: label.implicitHeight + topPadding + bottomPadding
+    focus: true
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
 
     contentItem: Label {

@@ -78,8 +78,8 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
         .guardLists = Linux::guardLists(dirs, data / "Trash"),
         .processNotes = Linux::processNotes(),
         .trashLayout = Profile::TrashLayout::freedesktop,
-        .fanWords = {.none = "No fan on this computer",
-                     .unavailable = "Fan control unavailable on this computer"},
+        .fanWords = StatusTexts::FanWords{.none = "No fan on this computer",
+                                          .unavailable = "Fan control unavailable on this computer"},
     };
 }
 

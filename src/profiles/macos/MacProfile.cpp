@@ -129,8 +129,8 @@ Profile Profiles::macos(const Path& root, const Path& home) {
         .fullDiskAccessProbes = {"Library/Application Support/com.apple.TCC/TCC.db",
                                  "Library/Containers/com.apple.stocks", "Library/Safari"},
         .trashLayout = Profile::TrashLayout::flat,
-        .fanWords = {.none = "No fan on this Mac",
-                     .unavailable = "Fan control unavailable on this Mac"},
+        .fanWords = StatusTexts::FanWords{.none = "No fan on this Mac",
+                                          .unavailable = "Fan control unavailable on this Mac"},
     };
 }
 

@@ -30,6 +30,7 @@ struct Profile {
     InstallerFinder::Tables installers;
     SafetyGuard::Lists guardLists;
     std::vector<std::string_view> fullDiskAccessProbes;
+    std::vector<std::string_view> packages = {};  // endings of folders that people see as one thing
     TrashLayout trashLayout = TrashLayout::flat;
 
     /// A guard of this moment for the user's home.

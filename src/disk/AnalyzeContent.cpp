@@ -14,19 +14,14 @@ constexpr double smallestColoredShare = 0.004;
 }  // namespace
 
 AnalyzeContent::AnalyzeContent(FolderListing listing, SizeCache::Folder known)
-    : paths_(std::move(listing.paths)), inOrderOfPaths_(true) {
-    entries_.reserve(listing.all.size());
-    for (std::size_t at = 0; at < listing.all.size(); ++at) {
-        FolderListing::Listed& listed = listing.all[at];
-        AnalyzeEntry entry{.url = std::move(listed.url), .isFolder = listed.navigable};
-        if (listed.fileSize) {
-            entry.size = listed.fileSize;
-            entry.files = 1;
-        } else if (const auto info = known.find(SizeKey::of((*paths_)[at]).name)) {
+    : entries_(std::move(listing.all)), paths_(std::move(listing.paths)), inOrderOfPaths_(true) {
+    for (std::size_t at = 0; at < entries_.size(); ++at) {
+        AnalyzeEntry& entry = entries_[at];
+        if (entry.size) continue;
+        if (const auto info = known.find(SizeKey::of((*paths_)[at]).name)) {
             entry.size = info->size;
             entry.files = info->files;
         }
-        entries_.push_back(std::move(entry));
     }
     ids_.resize(entries_.size());
     std::iota(ids_.begin(), ids_.end(), Id(0));

@@ -11,6 +11,8 @@
 #include <QCoroFuture>
 #include <QPointer>
 #include <algorithm>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 
 namespace tavrel {
@@ -23,24 +25,30 @@ QString text(const std::string& utf8) {
     return QString::fromStdString(utf8);
 }
 
+using Items = std::vector<CleanItem>;
+
 CleanItem itemOf(const AnalyzeEntry& entry) {
     return {.url = entry.url, .size = entry.size.value_or(0), .risk = Risk::review, .isNoLink = true};
 }
 
 /// Without what lies in another of them: that goes with it, and its size is part of the other's.
-Entries outermost(Entries entries) {
-    const auto path = [](const AnalyzeEntry& entry) -> const std::string& { return entry.url.native(); };
-    std::set<std::string> chosen;
-    for (const AnalyzeEntry& entry : entries) chosen.insert(path(entry));
-    const auto liesInAnother = [&](const AnalyzeEntry& entry) {
-        for (std::string_view above = SizeKey::of(path(entry)).folder; above.size() > 1;
-             above = SizeKey::of(above).folder) {
-            if (chosen.contains(std::string(above))) return true;
-        }
-        return false;
+Items outermost(Items items) {
+    std::unordered_set<std::string_view> chosen;
+    for (const CleanItem& item : items) chosen.insert(item.id());
+    std::unordered_map<std::string_view, bool> isCovered;  // folders: whether one is chosen, or one above it
+    const auto covered = [&](std::string_view folder) {
+        const auto [known, isNew] = isCovered.try_emplace(folder, false);
+        for (; isNew && folder.size() > 1 && !known->second; folder = SizeKey::of(folder).folder)
+            known->second = chosen.contains(folder);
+        return known->second;
     };
-    entries.erase(std::remove_if(entries.begin(), entries.end(), liesInAnother), entries.end());
-    return entries;
+    std::vector<bool> goesAlong;
+    for (const CleanItem& item : items) goesAlong.push_back(covered(SizeKey::of(item.id()).folder));
+    Items kept;
+    for (std::size_t at = 0; at < items.size(); ++at) {
+        if (!goesAlong[at]) kept.push_back(std::move(items[at]));
+    }
+    return kept;
 }
 
 /// The path of the entry that a focus is on.
@@ -160,13 +168,13 @@ void AnalyzeModel::load() {
 }
 
 void AnalyzeModel::rescan() {
-    services_.sizes.forgetAll();
+    services_.work.discard(std::make_shared<SizeCache>(services_.sizes.forgetAll()));
     load();
 }
 
 void AnalyzeModel::show(AnalyzeContent content) {
     setFocus(std::nullopt);
-    content_ = std::move(content);
+    services_.work.discard(std::make_shared<AnalyzeContent>(std::exchange(content_, std::move(content))));
     ++contentNumber_;
     subSlices_.clear();
     learnSubSlices();
@@ -391,33 +399,43 @@ QString AnalyzeModel::questionText() const {
 
 // The removal
 
-void AnalyzeModel::trash(Entries entries) {
-    if (entries.empty() || removing_) return;
-    QCoro::connect(remove(std::move(entries)), this, [] {});
+void AnalyzeModel::trash(const Entries& entries) {
+    Items items;
+    items.reserve(entries.size());
+    for (const AnalyzeEntry& entry : entries) items.push_back(itemOf(entry));
+    begin(std::move(items));
 }
 
 void AnalyzeModel::trashSelected() {
-    trash(selectedEntries());
+    Items items;
+    items.reserve(selectedCount_);
+    for (std::size_t at = 0; at < entries().size(); ++at) {
+        if (selected_[content_.id(at)]) items.push_back(itemOf(entries()[at]));
+    }
+    begin(std::move(items));
 }
 
-QCoro::Task<> AnalyzeModel::remove(Entries entries) {
+void AnalyzeModel::begin(Items items) {
+    if (items.empty() || removing_) return;
+    QCoro::connect(remove(outermost(std::move(items))), this, [] {});
+}
+
+QCoro::Task<> AnalyzeModel::remove(Items items) {
     const QPointer<AnalyzeModel> self = this;
     removing_ = true;
     Q_EMIT removalChanged();
-    std::vector<CleanItem> items;
-    for (const AnalyzeEntry& entry : outermost(std::move(entries))) items.push_back(itemOf(entry));
     if (!services_.preferences.knowsProtectedPaths() && !services_.preferences.dryRun()) {
-        finishRemoval(refusalWithoutProtectedPaths(items));
+        finishRemoval(std::make_shared<const CleanReport>(refusalWithoutProtectedPaths(items)));
         co_return;
     }
     CleanJob work = job(std::move(items));
     QFuture<CleanRunner::Report> removal = services_.runner.clean(std::move(work));
     const CleanRunner::Report report = co_await removal;
     if (!self) co_return;
-    finishRemoval(*report);
+    finishRemoval(report);
 }
 
-CleanJob AnalyzeModel::job(std::vector<CleanItem> items) const {
+CleanJob AnalyzeModel::job(Items items) const {
     const Preferences& preferences = services_.preferences;
     return {
         .items = std::move(items),
@@ -428,10 +446,10 @@ CleanJob AnalyzeModel::job(std::vector<CleanItem> items) const {
     };
 }
 
-void AnalyzeModel::finishRemoval(const CleanReport& report) {
+void AnalyzeModel::finishRemoval(const CleanRunner::Report& report) {
     removing_ = false;
     lastRemoval_ = report;
-    if (!report.dryRun) takeOut(report);
+    if (!report->dryRun) takeOut(*report);
     Q_EMIT removalChanged();
 }
 

@@ -100,7 +100,8 @@ class AnalyzeModel final : public QObject {
     /// Of the entries that are large enough for an arc of their own.
     [[nodiscard]] const SubSlices& subSlices() const { return subSlices_; }
     [[nodiscard]] const std::optional<AnalyzeFocus>& focus() const { return focus_; }
-    [[nodiscard]] const std::optional<CleanReport>& lastRemoval() const { return lastRemoval_; }
+    /// The report of the last removal; nullptr before the first.
+    [[nodiscard]] const CleanReport* lastRemoval() const { return lastRemoval_.get(); }
     [[nodiscard]] std::set<std::string> selection() const;
     [[nodiscard]] Entries selectedEntries() const;
 
@@ -125,7 +126,7 @@ class AnalyzeModel final : public QObject {
     /// Whether everything that can be removed is selected; never before that is known of everything.
     [[nodiscard]] bool allSelected() const;
     [[nodiscard]] bool isRemoving() const { return removing_; }
-    [[nodiscard]] bool hasLastRemoval() const { return lastRemoval_.has_value(); }
+    [[nodiscard]] bool hasLastRemoval() const { return lastRemoval_ != nullptr; }
     [[nodiscard]] bool lastRemovalWasPreview() const { return lastRemoval_ && lastRemoval_->dryRun; }
     [[nodiscard]] int lastRemovalCount() const;
     [[nodiscard]] int lastRemovalSkipped() const;
@@ -164,7 +165,7 @@ class AnalyzeModel final : public QObject {
     Q_INVOKABLE void clearSelection();
 
     /// Moves things to the Trash, unless a removal runs. What lies in another of them goes with that.
-    void trash(Entries entries);
+    void trash(const Entries& entries);
     Q_INVOKABLE void trashSelected();
 
   Q_SIGNALS:
@@ -192,9 +193,10 @@ class AnalyzeModel final : public QObject {
     void selectAll();
     void selectionWasChanged();
     void setListing(bool on);
-    [[nodiscard]] QCoro::Task<> remove(Entries entries);
+    void begin(std::vector<CleanItem> items);
+    [[nodiscard]] QCoro::Task<> remove(std::vector<CleanItem> items);
     [[nodiscard]] CleanJob job(std::vector<CleanItem> items) const;
-    void finishRemoval(const CleanReport& report);
+    void finishRemoval(const CleanRunner::Report& report);
     void takeOut(const CleanReport& report);
 
     AnalyzeServices services_;
@@ -226,7 +228,7 @@ class AnalyzeModel final : public QObject {
     std::stop_source vetStop_;
 
     bool removing_ = false;
-    std::optional<CleanReport> lastRemoval_;
+    CleanRunner::Report lastRemoval_;
 };
 
 }  // namespace tavrel

@@ -75,6 +75,10 @@ void BackgroundDiskWork::vet(SafetyGuard guard, FolderListing::Paths paths, std:
            std::move(done));
 }
 
+void BackgroundDiskWork::discard(std::shared_ptr<void> something) {
+    listings_.start([held = std::move(something)] {});
+}
+
 template <typename Result>
 void BackgroundDiskWork::answer(QFuture<Result> work, Done<Result> done) {
     auto* watcher = new QFutureWatcher<Result>(&mainThread_);

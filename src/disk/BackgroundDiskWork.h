@@ -7,6 +7,7 @@
 #include <QThreadPool>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 namespace tavrel {
 
@@ -29,6 +30,7 @@ class BackgroundDiskWork final : public DiskWork {
     void findLargeFiles(Path under, std::stop_token stop, Done<LargeFiles> done) override;
     void vet(SafetyGuard guard, FolderListing::Paths paths, std::stop_token stop,
              Done<Reasons> done) override;
+    void discard(std::shared_ptr<void> something) override;
 
   private:
     template <typename Result>

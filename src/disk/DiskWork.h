@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -31,6 +32,8 @@ class DiskWork {
     /// Why the guard refuses each of `paths`; empty where it does not.
     virtual void vet(SafetyGuard guard, FolderListing::Paths paths, std::stop_token stop,
                      Done<Reasons> done) = 0;
+    /// Takes time over letting go of something large.
+    virtual void discard(std::shared_ptr<void> something) = 0;
 };
 
 }  // namespace tavrel

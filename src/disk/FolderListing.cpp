@@ -53,8 +53,14 @@ FolderListing FolderListing::of(const std::filesystem::path& folder, const Packa
     auto paths = std::make_shared<std::vector<std::string>>();
     paths->reserve(found.size());
     for (const Found& each : found) {
-        const bool navigable = !each.fileSize && !isPackage(each.name, packages);
-        listing.all.push_back({.url = folder / each.name, .fileSize = each.fileSize, .navigable = navigable});
+        AnalyzeEntry entry{.url = folder / each.name};
+        if (each.fileSize) {
+            entry.size = each.fileSize;
+            entry.files = 1;
+        } else {
+            entry.isFolder = !isPackage(each.name, packages);
+        }
+        listing.all.push_back(std::move(entry));
         paths->push_back(listing.all.back().url.native());
     }
     listing.paths = std::move(paths);

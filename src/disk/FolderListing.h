@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstdint>
+#include "disk/AnalyzeEntry.h"
+
 #include <filesystem>
 #include <memory>
-#include <optional>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -13,15 +13,10 @@ namespace tavrel {
 
 /// What one folder holds, in the order of the names.
 struct FolderListing {
-    struct Listed {
-        std::filesystem::path url;
-        std::optional<std::int64_t> fileSize;  // allocated bytes; none where a tree has to be measured
-        bool navigable = false;                // a folder that may be opened
-    };
     using Paths = std::shared_ptr<const std::vector<std::string>>;
 
-    std::vector<Listed> all;
-    Paths paths;  // those of `all`, for whoever works on them beside its owner
+    std::vector<AnalyzeEntry> all;  // files with their size, all others to be measured
+    Paths paths;                    // those of `all`, for whoever works on them beside its owner
 
     /// Endings of folders that count as one thing, without the dot and in lower case.
     using Packages = std::vector<std::string_view>;

@@ -90,10 +90,11 @@ void SizeCache::drop(std::string_view path) {
         const auto own = beside->second.figures.find(key.name);
         if (own != beside->second.figures.end()) beside->second.figures.erase(own);
     }
-    const auto own = families_.find(path);
-    if (own != families_.end()) families_.erase(own);
+    const auto first = families_.lower_bound(path);
+    if (first == families_.end() || !first->first.starts_with(path)) return;
     const std::string below = std::string(path) + '/';
     const std::string beyond = std::string(path) + static_cast<char>('/' + 1);
+    if (first->first == path) families_.erase(first);
     families_.erase(families_.lower_bound(below), families_.lower_bound(beyond));
 }
 

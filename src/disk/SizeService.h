@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace tavrel {
@@ -72,8 +73,9 @@ class SizeService {
 
     /// Forgets a path with everything below and above it. A walk under way still tells what it finds.
     void invalidate(std::string_view path) { cache_.forget(path); }
-    /// Forgets everything, so that all is measured anew.
-    void forgetAll() { cache_.clear(); }
+    /// Forgets everything, so that all is measured anew. What it was is handed over: letting go of it may
+    /// take long.
+    SizeCache forgetAll() { return std::exchange(cache_, {}); }
 
   private:
     using Tasks = std::list<std::shared_ptr<Task>>;

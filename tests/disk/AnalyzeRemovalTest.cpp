@@ -96,8 +96,8 @@ class RealRemovalTest : public ::testing::Test {
         const auto id = model->content().find(at(name).native());
         return id ? model->content().entry(*id) : AnalyzeEntry{};
     }
-    const CleanReport& trash(std::vector<AnalyzeEntry> entries) {
-        model->trash(std::move(entries));
+    const CleanReport& trash(const std::vector<AnalyzeEntry>& entries) {
+        model->trash(entries);
         EXPECT_TRUE(waitUntil([&] { return !model->isRemoving(); }));
         return *model->lastRemoval();
     }

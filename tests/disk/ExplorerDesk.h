@@ -47,6 +47,8 @@ class HeldDiskWork final : public DiskWork {
         vetted.emplace_back(std::move(guard), std::move(paths));
     }
 
+    void discard(std::shared_ptr<void> /*something*/) override {}
+
     /// Ends the walk of a path that began last.
     void endWalk(const Path& path, const DiskIndex::Measurement& found) {
         const auto call =
@@ -104,7 +106,9 @@ class ExplorerDesk {
         work.listings.pop_back();
         for (const auto& [name, bytes] : things) {
             const bool isPackage = name.ends_with(".app");
-            listing.all.push_back({call.path / name, bytes, !bytes && !isPackage});
+            AnalyzeEntry entry{.url = call.path / name, .size = bytes, .isFolder = !bytes && !isPackage};
+            if (bytes) entry.files = 1;
+            listing.all.push_back(std::move(entry));
             paths->push_back(listing.all.back().url.native());
         }
         listing.paths = std::move(paths);

@@ -28,9 +28,9 @@ TEST(FolderListing, HoldsEverythingButLinksByName) {
     std::vector<std::string> lines;
     const auto listing = FolderListing::of(sandbox.root(), {"app"});
     for (const auto& each : listing.all) {
-        const std::string kind = each.fileSize ? " file" : each.navigable ? " folder" : " package";
+        const std::string kind = each.size ? " file" : each.isFolder ? " folder" : " package";
         lines.push_back(each.url.filename().native() + kind);
-        EXPECT_EQ(each.fileSize.value_or(testing::allocated(each.url)), testing::allocated(each.url));
+        EXPECT_EQ(each.size.value_or(testing::allocated(each.url)), testing::allocated(each.url));
     }
     EXPECT_THAT(lines, ElementsAre(".hidden file", "A.App package", "not.app file", "z folder folder"));
     ASSERT_EQ(listing.paths->size(), 4U);

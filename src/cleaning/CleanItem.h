@@ -19,6 +19,7 @@ struct CleanItem {
     std::string note;                         // one line under the item's name; may be empty
     bool permanent = false;                   // delete outright: moving it would free nothing
     bool requiresAdmin = false;               // only root can remove it
+    bool isNoLink = false;                    // as it was found: a link in its place is another thing
     std::optional<std::string> adminCommand;  // the whole shell command, for what is no plain path
 
     /// The key of a selection: two items with one path are one thing to choose.

@@ -1,5 +1,6 @@
 #include "cleaning/CleanListModel.h"
 
+#include "cleaning/CleanRefusal.h"
 #include "core/ByteCount.h"
 #include "core/CheckedSum.h"
 #include "core/Text.h"
@@ -44,16 +45,6 @@ Items inOrderOfFalling(Items chosen) {
     std::stable_partition(chosen.begin(), chosen.end(),
                           [](const CleanItem& item) { return !item.requiresAdmin; });
     return chosen;
-}
-
-/// Nothing may go while nobody knows what the user barred.
-CleanReport refusal(const Items& chosen) {
-    CleanReport report;
-    report.skipped.reserve(chosen.size());
-    for (const CleanItem& item : chosen) {
-        report.skipped.push_back({item, Text::localized("the protected folders cannot be read")});
-    }
-    return report;
 }
 
 }  // namespace
@@ -130,7 +121,7 @@ QCoro::Task<> CleanListModel::runClean() {
     if (chosen.empty() || isWorking()) co_return;
     const QPointer<CleanListModel> self = this;
     if (!services_.preferences.knowsProtectedPaths() && !services_.preferences.dryRun()) {
-        finish(refusal(chosen));
+        finish(refusalWithoutProtectedPaths(chosen));
         co_return;
     }
 

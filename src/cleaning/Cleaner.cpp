@@ -94,6 +94,8 @@ void Cleaner::cleanOne(const CleanItem& item, const SafetyGuard& safety, Options
     const auto verdict = safety.check(item.url);
     if (!verdict.isAllowed()) return noteSkipped(report, item, verdict.reason());
     if (!seen) return;
+    if (item.isNoLink && seen->isLink())
+        return noteSkipped(report, item, Removal::refusal(Removal::changed).reason);
 
     const auto how = disposal(item, options);
     if (!options.dryRun) {

@@ -33,6 +33,7 @@ struct Profile {
     SafetyGuard::Lists guardLists;
     ProcessNotes processNotes;
     std::vector<std::string_view> fullDiskAccessProbes;
+    std::vector<std::string_view> packages = {};  // endings of folders that people see as one thing
     TrashLayout trashLayout = TrashLayout::flat;
     StatusTexts::FanWords fanWords;
 

@@ -63,6 +63,18 @@ SafetyGuard::Lists guardLists() {
     };
 }
 
+std::vector<std::string_view> packages() {
+    return {
+        "app",        "appex",         "xpc",          "bundle",      "plugin",        "kext",
+        "component",  "prefpane",      "saver",        "qlgenerator", "mdimporter",    "wdgt",
+        "action",     "workflow",      "scptd",        "pkg",         "mpkg",          "sparsebundle",
+        "dsym",       "docset",        "xcodeproj",    "xcworkspace", "xcarchive",     "xcdatamodeld",
+        "playground", "photoslibrary", "musiclibrary", "tvlibrary",   "imovielibrary", "fcpbundle",
+        "logicx",     "band",          "rtfd",         "pages",       "numbers",       "key",
+        "theater",    "download",
+    };
+}
+
 SpecialScanners::SystemPlaces systemPlaces(const Places& places) {
     const Path caches = places.resolve("/Library/Caches");
     const Path reports = places.resolve("/Library/Logs/DiagnosticReports");
@@ -128,6 +140,7 @@ Profile Profiles::macos(const Path& root, const Path& home) {
         .processNotes = Mac::processNotes(),
         .fullDiskAccessProbes = {"Library/Application Support/com.apple.TCC/TCC.db",
                                  "Library/Containers/com.apple.stocks", "Library/Safari"},
+        .packages = packages(),
         .trashLayout = Profile::TrashLayout::flat,
         .fanWords = StatusTexts::FanWords{.none = "No fan on this Mac",
                                           .unavailable = "Fan control unavailable on this Mac"},

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "disk/DiskIndex.h"
+#include "disk/SizeFindings.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel {
+
+/// The sizes that walks have told, until they are forgotten. Paths are absolute and standardised.
+class SizeCache {
+  public:
+    using Info = DiskIndex::Info;
+
+    struct Child {
+        std::string path;
+        Info info;
+        bool operator==(const Child&) const = default;
+    };
+
+    /// Looks up the things of one folder. Valid until the cache changes.
+    class Folder {
+      public:
+        [[nodiscard]] std::optional<Info> find(std::string_view name) const;
+
+      private:
+        friend class SizeCache;
+        explicit Folder(const SizeFamily* family) : family_(family) {}
+        const SizeFamily* family_;
+    };
+
+    [[nodiscard]] std::optional<Info> find(std::string_view path) const;
+    [[nodiscard]] Folder in(std::string_view folder) const;
+
+    /// The sub-folders of `path` whose size is known, largest first, at most `most`.
+    [[nodiscard]] std::vector<Child> children(std::string_view path, std::size_t most) const;
+
+    /// Keeps what a walk of `path` found. Its own figure replaces an older one; below it older figures stand.
+    void store(std::string_view path, SizeFindings findings);
+
+    /// Forgets the path, everything below it and every folder above it; what stands beside it stays.
+    void forget(std::string_view path);
+    void clear() { families_.clear(); }
+
+  private:
+    [[nodiscard]] const SizeFamily* family(std::string_view folder) const;
+    [[nodiscard]] SizeFamily& makeFamily(std::string_view folder);
+    void drop(std::string_view path);
+    void unlearn(std::string_view path);
+
+    SizeFamily::ByFolder families_;
+};
+
+}  // namespace tavrel

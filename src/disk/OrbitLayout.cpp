@@ -19,8 +19,8 @@ void appendSlices(std::vector<OrbitSegment>& ring, const std::vector<SubSlice>& 
     for (const SubSlice& slice : slices) {
         const double share = static_cast<double>(slice.size) / total;
         if (share >= OrbitChart::leastSliceShare) {
-            ring.push_back({slice.url.native(), start, start + share, colour, AnalyzeFocuses::Slice{slice},
-                            slice.size});
+            ring.push_back(
+                {slice.url.native(), start, start + share, colour, AnalyzeFocuses::Slice{slice}, slice.size});
         }
         start += share;
     }

@@ -51,8 +51,8 @@ struct OrbitRing {
 struct OrbitLayout {
     std::vector<OrbitSegment> inner;
     std::vector<OrbitSegment> outer;
-    std::int64_t total = 0;       // bytes of what is drawn
-    std::size_t smallCount = 0;   // entries in the lump
+    std::int64_t total = 0;      // bytes of what is drawn
+    std::size_t smallCount = 0;  // entries in the lump
 
     bool operator==(const OrbitLayout&) const = default;
 };

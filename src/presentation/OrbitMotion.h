@@ -41,7 +41,7 @@ inline constexpr double largestSwell = 0.25;  // beside 1
 [[nodiscard]] double swell(double time);
 
 /// The thin rim over it, which turns.
-inline constexpr double rimWidth = 1.6;  // points
+inline constexpr double rimWidth = 1.6;     // points
 [[nodiscard]] double rimTurn(double time);  // degrees
 [[nodiscard]] double rimOpacity(double time);
 

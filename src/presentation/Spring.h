@@ -17,7 +17,8 @@ struct SprungValue {
     double value = 0;
     double velocity = 0;  // a second
 
-    /// `dt` seconds on the way to `target`, by the exact solution, so that the rate of frames does not matter.
+    /// `dt` seconds on the way to `target`, by the exact solution, so that the rate of frames does not
+    /// matter.
     void step(double target, double dt, const Spring& spring);
 };
 

@@ -12,10 +12,10 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t steps = 1024;     // of the circle, in tables
-constexpr double streakWidth = 1.3;     // points
-constexpr double horizonRoom = 7;       // points beside the horizon that its lines may need
-constexpr double fadeIn = 0.08;         // of the unit, at the disk's inner edge
+constexpr std::size_t steps = 1024;  // of the circle, in tables
+constexpr double streakWidth = 1.3;  // points
+constexpr double horizonRoom = 7;    // points beside the horizon that its lines may need
+constexpr double fadeIn = 0.08;      // of the unit, at the disk's inner edge
 constexpr double fadeOut = 0.16;
 
 /// Light, not yet multiplied by its opacity.

@@ -32,6 +32,7 @@ struct RingLight {
     double place;
     double white;
 };
-inline constexpr std::array ringLights = {RingLight{0, 0.6}, RingLight{0.3, 0.2}, RingLight{0.75, 0}, RingLight{1, 0}};
+inline constexpr std::array ringLights = {RingLight{0, 0.6}, RingLight{0.3, 0.2}, RingLight{0.75, 0},
+                                          RingLight{1, 0}};
 
 }  // namespace tavrel

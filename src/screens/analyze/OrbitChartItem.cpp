@@ -32,6 +32,7 @@ std::shared_ptr<const OrbitLayout> emptyLayout() {
 OrbitChartItem::OrbitChartItem(QQuickItem* parent)
     : QQuickItem(parent),
       layout_(emptyLayout()),
+      isHeard_(QAccessible::isActive()),
       motionTicker_({.fps = motionRate}),
       lightsTicker_({.fps = lightsRate}) {
     setFlag(ItemHasContents);
@@ -239,13 +240,14 @@ QString OrbitChartItem::last() const {
 
 // ---- screen reader ----
 
-void OrbitChartItem::accessibilityActiveChanged(bool) {
+void OrbitChartItem::accessibilityActiveChanged(bool active) {
+    isHeard_ = active;
     speak();
 }
 
 void OrbitChartItem::speak() {
     QStringList all;
-    if (QAccessible::isActive()) {
+    if (isHeard_) {
         for (const auto* ring : {&layout_->inner, &layout_->outer}) {
             for (const OrbitSegment& segment : *ring)
                 all.append(QString::fromStdString(OrbitChart::spoken(*layout_, segment)));

@@ -111,10 +111,11 @@ class OrbitChartItem : public QQuickItem, private QAccessible::ActivationObserve
     QString pointed_;  // the arc under the pointer
     QPointF pointer_;
     QString pressed_;
+    bool isHeard_;  // a screen reader listens
     QStringList spoken_;
 
     OrbitLights lights_;
-    double litAt_ = 0;  // seconds, of the last step of the lights
+    double litAt_ = 0;       // seconds, of the last step of the lights
     bool arcsStale_ = true;  // no longer as drawn
     bool motionStale_ = true;
     PacedTicker motionTicker_;

@@ -19,8 +19,8 @@ class OrbitLights {
 
     [[nodiscard]] Light of(std::string_view id) const;
 
-    /// `dt` seconds on the way to where the arc `focus` is lit and every other one dimmed; without a focus all
-    /// are as bright as usual. Whether anything still moves.
+    /// `dt` seconds on the way to where the arc `focus` is lit and every other one dimmed; without a focus
+    /// all are as bright as usual. Whether anything still moves.
     bool step(const std::string& focus, double dt);
     /// The end of that way at once.
     void settle(const std::string& focus);

@@ -11,8 +11,8 @@ namespace {
 
 using Vertex = QSGGeometry::ColoredPoint2D;
 
-constexpr double coarsest = 0.05;    // pixels that a chord may stand off its circle
-constexpr double outlineWidth = 1;   // points
+constexpr double coarsest = 0.05;   // pixels that a chord may stand off its circle
+constexpr double outlineWidth = 1;  // points
 
 /// A grid of triangles: columns of vertices from the inner to the outer edge, one beside the other.
 class Builder {

@@ -14,12 +14,12 @@ namespace {
 
 using namespace Painting;
 
-constexpr int softSide = 240;         // pixels of the soft pictures, which hold nothing sharp
-constexpr double bloomBlur = 0.035;   // of the chart's side
+constexpr int softSide = 240;        // pixels of the soft pictures, which hold nothing sharp
+constexpr double bloomBlur = 0.035;  // of the chart's side
 constexpr double bloomOpacity = 0.75;
-constexpr double haloBlur = 12;       // points
+constexpr double haloBlur = 12;  // points
 constexpr double haloOpacity = 0.8;
-constexpr double outlineWidth = 1;    // points
+constexpr double outlineWidth = 1;  // points
 
 /// In units of half the chart's side.
 QPainterPath pathOf(const RingArc& arc) {
@@ -128,10 +128,9 @@ QImage glow(int side) {
 }
 
 QImage shadow(int side) {
-    return roundLight(side, {{0, Qt::black},
-                             {1.0 / 3, Qt::black},
-                             {2.0 / 3, faded(Qt::black, 0.85)},
-                             {1, faded(Qt::black, 0)}});
+    return roundLight(
+        side,
+        {{0, Qt::black}, {1.0 / 3, Qt::black}, {2.0 / 3, faded(Qt::black, 0.85)}, {1, faded(Qt::black, 0)}});
 }
 
 }  // namespace tavrel::OrbitPainting

@@ -76,7 +76,8 @@ QImage blurred(QImage image, double sigma) {
     const qsizetype stride = image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
     std::vector<QRgb> copy;
     for (int round = 0; round < rounds; ++round) {
-        for (int y = 0; y < image.height(); ++y) average({pixels + y * stride, 1, image.width()}, radius, copy);
+        for (int y = 0; y < image.height(); ++y)
+            average({pixels + y * stride, 1, image.width()}, radius, copy);
         for (int x = 0; x < image.width(); ++x) average({pixels + x, stride, image.height()}, radius, copy);
     }
     return image;

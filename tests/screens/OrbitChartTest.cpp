@@ -141,6 +141,25 @@ TEST_F(OrbitChartTest, BrightensTheFocusAndDimsTheOthers) {
     EXPECT_GT(lightAt(after, larger), lightAt(before, larger) + 60);
 }
 
+TEST(OrbitLights, NothingFlashesAsTheFocusMoves) {
+    OrbitLights lights;
+    lights.settle("a");
+    double emphasis = 1;
+    bool moves = true;
+    for (int frame = 0; frame < 60 && moves; ++frame) {
+        moves = lights.step("b", 1.0 / 60);
+        EXPECT_NEAR(lights.of("c").dim, 1, 1e-9);
+        EXPECT_LE(lights.of("a").emphasis, emphasis);
+        emphasis = lights.of("a").emphasis;
+    }
+    EXPECT_FALSE(moves) << "never comes to rest";
+    EXPECT_EQ(lights.of("b").emphasis, 1);
+    EXPECT_EQ(lights.of("b").dim, 0);
+    EXPECT_EQ(lights.of("a").dim, 1);
+    while (lights.step({}, 1.0 / 60)) EXPECT_EQ(lights.of("b").dim, 0);
+    EXPECT_EQ(lights.of("c").dim, 0);
+}
+
 TEST_F(OrbitChartTest, PointerChoosesAndOpens) {
     QTest::mouseMove(window_.get(), at(0.6, 0.25));
     QTest::qWait(1);

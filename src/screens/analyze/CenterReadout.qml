@@ -14,7 +14,7 @@ Column {
     width: side
     spacing: side * 0.03
     Accessible.role: Accessible.StaticText
-    Accessible.name: [name, size, detail].filter(each => each !== "").join(", ")
+    Accessible.name: name + ", " + size + ", " + detail
 
     component Line: Label {
         required property real shrink

@@ -40,8 +40,8 @@ FocusScope {
     Component.onCompleted: sweepIn()
     onFolderChanged: sweepIn()
     onActiveFocusChanged: {
-        if (!activeFocus) chart.unfocused(chart.focusId)
-        else if (focusId === "") goTo(rings.first())
+        if (activeFocus && focusId === "") goTo(rings.first())
+        else if (!activeFocus && focusId !== "") chart.unfocused(focusId)
     }
 
     Keys.onLeftPressed: goTo(rings.beside(-1))

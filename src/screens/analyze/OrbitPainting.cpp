@@ -14,7 +14,7 @@ namespace {
 
 using namespace Painting;
 
-constexpr int softSide = 240;        // pixels of the soft pictures, which hold nothing sharp
+constexpr int softSide = 192;        // pixels of the soft pictures, which hold nothing sharp
 constexpr double bloomBlur = 0.035;  // of the chart's side
 constexpr double bloomOpacity = 0.75;
 constexpr double haloBlur = 12;  // points

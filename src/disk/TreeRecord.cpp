@@ -32,7 +32,8 @@ std::string parent(const std::string& path) {
 
 /// A whole number that is no less than 0.
 std::optional<std::int64_t> count(const Json& value) {
-    if (!value.is_number_integer() || (value.is_number_unsigned() && value > Json(std::numeric_limits<std::int64_t>::max())))
+    if (!value.is_number_integer() ||
+        (value.is_number_unsigned() && value > Json(std::numeric_limits<std::int64_t>::max())))
         return std::nullopt;
     const auto number = value.get<std::int64_t>();
     return number < 0 ? std::nullopt : std::optional(number);
@@ -76,7 +77,8 @@ class Comparison {
 
     [[nodiscard]] std::vector<TreeChange> result() && {
         for (const auto& [path, delta] : unexplained_) {
-            if (delta != 0) add(path, delta > 0 ? TreeChange::Kind::grew : TreeChange::Kind::shrank, true, delta);
+            if (delta != 0)
+                add(path, delta > 0 ? TreeChange::Kind::grew : TreeChange::Kind::shrank, true, delta);
         }
         std::sort(changes_.begin(), changes_.end(), [](const TreeChange& a, const TreeChange& b) {
             return std::abs(a.delta) != std::abs(b.delta) ? std::abs(a.delta) > std::abs(b.delta)

@@ -2,6 +2,7 @@
 
 #include "presentation/DustFall.h"
 #include "screens/controls/Symbols.h"
+#include "screens/scene/Painting.h"
 
 #include <QConicalGradient>
 #include <QFont>
@@ -15,37 +16,17 @@ namespace tavrel {
 
 namespace {
 
-const QColor peach = QColor::fromRgbF(1.0F, 0.78F, 0.62F);
+using namespace Painting;
+
 constexpr int sparkSide = 64;
 constexpr int ringSide = 512;
 constexpr int symbolSide = 48;
 constexpr std::array lineParts = {0.012, 0.03, 0.06, 0.11, 0.19, 0.3};  // of the radius
 
-QColor faded(QColor colour, double opacity) {
-    colour.setAlphaF(static_cast<float>(opacity));
-    return colour;
-}
-
-QImage blank(int side) {
-    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    return image;
-}
-
 QImage fromResource(const char* name, int side) {
     const QImage image(QLatin1String(":/art/") + QLatin1String(name));
     return image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation)
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
-}
-
-/// A round light that fades from `inner` in the middle to nothing, by the stops given.
-QImage roundLight(int side, const QGradientStops& stops) {
-    QImage image = blank(side);
-    QPainter painter(&image);
-    QRadialGradient light(side / 2.0, side / 2.0, side / 2.0);
-    light.setStops(stops);
-    painter.fillRect(image.rect(), light);
-    return image;
 }
 
 QImage paintedRing(double lineOfRadius) {

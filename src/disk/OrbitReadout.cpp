@@ -1,0 +1,90 @@
+#include "disk/OrbitReadout.h"
+
+#include "core/ByteCount.h"
+#include "core/Paths.h"
+#include "core/Phrase.h"
+#include "core/Text.h"
+#include "disk/FileCount.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+namespace tavrel::OrbitChart {
+
+namespace {
+
+constexpr const char* between = " · ";
+
+std::string nameOf(const std::filesystem::path& path) {
+    return Text::shown(Paths::name(path));
+}
+
+std::string sliceName(const std::filesystem::path& path) {
+    return nameOf(path.parent_path()) + " / " + nameOf(path);
+}
+
+std::string smallItems(std::size_t count) {
+    return counted("{} small item", "{} small items", static_cast<unsigned long>(count));
+}
+
+std::string fileCount(std::int64_t files) {
+    const std::string pattern = Text::localized("{} file", "{} files", static_cast<unsigned long>(files));
+    return fmt::format(fmt::runtime(pattern), FileCount::format(files));
+}
+
+std::string percent(double share) {
+    return fmt::format("{:.1f}%", share * 100);
+}
+
+struct Words {
+    std::span<const AnalyzeEntry> entries;
+    const OrbitLayout& layout;
+
+    OrbitReadout operator()(const AnalyzeFocuses::Entry& focus) const {
+        const auto entry = std::find_if(entries.begin(), entries.end(), [&](const AnalyzeEntry& each) {
+            return each.url.native() == focus.path;
+        });
+        if (entry == entries.end()) return {.icon = "doc", .name = nameOf(focus.path)};
+        const std::int64_t size = entry->size.value_or(0);
+        OrbitReadout words = {entry->isFolder ? "folder" : "doc", nameOf(entry->url), byteCount(size),
+                              percent(share(size))};
+        if (entry->isFolder && entry->files) words.detail += between + fileCount(*entry->files);
+        return words;
+    }
+
+    OrbitReadout operator()(const AnalyzeFocuses::Slice& focus) const {
+        const SubSlice& slice = focus.slice;
+        return {"folder", sliceName(slice.url), byteCount(slice.size),
+                percent(share(slice.size)) + between + fileCount(slice.files)};
+    }
+
+    OrbitReadout operator()(const AnalyzeFocuses::Other&) const {
+        const bool isDrawn = !layout.inner.empty() && layout.inner.back().id == lumpId;
+        const std::int64_t size = isDrawn ? layout.inner.back().size : 0;
+        return {"square.grid.3x3", smallItems(layout.smallCount), byteCount(size), percent(share(size))};
+    }
+
+  private:
+    [[nodiscard]] double share(std::int64_t size) const {
+        return layout.total > 0 ? static_cast<double>(size) / static_cast<double>(layout.total) : 0;
+    }
+};
+
+}  // namespace
+
+OrbitReadout readout(std::span<const AnalyzeEntry> entries, const OrbitLayout& layout,
+                     const std::optional<AnalyzeFocus>& focus, const OrbitFolder& folder) {
+    if (focus) return std::visit(Words{entries, layout}, *focus);
+    return {"internaldrive", folder.isRoot ? Text::localized("Whole disk") : nameOf(folder.url),
+            byteCount(folder.total), fileCount(folder.files)};
+}
+
+std::string spoken(const OrbitLayout& layout, const OrbitSegment& segment) {
+    std::string name = smallItems(layout.smallCount);
+    if (std::holds_alternative<AnalyzeFocuses::Entry>(segment.focus)) name = nameOf(segment.id);
+    if (std::holds_alternative<AnalyzeFocuses::Slice>(segment.focus)) name = sliceName(segment.id);
+    return name + ", " + byteCount(segment.size) + ", " + percent(segment.share());
+}
+
+}  // namespace tavrel::OrbitChart

@@ -4,6 +4,7 @@
 
 #include <QtConcurrentRun>
 #include <array>
+#include <thread>
 #include <utility>
 
 namespace tavrel {
@@ -30,6 +31,10 @@ std::optional<Enum> caseAt(const std::array<Enum, N>& cases, int index) {
     return cases.at(static_cast<std::size_t>(index));
 }
 
+std::size_t parallelWalks() {
+    return SizeService::parallelWalks(std::thread::hardware_concurrency());
+}
+
 constexpr std::array allAppsModes = {AppsMode::uninstall, AppsMode::updates, AppsMode::startup};
 
 template <typename Cases, typename Title>
@@ -52,12 +57,26 @@ AppState::AppState(AppServices services, QObject* parent)
       installers_(action(CleanMode::installers), finder(CleanMode::installers), services_.clean),
       history_(services_.profile.places.history()),
       loginItem_(services_.launchAtLogin),
-      trashEmptier_(services_.clean.runner) {
+      trashEmptier_(services_.clean.runner),
+      diskWork_(services_.profile.packages, parallelWalks()),
+      sizes_([this](std::filesystem::path path, std::stop_token stop,
+                    SizeService::Done done) { diskWork_.measure(std::move(path), stop, std::move(done)); },
+             parallelWalks()),
+      analyze_({
+          .places = services_.profile.places,
+          .clock = services_.clean.clock,
+          .preferences = services_.clean.preferences,
+          .sizes = sizes_,
+          .work = diskWork_,
+          .runner = services_.clean.runner,
+          .safetyGuard = [this] { return services_.clean.safetyGuard({}); },
+      }) {
     for (const CleanMode mode : CleanModes::allCases) {
         CleanListModel* list = cleanList(mode);
         list->setExtraRoots(finders_.guard(mode, {}).extraRoots);
         connect(list, &CleanListModel::phaseChanged, this, &AppState::busyChanged);
     }
+    connect(&analyze_, &AnalyzeModel::removalChanged, this, &AppState::busyChanged);
 }
 
 AppState::~AppState() {
@@ -113,6 +132,7 @@ void AppState::setReduceMotion(bool on) {
 }
 
 bool AppState::isBusy(AppTab tab) const {
+    if (tab == AppTab::analyze) return analyze_.isRemoving();
     if (tab != AppTab::clean) return false;
     return junk_.isWorking() || ai_.isWorking() || projects_.isWorking() || installers_.isWorking();
 }

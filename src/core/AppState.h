@@ -7,6 +7,9 @@
 #include "core/AppTab.h"
 #include "core/LoginItem.h"
 #include "core/Preferences.h"
+#include "disk/AnalyzeModel.h"
+#include "disk/BackgroundDiskWork.h"
+#include "disk/SizeService.h"
 #include "engine/Finders.h"
 #include "monitoring/Monitor.h"
 #include "presentation/MotionPause.h"
@@ -57,6 +60,7 @@ class AppState final : public QObject {
     Q_PROPERTY(tavrel::Shockwave* shockwave READ shockwave CONSTANT)
     Q_PROPERTY(tavrel::TrashEmptier* trashEmptier READ trashEmptier CONSTANT)
     Q_PROPERTY(tavrel::Monitor* monitor READ monitor CONSTANT)
+    Q_PROPERTY(tavrel::AnalyzeModel* analyze READ analyze CONSTANT)
 
   public:
     explicit AppState(AppServices services, QObject* parent = nullptr);
@@ -106,6 +110,8 @@ class AppState final : public QObject {
     [[nodiscard]] Shockwave* shockwave() { return &services_.shockwave; }
     [[nodiscard]] TrashEmptier* trashEmptier() { return &trashEmptier_; }
     [[nodiscard]] Monitor* monitor() { return &services_.monitor; }
+    [[nodiscard]] AnalyzeModel* analyze() { return &analyze_; }
+    [[nodiscard]] FileIcons& icons() { return services_.clean.icons; }
     [[nodiscard]] const Profile& profile() const { return services_.profile; }
 
     /// Brings the main window up; set by whoever makes windows.
@@ -143,6 +149,9 @@ class AppState final : public QObject {
     HistoryModel history_;
     LoginItem loginItem_;
     TrashEmptier trashEmptier_;
+    BackgroundDiskWork diskWork_;
+    SizeService sizes_;
+    AnalyzeModel analyze_;
 };
 
 }  // namespace tavrel

@@ -7,6 +7,7 @@
 #include "cleaning/Trash.h"
 #include "core/Places.h"
 #include "core/PreferenceValues.h"
+#include "disk/ExplorerPlace.h"
 #include "monitoring/ProcessNotes.h"
 #include "monitoring/StatusTexts.h"
 
@@ -35,6 +36,8 @@ struct Profile {
     std::vector<std::string_view> fullDiskAccessProbes;
     std::vector<std::string_view> packages = {};  // endings of folders that people see as one thing
     TrashLayout trashLayout = TrashLayout::flat;
+    std::vector<ExplorerPlace> explorerPlaces = {};
+    std::vector<std::string_view> volumeFolders = {};  // in which other volumes are mounted
     StatusTexts::FanWords fanWords;
 
     /// A guard of this moment for the user's home.

@@ -49,6 +49,27 @@ JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
 
 }  // namespace
 
+namespace {
+
+/// The user's own folders stand under the names that they have on the disk.
+std::vector<ExplorerPlace> explorerPlaces(const Linux::UserDirs& dirs) {
+    const auto own = [&dirs](const char* name) { return "~/" + dirs.at(name).native(); };
+    // clang-format off
+    return {
+        ExplorerPlace{"/",              "Whole disk", "internaldrive"},
+        ExplorerPlace{"~",              "",           "house"},
+        ExplorerPlace{own("DOWNLOAD"),  "",           "arrow.down.circle"},
+        ExplorerPlace{own("DOCUMENTS"), "",           "doc"},
+        ExplorerPlace{own("DESKTOP"),   "",           "square.grid.2x2"},
+        ExplorerPlace{own("PICTURES"),  "",           "photo.fill"},
+        ExplorerPlace{own("MUSIC"),     "",           "music.note"},
+        ExplorerPlace{own("VIDEOS"),    "",           "film.fill"},
+    };
+    // clang-format on
+}
+
+}  // namespace
+
 Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironment& environment) {
     const Path resolvedHome = Paths::resolved(home);
     const Path config = belowHome(environment.configHome, resolvedHome, ".config");
@@ -78,6 +99,8 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
         .guardLists = Linux::guardLists(dirs, data / "Trash"),
         .processNotes = Linux::processNotes(),
         .trashLayout = Profile::TrashLayout::freedesktop,
+        .explorerPlaces = explorerPlaces(dirs),
+        .volumeFolders = {"/media", "/media/*", "/run/media/*", "/mnt"},
         .fanWords = StatusTexts::FanWords{.none = "No fan on this computer",
                                           .unavailable = "Fan control unavailable on this computer"},
     };

@@ -113,6 +113,20 @@ JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
     };
 }
 
+std::vector<ExplorerPlace> explorerPlaces() {
+    // clang-format off
+    return {
+        ExplorerPlace{"/",             "Whole disk",   "internaldrive"},
+        ExplorerPlace{"~",             "",             "house"},
+        ExplorerPlace{"~/Library",     "Library",      "building.columns"},
+        ExplorerPlace{"~/Downloads",   "Downloads",    "arrow.down.circle"},
+        ExplorerPlace{"~/Documents",   "Documents",    "doc"},
+        ExplorerPlace{"~/Developer",   "Developer",    "hammer"},
+        ExplorerPlace{"/Applications", "Applications", "square.grid.2x2"},
+    };
+    // clang-format on
+}
+
 }  // namespace
 
 Profile Profiles::macos(const Path& root, const Path& home) {
@@ -142,6 +156,8 @@ Profile Profiles::macos(const Path& root, const Path& home) {
                                  "Library/Containers/com.apple.stocks", "Library/Safari"},
         .packages = packages(),
         .trashLayout = Profile::TrashLayout::flat,
+        .explorerPlaces = explorerPlaces(),
+        .volumeFolders = {"/Volumes"},
         .fanWords = StatusTexts::FanWords{.none = "No fan on this Mac",
                                           .unavailable = "Fan control unavailable on this Mac"},
     };

@@ -34,6 +34,10 @@ void Desktop::reveal(const QString& path) {
     });
 }
 
+void Desktop::openFolder(const QString& path) {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
 void Desktop::copy(const QString& text) {
     QGuiApplication::clipboard()->setText(text);
 }

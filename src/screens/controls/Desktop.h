@@ -18,6 +18,8 @@ class Desktop : public QObject {
     /// Shows the file in the file manager, over org.freedesktop.FileManager1; where no bus or no file manager
     /// answers, opens the folder that it lies in. Returns at once.
     Q_INVOKABLE static void reveal(const QString& path);
+    /// Opens the folder in the file manager.
+    Q_INVOKABLE static void openFolder(const QString& path);
     Q_INVOKABLE static void copy(const QString& text);
     /// The page of the system's settings where Full Disk Access is given.
     Q_INVOKABLE static void openFullDiskAccessSettings();

@@ -3,6 +3,7 @@
 #include "cleaning/ReviewRows.h"
 #include "core/AppState.h"
 #include "core/MenuBarMetrics.h"
+#include "disk/AnalyzeRows.h"
 
 #include <QtQml/qqml.h>
 
@@ -14,6 +15,13 @@ namespace tavrel::models {
     QML_FOREIGN(tavrel::Type) \
     QML_NAMED_ELEMENT(Type)
 
+struct ForeignAnalyzeModel {
+    TAVREL_FOREIGN(AnalyzeModel)
+    QML_UNCREATABLE("owned by the state")
+};
+struct ForeignAnalyzeRows {
+    TAVREL_FOREIGN(AnalyzeRows)
+};
 struct ForeignAppState {
     TAVREL_FOREIGN(AppState)
     QML_UNCREATABLE("handed to the root")

@@ -21,6 +21,7 @@ AnalyzeEntry folder(const char* path, std::optional<std::int64_t> size) {
 /// Ten entries of 99 each and ten small ones: 1000 altogether.
 OrbitLayout busyFolder() {
     std::vector<AnalyzeEntry> entries;
+    entries.reserve(20);
     for (int i = 0; i < 10; ++i) entries.push_back({"/d/" + std::to_string(i), 99'000, std::nullopt, true});
     for (int i = 0; i < 10; ++i) entries.push_back({"/d/small" + std::to_string(i), 1'000, 1, false});
     const SubSlices slices = {

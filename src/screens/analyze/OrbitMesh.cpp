@@ -24,6 +24,7 @@ class Builder {
         const Span span = {shape.startAngle(), shape.endAngle(), shape.inner * view_.unit,
                            shape.outer * view_.unit};
         std::vector<Row> rows;
+        rows.reserve(ringLights.size() + 2);
         for (const RingLight& light : ringLights) {
             rows.push_back({span.inner + (span.outer - span.inner) * light.place, light.white, arc.opacity});
         }

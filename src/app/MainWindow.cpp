@@ -1,5 +1,7 @@
 #include "app/MainWindow.h"
 
+#include "app/FileIconProvider.h"
+
 #include "app/Translations.h"
 #include "core/AppState.h"
 
@@ -8,6 +10,7 @@
 #include <QVariantMap>
 #include <QtQml/QQmlExtensionPlugin>
 
+Q_IMPORT_QML_PLUGIN(Tavrel_AnalyzePlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_CleanPlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_ControlsPlugin)
 Q_IMPORT_QML_PLUGIN(Tavrel_GraphsPlugin)
@@ -22,6 +25,7 @@ namespace tavrel {
 
 MainWindow::MainWindow(AppState& state) : state_(state) {
     engine_.addImportPath(QStringLiteral(":/qt/qml"));
+    engine_.addImageProvider(FileIconProvider::name, new FileIconProvider(state_.icons()));
     engine_.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&state_)}});
 }
 

@@ -59,8 +59,10 @@ AppState::AppState(AppServices services, QObject* parent)
       loginItem_(services_.launchAtLogin),
       trashEmptier_(services_.clean.runner),
       diskWork_(services_.profile.packages, parallelWalks()),
-      sizes_([this](std::filesystem::path path, std::stop_token stop,
-                    SizeService::Done done) { diskWork_.measure(std::move(path), stop, std::move(done)); },
+      sizes_(
+          [this](std::filesystem::path path, std::stop_token stop, SizeService::Done done) {
+              diskWork_.measure(std::move(path), std::move(stop), std::move(done));
+          },
              parallelWalks()),
       analyze_({
           .places = services_.profile.places,

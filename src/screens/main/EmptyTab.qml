@@ -12,8 +12,7 @@ Item {
     readonly property list<string> purposes: [
         "",
         qsTr("Uninstall applications with everything they left, update them, and see what starts by itself."),
-        qsTr("Run the repairs that a computer needs now and then."),
-        qsTr("See where the disk went.")
+        qsTr("Run the repairs that a computer needs now and then.")
     ]
 
     Column {

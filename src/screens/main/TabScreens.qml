@@ -1,4 +1,5 @@
 import QtQuick
+import Tavrel.Analyze
 import Tavrel.Models
 import Tavrel.Settings
 import Tavrel.Status
@@ -11,7 +12,7 @@ QtObject {
 
     function component(identity: string): Component {
         if (identity === "settings") return settings
-        return identity === "0" ? clean : identity === "4" ? status : later
+        return ({ "0": clean, "3": analyze, "4": status })[identity] ?? later
     }
 
     readonly property Component settings: Component {
@@ -19,6 +20,9 @@ QtObject {
     }
     readonly property Component clean: Component {
         CleanTab { app: screens.app; focus: true }
+    }
+    readonly property Component analyze: Component {
+        AnalyzeView { app: screens.app; focus: true }
     }
     readonly property Component status: Component {
         StatusView { app: screens.app; focus: true }

@@ -1,0 +1,131 @@
+import QtQuick
+import Tavrel.Controls
+import Tavrel.Models
+import Tavrel.Analyze
+
+// Where the disk went: places, the picture of a folder, and its table.
+FocusScope {
+    id: view
+
+    objectName: "analyzeView"
+
+    required property AppState app
+    readonly property AnalyzeModel model: app.analyze
+    readonly property bool showsFolders: model.mode === AnalyzeModel.Mode.Folders
+    readonly property bool narrow: width < 980
+
+    Accessible.role: Accessible.Pane
+    Accessible.name: qsTr("Analyze")
+    Component.onCompleted: if (model.count === 0) model.load()
+
+    Keys.onPressed: event => {
+        const alone = event.modifiers === Qt.NoModifier
+        const withAlt = event.modifiers === Qt.AltModifier
+        if ((alone && event.key === Qt.Key_Backspace) || (withAlt && event.key === Qt.Key_Left) || event.key === Qt.Key_Back) explorer.goBack()
+        else if ((withAlt && event.key === Qt.Key_Right) || event.key === Qt.Key_Forward) explorer.goForward()
+        else return
+        event.accepted = true
+    }
+
+    Explorer {
+        id: explorer
+
+        app: view.app
+    }
+    TapHandler {
+        acceptedButtons: Qt.BackButton
+        onTapped: explorer.goBack()
+    }
+    TapHandler {
+        acceptedButtons: Qt.ForwardButton
+        onTapped: explorer.goForward()
+    }
+
+    AnalyzeHeader {
+        id: header
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: Theme.margin
+        anchors.rightMargin: Theme.margin
+        model: view.model
+        explorer: explorer
+    }
+    FolderPanel {
+        id: panel
+
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.margin
+        anchors.top: header.bottom
+        anchors.topMargin: Theme.gap
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.margin
+        width: view.narrow ? 180 : 230
+        model: view.model
+        explorer: explorer
+    }
+    Item {
+        id: content
+
+        anchors.left: panel.right
+        anchors.leftMargin: Theme.gapLarge
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.margin
+        anchors.top: header.bottom
+        anchors.topMargin: Theme.gap
+        anchors.bottom: bar.wanted ? bar.top : parent.bottom
+        anchors.bottomMargin: bar.wanted ? Theme.gap : Theme.margin
+
+        OrbitChart {
+            id: chart
+
+            readonly property real side: Math.min(content.height, content.width * 0.46)
+
+            anchors.verticalCenter: parent.verticalCenter
+            visible: view.showsFolders
+            width: side
+            height: side
+            layout: explorer.layout
+            focusId: explorer.focusId
+            folder: view.model.folder
+            icon: explorer.icon
+            name: explorer.name
+            size: explorer.size
+            detail: explorer.detail
+            onFocused: id => explorer.focus(id)
+            onUnfocused: id => explorer.unfocus(id)
+            onOpened: id => explorer.open(id)
+        }
+        DetailTable {
+            anchors.left: chart.right
+            anchors.leftMargin: Theme.gapLarge
+            anchors.right: parent.right
+            height: parent.height
+            visible: view.showsFolders
+            focus: view.showsFolders
+            app: view.app
+            model: view.model
+        }
+        Loader {
+            anchors.fill: parent
+            active: !view.showsFolders
+            focus: !view.showsFolders
+            sourceComponent: LargeFilesList {
+                focus: true
+                app: view.app
+                model: view.model
+            }
+        }
+    }
+    RemovalBar {
+        id: bar
+
+        anchors.left: content.left
+        anchors.right: content.right
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.margin
+        app: view.app
+        model: view.model
+        explorer: explorer
+    }
+}

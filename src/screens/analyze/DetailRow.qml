@@ -1,0 +1,185 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tavrel.Controls
+import Tavrel.Graphs
+
+// One thing in the folder: marked or not, its name, and how much of the folder it is.
+T.AbstractButton {
+    id: row
+
+    required property int index
+    required property string name
+    required property string path
+    required property string sizeText
+    required property string filesText
+    required property real share
+    required property string percentText
+    required property int colorIndex
+    required property bool isFolder
+    required property bool measured
+    required property bool selected
+    required property bool removable
+    required property string reason
+    required property bool lit
+    property url iconSource
+    property bool current: false
+    readonly property list<color> palette: [
+        Qt.rgba(0.62, 0.76, 1, 1), Qt.rgba(1, 0.93, 0.82, 1), Qt.rgba(1, 0.78, 0.38, 1), Qt.rgba(1, 0.58, 0.26, 1),
+        Qt.rgba(1, 0.4, 0.34, 1), Qt.rgba(0.95, 0.38, 0.58, 1), Qt.rgba(0.8, 0.38, 0.8, 1), Qt.rgba(0.58, 0.44, 0.98, 1)
+    ]
+    readonly property color colour: colorIndex < 0 ? Qt.rgba(0.55, 0.55, 0.55, 1) : palette[colorIndex % 8]
+
+    signal toggled()
+    signal trashed()
+
+    text: name
+    implicitHeight: 30
+    hoverEnabled: true
+    focusPolicy: Qt.NoFocus
+    Accessible.role: Accessible.ListItem
+    Accessible.name: [name, measured ? sizeText : qsTr("being measured"), percentText, filesText, removable ? "" : protectedText].filter(part => part !== "").join(", ")
+    Accessible.selected: selected
+    readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
+
+    background: Rectangle {
+        radius: Theme.radiusSmall
+        color: row.lit ? Theme.faded(row.colour, 0.14) : row.hovered ? Theme.card : "transparent"
+
+        FocusRing { shown: row.current; gap: 0 }
+    }
+    contentItem: Item {
+        opacity: row.removable || row.reason === "" ? 1 : 0.6
+
+        CheckBox {
+            id: check
+
+            anchors.verticalCenter: parent.verticalCenter
+            x: 6
+            text: row.name
+            focusPolicy: Qt.NoFocus
+            enabled: row.removable
+            opacity: enabled ? 1 : 0.3
+            mark: row.selected ? CheckBox.Mark.On : CheckBox.Mark.Off
+            colour: Theme.glows[3]
+            onClicked: row.toggled()
+        }
+        Image {
+            id: icon
+
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.left: check.right
+            anchors.leftMargin: 9
+            width: 18
+            height: 18
+            sourceSize: Qt.size(36, 36)
+            source: row.iconSource
+        }
+        Label {
+            id: label
+
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.left: icon.right
+            anchors.leftMargin: 7
+            width: Math.min(implicitWidth, size.x - x - 52)
+            text: row.name
+            elide: Text.ElideMiddle
+            Accessible.ignored: true
+        }
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.left: label.right
+            anchors.leftMargin: 2
+            visible: row.isFolder
+            name: "chevron.right"
+            size: 14
+            color: Theme.tertiary
+        }
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.right: size.left
+            anchors.rightMargin: 6
+            visible: row.reason !== ""
+            name: "lock"
+            size: 12
+            color: Theme.tertiary
+        }
+        IconButton {
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.right: size.left
+            width: 24
+            height: 24
+            symbolSize: 14
+            focusPolicy: Qt.NoFocus
+            visible: row.removable && row.hovered
+            symbol: "trash"
+            text: qsTr("Move to Trash")
+            onClicked: row.trashed()
+        }
+        Item {
+            id: size
+
+            anchors.right: bar.left
+            width: 72
+            height: parent.height
+
+            Label {
+                anchors.fill: parent
+                anchors.rightMargin: 4
+                horizontalAlignment: Text.AlignRight
+                verticalAlignment: Text.AlignVCenter
+                visible: row.measured
+                text: row.sizeText
+                Accessible.ignored: true
+            }
+            Spinner {
+                anchors.verticalCenter: parent.verticalCenter
+                anchors.right: parent.right
+                anchors.rightMargin: 6
+                visible: !row.measured
+            }
+        }
+        Item {
+            id: bar
+
+            anchors.right: files.left
+            width: 92
+            height: parent.height
+
+            Meter {
+                anchors.verticalCenter: parent.verticalCenter
+                x: 10
+                width: 44
+                height: 5
+                visible: row.measured
+                colour: row.colour
+                fraction: row.share
+            }
+            Label {
+                anchors.verticalCenter: parent.verticalCenter
+                anchors.right: parent.right
+                text: row.percentText
+                size: Theme.fontSmall
+                color: Theme.secondary
+                Accessible.ignored: true
+            }
+        }
+        Label {
+            id: files
+
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.right: parent.right
+            anchors.rightMargin: 6
+            width: 52
+            horizontalAlignment: Text.AlignRight
+            text: row.filesText
+            size: Theme.fontSmall
+            color: Theme.secondary
+            Accessible.ignored: true
+        }
+    }
+
+    Tip {
+        text: row.protectedText + (row.reason === "" ? "" : "\n" + row.reason)
+        shown: row.hovered && row.reason !== ""
+    }
+}

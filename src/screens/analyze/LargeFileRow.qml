@@ -1,0 +1,122 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tavrel.Controls
+
+// One large file: its name, where it lies, and its size.
+T.AbstractButton {
+    id: row
+
+    required property int index
+    required property string name
+    required property string path
+    required property string folderPath
+    required property string sizeText
+    required property bool selected
+    required property bool removable
+    required property string reason
+    property url iconSource
+    property bool current: false
+
+    signal toggled()
+    signal trashed()
+
+    text: name
+    implicitHeight: 46
+    hoverEnabled: true
+    focusPolicy: Qt.NoFocus
+    Accessible.role: Accessible.ListItem
+    Accessible.name: [name, sizeText, folderPath].join(", ")
+    Accessible.selected: selected
+    onClicked: row.toggled()
+
+    background: Rectangle {
+        radius: Theme.radiusSmall
+        color: row.hovered ? Theme.card : "transparent"
+
+        FocusRing { shown: row.current; gap: 0 }
+    }
+    contentItem: Item {
+        opacity: row.reason === "" ? 1 : 0.6
+
+        CheckBox {
+            id: check
+
+            anchors.verticalCenter: parent.verticalCenter
+            x: 6
+            text: row.name
+            focusPolicy: Qt.NoFocus
+            enabled: row.removable
+            opacity: enabled ? 1 : 0.3
+            mark: row.selected ? CheckBox.Mark.On : CheckBox.Mark.Off
+            colour: Theme.glows[3]
+            onClicked: row.toggled()
+        }
+        Image {
+            id: icon
+
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.left: check.right
+            anchors.leftMargin: 9
+            width: 20
+            height: 20
+            sourceSize: Qt.size(40, 40)
+            source: row.iconSource
+        }
+        Column {
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.left: icon.right
+            anchors.leftMargin: 9
+            anchors.right: trash.left
+            anchors.rightMargin: 8
+            spacing: 2
+
+            Label {
+                width: parent.width
+                text: row.name
+                size: 12.5
+                elide: Text.ElideMiddle
+                Accessible.ignored: true
+            }
+            Label {
+                width: parent.width
+                text: row.folderPath
+                size: 11.5
+                color: Theme.secondary
+                elide: Text.ElideMiddle
+                Accessible.ignored: true
+            }
+        }
+        IconButton {
+            id: trash
+
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.right: size.left
+            width: 26
+            height: 26
+            symbolSize: 15
+            focusPolicy: Qt.NoFocus
+            opacity: row.removable && row.hovered ? 1 : 0
+            enabled: row.removable
+            symbol: "trash"
+            text: qsTr("Move to Trash")
+            onClicked: row.trashed()
+        }
+        Label {
+            id: size
+
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.right: parent.right
+            anchors.rightMargin: 8
+            width: 84
+            horizontalAlignment: Text.AlignRight
+            text: row.sizeText
+            font.weight: Font.Medium
+            Accessible.ignored: true
+        }
+    }
+
+    Tip {
+        text: qsTr("Protected — Tavrel won't remove this") + "\n" + row.reason
+        shown: row.hovered && row.reason !== ""
+    }
+}

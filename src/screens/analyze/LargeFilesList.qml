@@ -1,0 +1,82 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tavrel.Controls
+import Tavrel.Models
+import Tavrel.Analyze
+
+// The largest files below the folder.
+FocusScope {
+    id: files
+
+    required property AppState app
+    required property AnalyzeModel model
+
+    AnalyzeRows {
+        id: rows
+
+        source: files.model
+    }
+    Label {
+        anchors.centerIn: parent
+        visible: files.model.listing || list.count === 0
+        text: files.model.listing ? qsTr("Searching…") : qsTr("No files over 500 MB here")
+        size: Theme.fontSubtitle
+        color: Theme.secondary
+    }
+    Label {
+        id: heading
+
+        visible: list.visible
+        height: 28
+        text: qsTr("Files over 500 MB")
+        size: Theme.fontSubtitle
+        font.weight: Font.DemiBold
+        Accessible.role: Accessible.Heading
+    }
+    ListView {
+        id: list
+
+        objectName: "largeFileList"
+        anchors.top: heading.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        visible: count > 0 && !files.model.listing
+        clip: true
+        focus: true
+        activeFocusOnTab: true
+        boundsBehavior: Flickable.StopAtBounds
+        keyNavigationEnabled: true
+        highlightMoveDuration: 0
+        reuseItems: true
+        model: rows
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Large files")
+        onMovingChanged: files.app.motion.scrolling = moving
+
+        Keys.onSpacePressed: rows.toggle(currentIndex)
+        Keys.onDeletePressed: rows.trash(currentIndex)
+
+        delegate: LargeFileRow {
+            id: row
+
+            width: list.width - 12
+            current: list.activeFocus && ListView.isCurrentItem
+            iconSource: "image://icon" + rows.url(index).toString().substring(7)
+            onToggled: rows.toggle(index)
+            onTrashed: rows.trash(index)
+
+            TapHandler {
+                acceptedButtons: Qt.RightButton
+                onTapped: menu.popup()
+            }
+            EntryMenu {
+                id: menu
+
+                path: row.path
+                removable: row.removable
+                onTrashed: rows.trash(row.index)
+            }
+        }
+        T.ScrollBar.vertical: SlimScrollBar {}
+    }
+}

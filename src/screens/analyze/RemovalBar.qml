@@ -1,0 +1,75 @@
+import QtQuick
+import Tavrel.Controls
+import Tavrel.Models
+import Tavrel.Analyze
+
+// What is marked and what to do with it, or what the last removal did.
+Card {
+    id: bar
+
+    required property AppState app
+    required property AnalyzeModel model
+    required property Explorer explorer
+    readonly property bool hasSelection: model.selectedCount > 0
+    readonly property bool wanted: hasSelection || model.hasLastRemoval
+
+    implicitHeight: 52
+    visible: wanted
+    color: Qt.rgba(0.1, 0.14, 0.13, 0.92)
+
+    Label {
+        id: report
+
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.left: parent.left
+        anchors.leftMargin: 16
+        anchors.right: buttons.left
+        anchors.rightMargin: 12
+        text: bar.hasSelection ? bar.model.selectionText : bar.model.lastRemovalText
+        size: Theme.fontSubtitle
+        font.weight: Font.Medium
+
+        HoverHandler { id: hover }
+        Tip {
+            text: bar.model.lastRemovalReasons
+            shown: hover.hovered && !bar.hasSelection
+        }
+    }
+    Row {
+        id: buttons
+
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        spacing: Theme.gap
+
+        PillButton {
+            visible: bar.hasSelection
+            kind: PillButton.Kind.Secondary
+            text: qsTr("Clear")
+            onClicked: bar.model.clearSelection()
+        }
+        PillButton {
+            visible: bar.hasSelection
+            colour: Theme.glows[3]
+            text: bar.app.preferences.dryRun ? qsTr("Preview removal") : qsTr("Move to Trash")
+            busy: bar.model.removing
+            enabled: !bar.model.removing
+            onClicked: confirmation.visible = true
+        }
+        PillButton {
+            visible: !bar.hasSelection && bar.model.hasLastRemoval
+            kind: PillButton.Kind.Secondary
+            text: qsTr("Open Trash")
+            onClicked: Desktop.openFolder(bar.explorer.trashFolder)
+        }
+    }
+    ConfirmDialog {
+        id: confirmation
+
+        title: bar.model.questionText
+        message: qsTr("You can put them back from the Trash until you empty it.")
+        action: qsTr("Move to Trash")
+        onConfirmed: bar.model.trashSelected()
+    }
+}

@@ -152,8 +152,9 @@ QUrl AnalyzeRows::url(int row) const {
 }
 
 int AnalyzeRows::indexOfName(const QString& prefix, int from) const {
-    for (int step = 0; step < count(); ++step) {
-        const int row = (std::max(from, 0) + step) % count();
+    const int rows = count();
+    for (int step = 0; step < rows; ++step) {
+        const int row = (std::max(from, 0) + step) % rows;
         const AnalyzeEntry* found = entry(row);
         if (found != nullptr && nameOf(*found).startsWith(prefix, Qt::CaseInsensitive)) return row;
     }

@@ -2,8 +2,6 @@
 
 #include "disk/SizeService.h"
 
-#include <QFutureWatcher>
-#include <QtConcurrentRun>
 #include <utility>
 
 namespace tavrel {
@@ -42,51 +40,50 @@ DiskWork::Reasons runVet(const SafetyGuard& guard, const FolderListing::Paths& p
     return reasons;
 }
 
+/// Calls `work` on a thread, and then `done` with its result.
+template <typename Function, typename Result>
+Workers::Work job(Function work, DiskWork::Done<Result> done) {
+    return [work = std::move(work), done = std::move(done)]() mutable -> Workers::Tell {
+        auto result = std::make_shared<Result>(work());
+        return [result, done = std::move(done)] { done(std::move(*result)); };
+    };
+}
+
 }  // namespace
 
 BackgroundDiskWork::BackgroundDiskWork(FolderListing::Packages packages, std::size_t maxParallel)
-    : packages_(std::move(packages)) {
-    walks_.setMaxThreadCount(static_cast<int>(maxParallel));
-    listings_.setMaxThreadCount(mostListings);
-}
-
-BackgroundDiskWork::~BackgroundDiskWork() {
-    walks_.waitForDone();
-    listings_.waitForDone();
-}
+    : packages_(std::move(packages)), walks_(static_cast<int>(maxParallel)), listings_(mostListings) {}
 
 void BackgroundDiskWork::measure(Path path, std::stop_token stop, Done<SizeFindings> done) {
-    answer(QtConcurrent::run(&walks_, runMeasure, std::move(path), std::move(stop)), std::move(done));
+    auto work = [path = std::move(path), stop = std::move(stop)] { return runMeasure(path, stop); };
+    walks_.run(job(std::move(work), std::move(done)));
 }
 
 void BackgroundDiskWork::list(Path folder, std::stop_token stop, Done<FolderListing> done) {
-    answer(QtConcurrent::run(&listings_, runList, std::move(folder), packages_, std::move(stop)),
-           std::move(done));
+    auto work = [folder = std::move(folder), packages = packages_, stop = std::move(stop)] {
+        return runList(folder, packages, stop);
+    };
+    listings_.run(job(std::move(work), std::move(done)));
 }
 
 void BackgroundDiskWork::findLargeFiles(Path under, std::stop_token stop, Done<LargeFiles> done) {
-    answer(QtConcurrent::run(&listings_, runFindLargeFiles, std::move(under), std::move(stop)),
-           std::move(done));
+    auto work = [under = std::move(under), stop = std::move(stop)] { return runFindLargeFiles(under, stop); };
+    listings_.run(job(std::move(work), std::move(done)));
 }
 
 void BackgroundDiskWork::vet(SafetyGuard guard, FolderListing::Paths paths, std::stop_token stop,
                              Done<Reasons> done) {
-    answer(QtConcurrent::run(&listings_, runVet, std::move(guard), std::move(paths), std::move(stop)),
-           std::move(done));
+    auto work = [guard = std::move(guard), paths = std::move(paths), stop = std::move(stop)] {
+        return runVet(guard, paths, stop);
+    };
+    listings_.run(job(std::move(work), std::move(done)));
 }
 
 void BackgroundDiskWork::discard(std::shared_ptr<void> something) {
-    listings_.start([held = std::move(something)] {});
-}
-
-template <typename Result>
-void BackgroundDiskWork::answer(QFuture<Result> work, Done<Result> done) {
-    auto* watcher = new QFutureWatcher<Result>(&mainThread_);
-    QObject::connect(watcher, &QFutureWatcherBase::finished, &mainThread_, [watcher, done = std::move(done)] {
-        watcher->deleteLater();
-        done(watcher->future().takeResult());
+    listings_.run([held = std::move(something)]() mutable -> Workers::Tell {
+        held.reset();
+        return nullptr;
     });
-    watcher->setFuture(std::move(work));
 }
 
 }  // namespace tavrel

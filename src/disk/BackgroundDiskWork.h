@@ -1,10 +1,8 @@
 #pragma once
 
 #include "disk/DiskWork.h"
+#include "disk/Workers.h"
 
-#include <QFuture>
-#include <QObject>
-#include <QThreadPool>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -21,9 +19,6 @@ class BackgroundDiskWork final : public DiskWork {
 
     /// `maxParallel` walks run at once; `packages` as `FolderListing` has them.
     BackgroundDiskWork(FolderListing::Packages packages, std::size_t maxParallel);
-    ~BackgroundDiskWork() override;
-    BackgroundDiskWork(const BackgroundDiskWork&) = delete;
-    BackgroundDiskWork& operator=(const BackgroundDiskWork&) = delete;
 
     void measure(Path path, std::stop_token stop, Done<SizeFindings> done) override;
     void list(Path folder, std::stop_token stop, Done<FolderListing> done) override;
@@ -33,13 +28,9 @@ class BackgroundDiskWork final : public DiskWork {
     void discard(std::shared_ptr<void> something) override;
 
   private:
-    template <typename Result>
-    void answer(QFuture<Result> work, Done<Result> done);
-
     const FolderListing::Packages packages_;
-    QObject mainThread_;
-    QThreadPool walks_;
-    QThreadPool listings_;  // never behind a walk: the first rows come at once
+    Workers walks_;
+    Workers listings_;  // never behind a walk: the first rows come at once
 };
 
 }  // namespace tavrel

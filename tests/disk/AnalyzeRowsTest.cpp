@@ -28,6 +28,7 @@ class AnalyzeRowsTest : public ::testing::Test {
     }
     [[nodiscard]] std::vector<std::string> column(Role role) const {
         std::vector<std::string> all;
+        all.reserve(static_cast<std::size_t>(rows.count()));
         for (int row = 0; row < rows.count(); ++row) all.push_back(at(row, role).toString().toStdString());
         return all;
     }

@@ -65,7 +65,7 @@ void growTree(const Sandbox& sandbox) {
     for (int a = 0; a < 12; ++a) {
         for (int b = 0; b < 12; ++b) {
             const fs::path folder = fs::path("home") / std::to_string(a) / std::to_string(b);
-            for (int file = 0; file < 8; ++file) sandbox.file(folder / std::to_string(file), 100 * file);
+            for (int file = 0; file < 8; ++file) sandbox.file(folder / std::to_string(file), 100LL * file);
         }
     }
 }

@@ -157,7 +157,7 @@ T.AbstractButton {
             Label {
                 anchors.verticalCenter: parent.verticalCenter
                 anchors.right: parent.right
-                text: row.percentText
+                text: row.percentText === "" ? "" : row.percentText + " %"
                 size: Theme.fontSmall
                 color: Theme.secondary
                 Accessible.ignored: true

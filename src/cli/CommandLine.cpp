@@ -58,6 +58,7 @@ void addCommands(CLI::App& app, Command& chosen) {
     Commands::addSize(app, chosen);
     Commands::addMeasure(app, chosen);
     Commands::addLarge(app, chosen);
+    Commands::addExplore(app, chosen);
     Commands::addHistory(app, chosen);
     Commands::addSettings(app, chosen);
     Commands::addSound(app, chosen);

@@ -23,6 +23,7 @@ void addCheck(CLI::App& app, Command& chosen);
 void addSize(CLI::App& app, Command& chosen);
 void addMeasure(CLI::App& app, Command& chosen);
 void addLarge(CLI::App& app, Command& chosen);
+void addExplore(CLI::App& app, Command& chosen);
 void addHistory(CLI::App& app, Command& chosen);
 void addSettings(CLI::App& app, Command& chosen);
 void addSound(CLI::App& app, Command& chosen);

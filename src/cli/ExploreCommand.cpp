@@ -1,0 +1,267 @@
+#include "cli/AddCommand.h"
+#include "cli/Arguments.h"
+#include "cli/ExitStatus.h"
+#include "cli/Json.h"
+#include "cli/Session.h"
+#include "core/ByteCount.h"
+#include "core/DateText.h"
+#include "core/Files.h"
+#include "core/Phrase.h"
+#include "disk/FileCount.h"
+#include "disk/FolderListing.h"
+#include "disk/TreeRecord.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+namespace tavrel::cli {
+
+namespace {
+
+using Text::localized;
+using Path = std::filesystem::path;
+
+/// A thing in the folder with what is known of the folders in it.
+struct Row {
+    AnalyzeEntry entry;
+    std::vector<SubSlice> below;  // largest first
+};
+
+/// One look at a folder, two levels deep.
+struct Look {
+    DiskIndex::Info total;
+    std::vector<Row> rows;  // largest first
+
+    static Look at(const Path& folder, const FolderListing::Packages& packages) {
+        constexpr int levels = 2;
+        const auto measured = DiskIndex::measure(folder, levels);
+        Look look = {.total = {measured.size, measured.files}, .rows = {}};
+        std::map<std::string, std::vector<SubSlice>> below;
+        for (const auto& [path, info] : measured.folders) {
+            below[Path(path).parent_path().native()].push_back({path, info.size, info.files});
+        }
+        for (AnalyzeEntry entry : FolderListing::of(folder, packages).all) {
+            const auto known = measured.folders.find(entry.url.native());
+            if (known != measured.folders.end()) {
+                entry.size = known->second.size;
+                entry.files = known->second.files;
+            }
+            Row row = {std::move(entry), {}};
+            if (row.entry.isFolder) row.below = std::move(below[row.entry.url.native()]);
+            std::sort(row.below.begin(), row.below.end(), [](const SubSlice& a, const SubSlice& b) {
+                return a.size != b.size ? a.size > b.size : a.url < b.url;
+            });
+            look.rows.push_back(std::move(row));
+        }
+        std::stable_sort(look.rows.begin(), look.rows.end(), [](const Row& a, const Row& b) {
+            return a.entry.size.value_or(0) > b.entry.size.value_or(0);
+        });
+        return look;
+    }
+
+    [[nodiscard]] double share(std::int64_t size) const {
+        return total.size > 0 ? static_cast<double>(size) / static_cast<double>(total.size) : 0;
+    }
+};
+
+Json::Value document(const Path& folder, const Look& look) {
+    Json::Value entries = Json::Value::array();
+    for (const Row& row : look.rows) {
+        Json::Value below = Json::Value::array();
+        for (const SubSlice& slice : row.below) {
+            below.push_back({{"path", Json::path(slice.url)},
+                             {"size", slice.size},
+                             {"files", slice.files},
+                             {"share", look.share(slice.size)}});
+        }
+        const std::int64_t size = row.entry.size.value_or(0);
+        entries.push_back({{"path", Json::path(row.entry.url)},
+                           {"isFolder", row.entry.isFolder},
+                           {"size", size},
+                           {"files", row.entry.files.value_or(0)},
+                           {"share", look.share(size)},
+                           {"below", std::move(below)}});
+    }
+    return {{"path", Json::path(folder)},
+            {"size", look.total.size},
+            {"files", look.total.files},
+            {"entries", std::move(entries)}};
+}
+
+std::string bar(double share) {
+    constexpr int columns = 20;
+    const auto filled = static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * columns));
+    std::string line;
+    for (int i = 0; i < columns; ++i) line += i < filled ? "█" : "░";
+    return line;
+}
+
+void print(Console& console, const Look& look, std::size_t limit) {
+    constexpr std::size_t nameColumn = 48;
+    for (std::size_t i = 0; i < std::min(limit, look.rows.size()); ++i) {
+        const AnalyzeEntry& entry = look.rows[i].entry;
+        const std::int64_t size = entry.size.value_or(0);
+        const std::string name = Text::shown(entry.url.filename().native()) + (entry.isFolder ? "/" : "");
+        console.line(fmt::format("{:>10}  {} {:>6.1f}%  {:>6}  {}", byteCount(size),
+                                 console.styled(Console::Style::mark, bar(look.share(size))),
+                                 look.share(size) * 100, FileCount::format(entry.files.value_or(0)),
+                                 console.fitted(name, console.width() - nameColumn)));
+    }
+    if (look.rows.size() > limit) {
+        const auto more = static_cast<unsigned long>(look.rows.size() - limit);
+        console.line(console.styled(Console::Style::dim,
+                                    counted("… and {} more entry", "… and {} more entries", more)));
+    }
+    const auto files = static_cast<unsigned long>(look.total.files);
+    console.line(console.styled(Console::Style::strong, counted("{1} in {0} file", "{1} in {0} files", files,
+                                                                byteCount(look.total.size))));
+}
+
+constexpr std::array kindNames = {"appeared", "gone", "grew", "shrank"};
+
+Json::Value document(const TreeRecord& before, const TreeRecord& now, const std::vector<TreeChange>& all) {
+    Json::Value list = Json::Value::array();
+    for (const TreeChange& change : all) {
+        list.push_back({{"path", Json::path(now.root / change.path)},
+                        {"change", kindNames.at(static_cast<std::size_t>(change.kind))},
+                        {"isFolder", change.isFolder},
+                        {"delta", change.delta}});
+    }
+    return {{"path", Json::path(now.root)},
+            {"before", before.total.size},
+            {"now", now.total.size},
+            {"changes", std::move(list)}};
+}
+
+std::string word(TreeChange::Kind kind) {
+    switch (kind) {
+        case TreeChange::Kind::appeared:
+            return localized("new");
+        case TreeChange::Kind::gone:
+            return localized("gone");
+        case TreeChange::Kind::grew:
+            return localized("grew");
+        case TreeChange::Kind::shrank:
+            break;
+    }
+    return localized("shrank");
+}
+
+std::string difference(std::int64_t delta) {
+    return (delta < 0 ? "-" : "+") + byteCount(delta < 0 ? -delta : delta);
+}
+
+void print(Console& console, const TreeRecord& before, const TreeRecord& now,
+           const std::vector<TreeChange>& all, std::size_t limit) {
+    constexpr std::size_t nameColumn = 26;
+    for (std::size_t i = 0; i < std::min(limit, all.size()); ++i) {
+        const TreeChange& change = all[i];
+        const std::string name = change.path.empty() ? "." : Text::shown(change.path);
+        const auto style = change.delta < 0 ? Console::Style::mark : Console::Style::caution;
+        console.line(fmt::format(
+            "{}  {:<8}  {}", console.styled(style, fmt::format("{:>12}", difference(change.delta))),
+            word(change.kind),
+            console.fitted(name + (change.isFolder ? "/" : ""), console.width() - nameColumn)));
+    }
+    if (all.size() > limit) {
+        const auto more = static_cast<unsigned long>(all.size() - limit);
+        console.line(console.styled(Console::Style::dim,
+                                    counted("… and {} more change", "… and {} more changes", more)));
+    }
+    console.line(console.styled(
+        Console::Style::strong,
+        phrase("{} since {}", difference(now.total.size - before.total.size), dateAndTime(before.taken))));
+}
+
+struct ExploreCommand {
+    std::string path;
+    std::string exported;
+    std::string compared;
+    std::int64_t limit = 30;
+
+    void addTo(CLI::App& command) {
+        constexpr std::int64_t mostRows = 1'000'000;
+        command.add_option("PATH", path, localized("a folder"))->required()->type_name("");
+        command.add_option("--limit", limit, localized("most rows to print (30)"))
+            ->check(CLI::Range(std::int64_t{1}, mostRows).description(""))
+            ->type_name("N");
+        auto* writes = command.add_option("--export", exported, localized("write what the tree occupies"));
+        writes->type_name("FILE");
+        command.add_option("--compare", compared, localized("tell what has changed since an export"))
+            ->type_name("FILE")
+            ->excludes(writes);
+    }
+
+    [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
+        const auto session = Session::open(global);
+        if (!session) return console.fail(session.error());
+        const Path folder = std::filesystem::path(path).lexically_normal();
+        std::error_code error;
+        const Path root = std::filesystem::canonical(folder, error);
+        if (error || !Files::isFolder(root))
+            return console.fail(phrase("{} is no folder", Text::shown(path)));
+        console.progress(localized("Measuring…"));
+        if (!exported.empty()) return write(root, console);
+        if (!compared.empty()) return compare(root, console);
+        const Look look = Look::at(root, session->profile().packages);
+        if (console.json()) {
+            console.document(document(root, look));
+        } else {
+            print(console, look, static_cast<std::size_t>(limit));
+        }
+        return ExitStatus::done;
+    }
+
+  private:
+    [[nodiscard]] int write(const Path& root, Console& console) const {
+        const TreeRecord record = TreeRecord::take(root, std::chrono::system_clock::now());
+        if (const auto error = Files::writeAtomically(exported, record.encoded()))
+            return console.fail(phrase("{} cannot be written: {}", Text::shown(exported), error.message()));
+        if (console.json()) {
+            console.document({{"export", Json::path(exported)},
+                              {"size", record.total.size},
+                              {"files", record.total.files},
+                              {"folders", record.folders.size()}});
+        } else {
+            const auto folders = static_cast<unsigned long>(record.folders.size());
+            console.line(counted("{1} in {0} folder written to {2}", "{1} in {0} folders written to {2}",
+                                 folders, byteCount(record.total.size), Text::shown(exported)));
+        }
+        return ExitStatus::done;
+    }
+
+    [[nodiscard]] int compare(const Path& root, Console& console) const {
+        const auto text = Files::read(compared);
+        if (!text)
+            return console.fail(
+                phrase("{} cannot be read: {}", Text::shown(compared), text.error().message()));
+        const auto before = TreeRecord::decoded(*text);
+        if (!before) return console.fail(phrase("{} is no export of a tree", Text::shown(compared)));
+        if (before->root != root && !console.json()) {
+            console.warn(
+                phrase("{} was taken of {}", Text::shown(compared), Text::shown(before->root.native())));
+        }
+        const TreeRecord now = TreeRecord::take(root, std::chrono::system_clock::now());
+        const auto all = changes(*before, now);
+        if (console.json()) {
+            console.document(document(*before, now, all));
+        } else {
+            print(console, *before, now, all, static_cast<std::size_t>(limit));
+        }
+        return ExitStatus::done;
+    }
+};
+
+}  // namespace
+
+void Commands::addExplore(CLI::App& app, Command& chosen) {
+    addCommand<ExploreCommand>(app, chosen, "explore",
+                               "tell what in a folder occupies most, and what has changed");
+}
+
+}  // namespace tavrel::cli

@@ -43,7 +43,7 @@ T.AbstractButton {
 
             anchors.verticalCenter: parent.verticalCenter
             x: 6
-            text: row.name
+            text: qsTr("Select %1").arg(row.name)
             focusPolicy: Qt.NoFocus
             enabled: row.removable
             opacity: enabled ? 1 : 0.3

@@ -12,6 +12,14 @@ Card {
     required property Explorer explorer
     readonly property bool hasSelection: model.selectedCount > 0
     readonly property bool wanted: hasSelection || model.hasLastRemoval
+    // What a removal did is told before anything else, until something else is marked.
+    property bool tells: false
+
+    Connections {
+        target: bar.model
+        function onRemovalChanged(): void { bar.tells = bar.model.hasLastRemoval && !bar.model.removing }
+        function onSelectionChanged(): void { bar.tells = false }
+    }
 
     implicitHeight: 52
     visible: wanted
@@ -25,14 +33,14 @@ Card {
         anchors.leftMargin: 16
         anchors.right: buttons.left
         anchors.rightMargin: 12
-        text: bar.hasSelection ? bar.model.selectionText : bar.model.lastRemovalText
+        text: bar.hasSelection && !bar.tells ? bar.model.selectionText : bar.model.lastRemovalText
         size: Theme.fontSubtitle
         font.weight: Font.Medium
 
         HoverHandler { id: hover }
         Tip {
             text: bar.model.lastRemovalReasons
-            shown: hover.hovered && !bar.hasSelection
+            shown: hover.hovered && (bar.tells || !bar.hasSelection)
         }
     }
     Row {

@@ -110,7 +110,7 @@ TEST(Window, KeysGoFromTabToTabAndOutOfTheSettings) {
     Stage stage;
     stage.type(Qt::Key_4, Qt::ControlModifier);
     EXPECT_EQ(stage.state().tab(), AppTab::analyze);
-    EXPECT_TRUE(stage.reads("See where the disk went."));
+    EXPECT_TRUE(stage.reads("You are here"));
     stage.type(Qt::Key_Comma, Qt::ControlModifier);
     EXPECT_TRUE(stage.reads("Preview mode"));
     stage.type(Qt::Key_4, Qt::ControlModifier);

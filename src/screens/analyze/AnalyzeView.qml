@@ -60,7 +60,7 @@ FocusScope {
         anchors.topMargin: Theme.gap
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.margin
-        width: view.narrow ? 180 : 230
+        width: view.narrow ? 174 : 230
         model: view.model
         explorer: explorer
     }
@@ -79,7 +79,7 @@ FocusScope {
         OrbitChart {
             id: chart
 
-            readonly property real side: Math.min(content.height, content.width * 0.46)
+            readonly property real side: Math.min(content.height, content.width * (view.narrow ? 0.33 : 0.46))
 
             anchors.verticalCenter: parent.verticalCenter
             visible: view.showsFolders
@@ -103,6 +103,7 @@ FocusScope {
             height: parent.height
             visible: view.showsFolders
             focus: view.showsFolders
+            compact: view.narrow
             app: view.app
             model: view.model
         }

@@ -23,6 +23,7 @@ T.AbstractButton {
     required property bool lit
     property url iconSource
     property bool current: false
+    property bool compact: false  // without the bar
     readonly property list<color> palette: [
         Qt.rgba(0.62, 0.76, 1, 1), Qt.rgba(1, 0.93, 0.82, 1), Qt.rgba(1, 0.78, 0.38, 1), Qt.rgba(1, 0.58, 0.26, 1),
         Qt.rgba(1, 0.4, 0.34, 1), Qt.rgba(0.95, 0.38, 0.58, 1), Qt.rgba(0.8, 0.38, 0.8, 1), Qt.rgba(0.58, 0.44, 0.98, 1)
@@ -80,7 +81,7 @@ T.AbstractButton {
             anchors.verticalCenter: parent.verticalCenter
             anchors.left: icon.right
             anchors.leftMargin: 7
-            width: Math.min(implicitWidth, size.x - x - 52)
+            width: Math.min(implicitWidth, size.x - x - 44)
             text: row.name
             elide: Text.ElideMiddle
             Accessible.ignored: true
@@ -142,7 +143,7 @@ T.AbstractButton {
             id: bar
 
             anchors.right: files.left
-            width: 92
+            width: row.compact ? 44 : 92
             height: parent.height
 
             Meter {
@@ -150,7 +151,7 @@ T.AbstractButton {
                 x: 10
                 width: 44
                 height: 5
-                visible: row.measured
+                visible: row.measured && !row.compact
                 colour: row.colour
                 fraction: row.share
             }

@@ -11,6 +11,7 @@ FocusScope {
 
     required property AppState app
     required property AnalyzeModel model
+    property bool compact: false  // without the bars
     property string typed
 
     function sortBy(column: int): void {
@@ -87,7 +88,7 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             anchors.left: all.right
             anchors.leftMargin: 9
-            width: 120
+            width: 80
             alignment: Text.AlignLeft
             text: qsTr("NAME")
             column: AnalyzeRows.Column.Name
@@ -95,7 +96,7 @@ FocusScope {
         Heading {
             anchors.verticalCenter: parent.verticalCenter
             anchors.right: parent.right
-            anchors.rightMargin: 154
+            anchors.rightMargin: table.compact ? 106 : 154
             width: 72
             text: qsTr("SIZE")
             column: AnalyzeRows.Column.Size
@@ -145,6 +146,7 @@ FocusScope {
             id: row
 
             width: list.width - 12
+            compact: table.compact
             current: list.activeFocus && ListView.isCurrentItem
             iconSource: "image://icon" + rows.url(index).toString().substring(7)
             onClicked: rows.open(index)

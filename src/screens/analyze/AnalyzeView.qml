@@ -12,7 +12,7 @@ FocusScope {
     required property AppState app
     readonly property AnalyzeModel model: app.analyze
     readonly property bool showsFolders: model.mode === AnalyzeModel.Mode.Folders
-    readonly property bool narrow: width < 980
+    readonly property bool narrow: width < 1140
 
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Analyze")
@@ -79,7 +79,7 @@ FocusScope {
         OrbitChart {
             id: chart
 
-            readonly property real side: Math.min(content.height, content.width * (view.narrow ? 0.33 : 0.46))
+            readonly property real side: Math.min(content.height, content.width - Theme.gapLarge - (view.narrow ? 396 : 500))
 
             anchors.verticalCenter: parent.verticalCenter
             visible: view.showsFolders

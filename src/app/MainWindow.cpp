@@ -1,7 +1,6 @@
 #include "app/MainWindow.h"
 
 #include "app/FileIconProvider.h"
-
 #include "app/Translations.h"
 #include "core/AppState.h"
 

@@ -63,7 +63,7 @@ AppState::AppState(AppServices services, QObject* parent)
           [this](std::filesystem::path path, std::stop_token stop, SizeService::Done done) {
               diskWork_.measure(std::move(path), std::move(stop), std::move(done));
           },
-             parallelWalks()),
+          parallelWalks()),
       analyze_({
           .places = services_.profile.places,
           .clock = services_.clean.clock,

@@ -27,8 +27,8 @@ std::vector<ProcessInfo> snapshot(ProcessSource* processes) {
 
 }  // namespace
 
-Monitor::Monitor(MonitorServices services, QObject* parent)
-    : QObject(parent), services_(std::move(services)), sampler_(services_.sources, services_.clock.uptime()) {
+Monitor::Monitor(const MonitorServices& services, QObject* parent)
+    : QObject(parent), services_(services), sampler_(services_.sources, services_.clock.uptime()) {
     sample();
     tick();
 }

@@ -25,7 +25,7 @@ class Monitor final : public QObject {
     Q_PROPERTY(int healthScore READ healthScore NOTIFY sampled)
 
   public:
-    explicit Monitor(MonitorServices services, QObject* parent = nullptr);
+    explicit Monitor(const MonitorServices& services, QObject* parent = nullptr);
     /// Waits for the reads that go on.
     ~Monitor() override;
 

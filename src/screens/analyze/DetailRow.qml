@@ -38,7 +38,7 @@ T.AbstractButton {
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.ListItem
-    Accessible.name: [name, measured ? sizeText : qsTr("being measured"), percentText, filesText, removable ? "" : protectedText].filter(part => part !== "").join(", ")
+    Accessible.name: name + ", " + (measured ? sizeText + ", " + percentText + " %, " + filesText : qsTr("being measured")) + (reason === "" ? "" : ", " + protectedText)
     Accessible.selected: selected
     readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
 
@@ -72,7 +72,8 @@ T.AbstractButton {
             anchors.leftMargin: 9
             width: 18
             height: 18
-            sourceSize: Qt.size(36, 36)
+            sourceSize.width: 36
+            sourceSize.height: 36
             source: row.iconSource
         }
         Label {

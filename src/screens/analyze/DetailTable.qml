@@ -91,7 +91,7 @@ FocusScope {
             width: 80
             alignment: Text.AlignLeft
             text: qsTr("NAME")
-            column: AnalyzeRows.Column.Name
+            column: AnalyzeRows.Name
         }
         Heading {
             anchors.verticalCenter: parent.verticalCenter
@@ -99,7 +99,7 @@ FocusScope {
             anchors.rightMargin: table.compact ? 106 : 154
             width: 72
             text: qsTr("SIZE")
-            column: AnalyzeRows.Column.Size
+            column: AnalyzeRows.Size
         }
         Heading {
             anchors.verticalCenter: parent.verticalCenter
@@ -107,7 +107,7 @@ FocusScope {
             anchors.rightMargin: 6
             width: 62
             text: qsTr("FILES")
-            column: AnalyzeRows.Column.Files
+            column: AnalyzeRows.Files
         }
     }
     ListView {

@@ -161,8 +161,9 @@ QString Explorer::diskText() const {
     return shown(byteCount(*disk.total - *disk.available) + " / " + byteCount(*disk.total));
 }
 
-QUrl Explorer::folderUrl() const {
-    return app_ ? urlOf(model().currentFolder()) : QUrl();
+QString Explorer::folderIcon() const {
+    if (!app_) return {};
+    return QStringLiteral("image://icon") + urlOf(model().currentFolder()).path(QUrl::FullyEncoded);
 }
 
 QString Explorer::trashFolder() const {

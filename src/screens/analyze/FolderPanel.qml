@@ -88,8 +88,9 @@ Item {
             y: 12
             width: 28
             height: 28
-            sourceSize: Qt.size(56, 56)
-            source: "image://icon" + panel.explorer.folderUrl.toString().substring(7)
+            sourceSize.width: 56
+            sourceSize.height: 56
+            source: panel.explorer.folderIcon
         }
         Column {
             id: facts

@@ -25,7 +25,7 @@ T.AbstractButton {
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.ListItem
-    Accessible.name: [name, sizeText, folderPath].join(", ")
+    Accessible.name: name + ", " + sizeText + ", " + folderPath
     Accessible.selected: selected
     onClicked: row.toggled()
 
@@ -59,7 +59,8 @@ T.AbstractButton {
             anchors.leftMargin: 9
             width: 20
             height: 20
-            sourceSize: Qt.size(40, 40)
+            sourceSize.width: 40
+            sourceSize.height: 40
             source: row.iconSource
         }
         Column {

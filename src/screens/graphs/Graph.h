@@ -2,12 +2,14 @@
 
 #include <QColor>
 #include <QQuickPaintedItem>
+#include <qqmlregistration.h>
 
 namespace tavrel {
 
 /// A small picture of figures, painted anew only when they have changed.
 class Graph : public QQuickPaintedItem {
     Q_OBJECT
+    QML_ANONYMOUS
     Q_PROPERTY(QColor colour READ colour WRITE setColour NOTIFY colourChanged)
 
   public:
@@ -28,8 +30,9 @@ class Graph : public QQuickPaintedItem {
 };
 
 /// A graph of one share, from 0 to 1.
-class ShareGraph : public Graph {
+class ShareGraph : public tavrel::Graph {
     Q_OBJECT
+    QML_ANONYMOUS
     Q_PROPERTY(double fraction READ fraction WRITE setFraction NOTIFY fractionChanged)
 
   public:
@@ -47,8 +50,9 @@ class ShareGraph : public Graph {
 };
 
 /// A graph of a list of shares, from 0 to 1, oldest first.
-class HistoryGraph : public Graph {
+class HistoryGraph : public tavrel::Graph {
     Q_OBJECT
+    QML_ANONYMOUS
     Q_PROPERTY(QList<double> values READ values WRITE setValues NOTIFY valuesChanged)
 
   public:

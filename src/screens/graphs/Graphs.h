@@ -6,8 +6,10 @@
 
 namespace tavrel {
 
+// The bases are named in full for the checks of the screens, which know them by that alone.
+
 /// A line over its values, light below it.
-class Sparkline : public HistoryGraph {
+class Sparkline : public tavrel::HistoryGraph {
     Q_OBJECT
     QML_ELEMENT
 
@@ -17,7 +19,7 @@ class Sparkline : public HistoryGraph {
 };
 
 /// A bar for each value, side by side.
-class Bars : public HistoryGraph {
+class Bars : public tavrel::HistoryGraph {
     Q_OBJECT
     QML_ELEMENT
 
@@ -27,7 +29,7 @@ class Bars : public HistoryGraph {
 };
 
 /// A round bar that is filled from its left.
-class Meter : public ShareGraph {
+class Meter : public tavrel::ShareGraph {
     Q_OBJECT
     QML_ELEMENT
 
@@ -37,7 +39,7 @@ class Meter : public ShareGraph {
 };
 
 /// A circle that is drawn on from its top, clockwise.
-class Ring : public ShareGraph {
+class Ring : public tavrel::ShareGraph {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(double lineWidth MEMBER lineWidth_ NOTIFY lineWidthChanged)

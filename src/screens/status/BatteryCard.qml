@@ -12,7 +12,7 @@ Card {
 
     implicitHeight: Math.max(128, column.implicitHeight + 26)
     Accessible.role: Accessible.Grouping
-    Accessible.name: hasBattery ? [battery.title, battery.value + " %", battery.unit, battery.footer].join(", ") : qsTr("Accessories")
+    Accessible.name: hasBattery ? battery.title + ", " + battery.value + " %, " + battery.unit + ", " + battery.footer : qsTr("Accessories")
 
     Column {
         id: column

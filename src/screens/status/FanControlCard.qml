@@ -11,7 +11,7 @@ Card {
 
     implicitHeight: 128
     Accessible.role: Accessible.Grouping
-    Accessible.name: [fans.title, fans.value + " " + fans.unit, fans.footer, detail].join(", ")
+    Accessible.name: fans.title + ", " + fans.value + " " + fans.unit + ", " + fans.footer + ", " + detail
 
     CardLabel {
         x: 14

@@ -13,7 +13,7 @@ Card {
 
     implicitHeight: 128
     Accessible.role: Accessible.Grouping
-    Accessible.name: [values.title, values.value + " " + values.unit, values.footer].join(", ")
+    Accessible.name: values.title + ", " + values.value + " " + values.unit + ", " + values.footer
 
     CardLabel {
         x: 14

@@ -20,7 +20,7 @@ Item {
 
     implicitHeight: 30
     Accessible.role: Accessible.ListItem
-    Accessible.name: [name, cpuText, memoryText, powerText].join(", ")
+    Accessible.name: row.name + ", " + cpuText + ", " + memoryText + ", " + powerText
 
     HoverHandler { id: hover }
 

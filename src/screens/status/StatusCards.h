@@ -15,6 +15,7 @@ namespace tavrel {
 /// One card as a screen shows it.
 struct CardData {
     Q_GADGET
+    QML_VALUE_TYPE(cardData)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QString value MEMBER value)
     Q_PROPERTY(QString unit MEMBER unit)

@@ -55,20 +55,27 @@ def figure(side):
     return f"{statistics.median(run.seconds for run in side):.3f} s, {max(run.peak for run in side)} KiB"
 
 
-def compare(title, ours, peer, target, most_seconds=None):
+def compare(title, ours, peer, target=None, most_seconds=None):
     """The ratio is the median over the pairs of neighbouring runs, so that a machine whose speed drifts does not
-    favour a side."""
+    favour a side. Without a target it is only told."""
     ratio = statistics.median(a.seconds / b.seconds for a, b in zip(ours, peer))
     seconds = statistics.median(run.seconds for run in ours)
+    if target is None:
+        return Row(title, figure(ours), figure(peer), f"{ratio:.2f}", "", True)
     met = ratio <= target and (most_seconds is None or seconds <= most_seconds)
     wanted = f"≤ {target:.2f}" + (f", ≤ {most_seconds} s" if most_seconds else "")
     return Row(title, figure(ours), figure(peer), f"{ratio:.2f}", wanted, met)
 
 
+def limited(title, value, unit, most):
+    """A figure of ours that must not exceed `most`."""
+    return Row(title, f"{value:.2f} {unit}", "", "", f"≤ {most} {unit}", value <= most)
+
+
 def print_table(rows):
     print("| What | Tavrel | Peer | Ratio | Target | |\n|---|---|---|---|---|---|")
     for row in rows:
-        verdict = "met" if row.met else "**MISSED**"
+        verdict = ("met" if row.target else "") if row.met else "**MISSED**"
         print(f"| {row.title} | {row.ours} | {row.peer} | {row.ratio} | {row.target} | {verdict} |")
 
 

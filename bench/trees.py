@@ -36,6 +36,18 @@ def broad(root, folders, files):
         fill(folder, files, SIZES)
 
 
+def vast(root, files):
+    """A hundred folders with `files` files on four levels, forty in each of the folders below; many are empty."""
+    root.mkdir()
+    levels = [[f"top-{at:03}" for at in range(100)]]
+    for folders in (1000, 10_000, files // 40 - 11_100):
+        above = levels[-1]
+        levels.append([f"{above[at % len(above)]}/folder-{at:05}" for at in range(folders)])
+    for folder in (folder for level in levels for folder in level):
+        os.mkdir(root / folder)
+        fill(root / folder, 40, (0, 0, 0, 100))
+
+
 def chain(root, depth):
     """One folder in the other, far past what a path can name, with a file in each."""
     root.mkdir()

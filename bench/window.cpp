@@ -128,10 +128,13 @@ int status(int argc, char** argv) {
     shown.program().state().motion()->setScrolling(true);
     shown.waitForFrame();
     wait(warmUp);
+    int frames = 0;
+    QObject::connect(&shown.window(), &QQuickWindow::frameSwapped, &shown.window(), [&] { ++frames; });
     const double thread = threadMilliseconds();
     const double all = cpuSeconds();
     wait(span);
     constexpr auto ticks = static_cast<double>(span / tick);
+    if (frames < ticks - 1) throw std::runtime_error("figures that are not drawn");
     std::cout << fmt::format("{} {}", (threadMilliseconds() - thread) / ticks,
                              (cpuSeconds() - all) * 1e3 / ticks);
     return EXIT_SUCCESS;

@@ -9,7 +9,10 @@ namespace {
 
 class MachineAndDiskTest : public ::testing::Test {
   protected:
-    MachineAndDiskTest() { box_.folder("home"); }
+    MachineAndDiskTest() {
+        box_.folder("home");
+        box_.folder("root");
+    }
 
     testing::Sandbox box_;
     testing::Program tavrelctl_{box_, "linux"};

@@ -174,7 +174,21 @@ class Photographer {
             if (isStatus) window_->resize(before.width(), tall);
             take("tab-" + std::string(rawValue(tab)), isStatus ? liveFor : 900);
             window_->resize(before);
+            if (tab == AppTab::analyze) explore();
         }
+    }
+
+    /// A removal in the explorer, and what it says of it.
+    void explore() {
+        AnalyzeModel* model = state_.analyze();
+        waitFor("all figures", [model] { return model->count() > 0 && model->pendingCount() == 0; });
+        for (const AnalyzeEntry& entry : model->entries()) {
+            if (model->selectedCount() < 2) model->toggleSelection(entry);
+        }
+        take("analyze-selected");
+        model->trashSelected();
+        waitFor("the removal's end", [model] { return model->hasLastRemoval() && !model->isRemoving(); });
+        take("analyze-report");
     }
 
     void settings() {

@@ -33,7 +33,7 @@ class SystemBus {
     using Time = std::chrono::steady_clock::time_point;
     using Now = std::function<Time()>;
 
-    /// In the format of the D-Bus specification; an empty address leads nowhere.
+    /// As D-Bus writes addresses; an empty one leads nowhere.
     explicit SystemBus(std::string address, Now now = std::chrono::steady_clock::now);
 
     /// Where the system's bus listens, unless the environment names another place.

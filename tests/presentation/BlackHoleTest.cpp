@@ -113,7 +113,9 @@ TEST(DiscLights, StayWhereTheyBelong) {
         EXPECT_EQ(probe.behind, probe.opacity < 1);
         for (const auto& flash : DiscLights::flashes(phase, 400)) {
             EXPECT_GE(flash.opacity, 0);
-            if (flash.opacity > 0) EXPECT_NEAR(std::hypot(flash.x, flash.y + 8), 80, 1e-9);
+            if (flash.opacity > 0) {
+                EXPECT_NEAR(std::hypot(flash.x, flash.y + 8), 80, 1e-9);
+            }
         }
         for (const auto& ripple : DiscLights::ripples(phase, 400)) EXPECT_LE(ripple.opacity, 0.35);
     }

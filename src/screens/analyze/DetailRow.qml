@@ -74,6 +74,7 @@ T.AbstractButton {
             height: 18
             sourceSize.width: 36
             sourceSize.height: 36
+            cache: false // icons are kept by whoever finds them
             source: row.iconSource
         }
         Label {

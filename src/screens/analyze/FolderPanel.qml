@@ -90,6 +90,7 @@ Item {
             height: 28
             sourceSize.width: 56
             sourceSize.height: 56
+            cache: false // icons are kept by whoever finds them
             source: panel.explorer.folderIcon
         }
         Column {

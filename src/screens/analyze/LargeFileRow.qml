@@ -61,6 +61,7 @@ T.AbstractButton {
             height: 20
             sourceSize.width: 40
             sourceSize.height: 40
+            cache: false // icons are kept by whoever finds them
             source: row.iconSource
         }
         Column {

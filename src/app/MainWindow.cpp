@@ -1,6 +1,5 @@
 #include "app/MainWindow.h"
 
-#include "app/FileIconProvider.h"
 #include "app/Translations.h"
 #include "core/AppState.h"
 
@@ -24,7 +23,6 @@ namespace tavrel {
 
 MainWindow::MainWindow(AppState& state) : state_(state) {
     engine_.addImportPath(QStringLiteral(":/qt/qml"));
-    engine_.addImageProvider(FileIconProvider::name, new FileIconProvider(state_.icons()));
     engine_.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&state_)}});
 }
 

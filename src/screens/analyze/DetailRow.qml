@@ -1,6 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 import Tavrel.Controls
+import Tavrel.Models
+import Tavrel.Analyze
 import Tavrel.Graphs
 
 // One thing in the folder: marked or not, its name, and how much of the folder it is.
@@ -21,7 +23,8 @@ T.AbstractButton {
     required property bool removable
     required property string reason
     required property bool lit
-    property url iconSource
+    property url url
+    required property AppState app
     property bool current: false
     property bool compact: false  // without the bar
     readonly property list<color> palette: [
@@ -64,7 +67,7 @@ T.AbstractButton {
             colour: Theme.glows[3]
             onClicked: row.toggled()
         }
-        Image {
+        FileIcon {
             id: icon
 
             anchors.verticalCenter: parent.verticalCenter
@@ -72,10 +75,8 @@ T.AbstractButton {
             anchors.leftMargin: 9
             width: 18
             height: 18
-            sourceSize.width: 36
-            sourceSize.height: 36
-            cache: false // icons are kept by whoever finds them
-            source: row.iconSource
+            app: row.app
+            file: row.url
         }
         Label {
             id: label

@@ -148,7 +148,8 @@ FocusScope {
             width: list.width - 12
             compact: table.compact
             current: list.activeFocus && ListView.isCurrentItem
-            iconSource: "image://icon" + rows.url(index).toString().substring(7)
+            app: table.app
+            url: rows.url(index)
             onClicked: rows.open(index)
             onToggled: rows.toggle(index)
             onTrashed: rows.trash(index)

@@ -161,9 +161,8 @@ QString Explorer::diskText() const {
     return shown(byteCount(*disk.total - *disk.available) + " / " + byteCount(*disk.total));
 }
 
-QString Explorer::folderIcon() const {
-    if (!app_) return {};
-    return QStringLiteral("image://icon") + urlOf(model().currentFolder()).path(QUrl::FullyEncoded);
+QUrl Explorer::folderUrl() const {
+    return app_ ? urlOf(model().currentFolder()) : QUrl();
 }
 
 QString Explorer::trashFolder() const {

@@ -32,7 +32,7 @@ class Explorer : public QObject {
     Q_PROPERTY(bool canGoForward READ canGoForward NOTIFY historyChanged)
     Q_PROPERTY(double diskShare READ diskShare NOTIFY diskChanged)
     Q_PROPERTY(QString diskText READ diskText NOTIFY diskChanged)
-    Q_PROPERTY(QString folderIcon READ folderIcon NOTIFY placesChanged)
+    Q_PROPERTY(QUrl folderUrl READ folderUrl NOTIFY placesChanged)
     Q_PROPERTY(QString trashFolder READ trashFolder NOTIFY appChanged)
 
   public:
@@ -52,7 +52,7 @@ class Explorer : public QObject {
     [[nodiscard]] bool canGoForward() const { return !ahead_.empty(); }
     [[nodiscard]] double diskShare() const;
     [[nodiscard]] QString diskText() const;
-    [[nodiscard]] QString folderIcon() const;  // the source of an image
+    [[nodiscard]] QUrl folderUrl() const;
     [[nodiscard]] QString trashFolder() const;
 
     /// An arc asks for the focus, or gives it back if it still has it.

@@ -81,17 +81,15 @@ Item {
         width: parent.width
         height: facts.height + 24
 
-        Image {
+        FileIcon {
             id: icon
 
             x: 12
             y: 12
             width: 28
             height: 28
-            sourceSize.width: 56
-            sourceSize.height: 56
-            cache: false // icons are kept by whoever finds them
-            source: panel.explorer.folderIcon
+            app: panel.explorer.app
+            file: panel.explorer.folderUrl
         }
         Column {
             id: facts

@@ -1,6 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 import Tavrel.Controls
+import Tavrel.Models
+import Tavrel.Analyze
 
 // One large file: its name, where it lies, and its size.
 T.AbstractButton {
@@ -14,7 +16,8 @@ T.AbstractButton {
     required property bool selected
     required property bool removable
     required property string reason
-    property url iconSource
+    property url url
+    required property AppState app
     property bool current: false
 
     signal toggled()
@@ -51,7 +54,7 @@ T.AbstractButton {
             colour: Theme.glows[3]
             onClicked: row.toggled()
         }
-        Image {
+        FileIcon {
             id: icon
 
             anchors.verticalCenter: parent.verticalCenter
@@ -59,10 +62,8 @@ T.AbstractButton {
             anchors.leftMargin: 9
             width: 20
             height: 20
-            sourceSize.width: 40
-            sourceSize.height: 40
-            cache: false // icons are kept by whoever finds them
-            source: row.iconSource
+            app: row.app
+            file: row.url
         }
         Column {
             anchors.verticalCenter: parent.verticalCenter

@@ -61,7 +61,8 @@ FocusScope {
 
             width: list.width - 12
             current: list.activeFocus && ListView.isCurrentItem
-            iconSource: "image://icon" + rows.url(index).toString().substring(7)
+            app: files.app
+            url: rows.url(index)
             onToggled: rows.toggle(index)
             onTrashed: rows.trash(index)
 

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/AppState.h"
+
+#include <QImage>
+#include <QPointer>
+#include <QQuickPaintedItem>
+#include <QUrl>
+#include <qqmlregistration.h>
+
+namespace tavrel {
+
+/// The icon of a file. The images are kept by the finder of icons, so that rows of one kind share one.
+class FileIconItem : public QQuickPaintedItem {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(FileIcon)
+    Q_PROPERTY(tavrel::AppState* app READ app WRITE setApp NOTIFY changed)
+    Q_PROPERTY(QUrl file READ file WRITE setFile NOTIFY changed)
+
+  public:
+    using QQuickPaintedItem::QQuickPaintedItem;
+
+    [[nodiscard]] AppState* app() const { return app_; }
+    void setApp(AppState* app);
+    [[nodiscard]] const QUrl& file() const { return file_; }
+    void setFile(const QUrl& file);
+
+    void paint(QPainter* painter) override;
+
+  Q_SIGNALS:
+    void changed();
+
+  private:
+    void find();
+
+    QPointer<AppState> app_;
+    QUrl file_;
+    QImage image_;
+};
+
+}  // namespace tavrel

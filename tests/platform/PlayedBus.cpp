@@ -1,6 +1,6 @@
 #include "PlayedBus.h"
 
-#include "core/Files.h"
+#include "core/FileHandle.h"
 
 #include <array>
 #include <chrono>
@@ -8,6 +8,8 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <stdexcept>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <systemd/sd-bus.h>
 #include <unistd.h>
@@ -45,6 +47,15 @@ void appendAll(sd_bus_message* message, const BusProperties& properties) {
     sd_bus_message_close_container(message);
 }
 
+/// A socket is there before anybody listens at it.
+bool listens(const std::string& path) {
+    const FileHandle socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    return ::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+}
+
 }  // namespace
 
 PlayedBus::PlayedBus(const std::string& startableService) {
@@ -70,7 +81,7 @@ PlayedBus::PlayedBus(const std::string& startableService) {
     if (failure != 0) {
         throw std::runtime_error("dbus-daemon does not start");
     }
-    for (int tries = 0; !Files::exists(sandbox_.path("socket")); ++tries) {
+    for (int tries = 0; !listens(sandbox_.path("socket")); ++tries) {
         if (tries == 1000) throw std::runtime_error("dbus-daemon does not listen");
         std::this_thread::sleep_for(10ms);
     }

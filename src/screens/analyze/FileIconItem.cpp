@@ -3,9 +3,26 @@
 #include "presentation/FileIcons.h"
 
 #include <QByteArray>
+#include <QCache>
 #include <QPainter>
 
 namespace tavrel {
+
+namespace {
+
+/// The icon of a path by its bytes. Rows come into view again and again, so that the last 2,000 are kept.
+QImage iconFor(FileIcons& icons, const QByteArray& path) {
+    constexpr int most = 2000;
+    static QCache<QByteArray, QImage> kept(most);  // for the main thread, as icons are
+    if (const QImage* known = kept.object(path)) return *known;
+    const FileIcons::Path file = path.toStdString();
+    const auto own = icons.ownIcon(file);
+    QImage image = own ? *own : icons.owner(file).image;
+    kept.insert(path, new QImage(image));
+    return image;
+}
+
+}  // namespace
 
 void FileIconItem::setApp(AppState* app) {
     if (app_ == app) return;
@@ -23,9 +40,7 @@ void FileIconItem::setFile(const QUrl& file) {
 void FileIconItem::find() {
     if (app_ && !file_.isEmpty()) {
         const QByteArray encoded = file_.path(QUrl::FullyEncoded).toLatin1();
-        const FileIcons::Path path = QByteArray::fromPercentEncoding(encoded).toStdString();
-        const auto own = app_->icons().ownIcon(path);
-        image_ = own ? *own : app_->icons().owner(path).image;
+        image_ = iconFor(app_->icons(), QByteArray::fromPercentEncoding(encoded));
     }
     Q_EMIT changed();
     update();

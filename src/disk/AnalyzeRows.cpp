@@ -246,14 +246,14 @@ void AnalyzeRows::reorder(const RowOrder::Ids& wanted) {
     if (rows_ == wanted) return;
     const RowOrder::Ids movers = RowOrder::movers(rows_, wanted, source_->content().idCount());
     if (movers.size() <= mostMoves) {
-        moveRows(wanted, movers);
+        moveMovers(wanted, movers);
     } else {
         replaceOrder(wanted);
     }
 }
 
 /// Each goes behind the one that shall stand before it, which has its place by then.
-void AnalyzeRows::moveRows(const RowOrder::Ids& wanted, const RowOrder::Ids& movers) {
+void AnalyzeRows::moveMovers(const RowOrder::Ids& wanted, const RowOrder::Ids& movers) {
     auto place = wanted.begin();
     for (const Id id : movers) {
         place = std::find(place, wanted.end(), id);

@@ -85,7 +85,7 @@ class AnalyzeRows : public QAbstractListModel {
     void update();
     void removeGone();
     void reorder(const RowOrder::Ids& wanted);
-    void moveRows(const RowOrder::Ids& wanted, const RowOrder::Ids& movers);
+    void moveMovers(const RowOrder::Ids& wanted, const RowOrder::Ids& movers);
     void replaceOrder(const RowOrder::Ids& wanted);
     void changed(const QList<Role>& roles);
     void relight();

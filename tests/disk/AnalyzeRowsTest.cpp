@@ -64,7 +64,7 @@ TEST_F(AnalyzeRowsTest, RowsMoveAndNeverBeginAnewWhileFiguresComeIn) {
     desk.load(things);
     const QSignalSpy resets(&rows, &QAbstractItemModel::modelReset);
     const QPersistentModelIndex followed = rows.index(150);
-    for (const std::size_t atOnce : {1, 3, 4, 80, 112}) {  // few move one by one, many at once
+    for (const std::size_t atOnce : {1U, 3U, 4U, 80U, 112U}) {  // few move one by one, many at once
         for (std::size_t done = 0; done < atOnce; ++done) {
             const auto path = desk.work.walks.back().path;
             const auto number = std::stoll(path.filename());

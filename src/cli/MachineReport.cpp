@@ -180,11 +180,8 @@ std::vector<std::string> lines(const Console& console, const MachineFigures& fig
                    meter(static_cast<double>(battery.percent) / 100));
     }
     const StatusTexts::FanCard fans = StatusTexts::fans(figures, words);
-    const double fanShare = figures.fans.empty() || figures.fans.front().max <= 0
-                                ? 0
-                                : figures.fans.front().rpm / figures.fans.front().max;
     lines.card({fans.title, fans.speed, fans.unit, fans.detail.empty() ? fans.share : fans.detail},
-               meter(fanShare));
+               meter(fanLoad(figures.fans)));
 
     const auto processes = processRows(figures.processes, ProcessSort::cpu, {});
     if (processes.empty()) return lines.all;

@@ -15,4 +15,8 @@ double usedShare(const Sensors::DiskSpace& disk) {
            static_cast<double>(*disk.total);
 }
 
+double fanLoad(const std::vector<Fan>& fans) {
+    return fans.empty() || fans.front().max <= 0 ? 0 : fans.front().rpm / fans.front().max;
+}
+
 }  // namespace tavrel

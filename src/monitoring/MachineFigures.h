@@ -45,5 +45,7 @@ struct MachineFigures {
 [[nodiscard]] double usedShare(const Sensors::Memory& memory);
 /// The used part of the volume, 0 to 1; 0 where its size is not known.
 [[nodiscard]] double usedShare(const Sensors::DiskSpace& disk);
+/// How fast the first fan runs of what it can, 0 and up; it stands for all. 0 where that is not known.
+[[nodiscard]] double fanLoad(const std::vector<Fan>& fans);
 
 }  // namespace tavrel

@@ -97,13 +97,12 @@ MetricCard network(const MachineFigures& figures) {
 MetricCard thermal(const MachineFigures& figures) {
     MetricCard card = {.title = localized("Thermal"), .value = unknown};
     if (figures.cpuTemp) {
-        card.value = temperature(*figures.cpuTemp);
-        card.unit = "C";
+        card.value = fmt::format("{}", std::lround(*figures.cpuTemp));
+        card.unit = "°C";
     } else if (figures.thermalState) {
         card.value = thermalWord(*figures.thermalState);
     }
-    card.footer =
-        figures.gpuTemp ? phrase("GPU {}", temperature(*figures.gpuTemp)) : localized("Thermal status");
+    card.footer = figures.gpuTemp ? phrase("GPU {}", temp(*figures.gpuTemp)) : localized("Thermal status");
     return card;
 }
 
@@ -152,8 +151,7 @@ std::string batteryWear(const Sensors::Battery& battery) {
 }
 
 FanCard fans(const MachineFigures& figures, const FanWords& words) {
-    const Fan first = figures.fans.empty() ? Fan{} : figures.fans.front();
-    const double share = first.max > 0 ? std::round(first.rpm / first.max * 100) : 0;
+    const double rpm = figures.fans.empty() ? 0 : figures.fans.front().rpm;
     std::string detail;
     if (figures.fans.empty()) {
         detail = localized(words.none);
@@ -162,15 +160,15 @@ FanCard fans(const MachineFigures& figures, const FanWords& words) {
     }
     return {
         .title = figures.fans.size() < 2 ? localized("Fan") : localized("Fans"),
-        .share = phrase("Load {}%", static_cast<int>(share)),
-        .speed = fmt::format("{}", static_cast<std::int64_t>(first.rpm)),
+        .share = phrase("Load {}%", std::lround(fanLoad(figures.fans) * 100)),
+        .speed = fmt::format("{}", static_cast<std::int64_t>(rpm)),
         .unit = localized("RPM"),
         .detail = detail,
     };
 }
 
-std::string temperature(double celsius) {
-    return fmt::format("{}°", std::lround(celsius));
+std::string temp(double celsius) {
+    return fmt::format("{}°C", std::lround(celsius));
 }
 
 std::string rate(std::optional<double> bytes) {

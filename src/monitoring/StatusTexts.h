@@ -59,8 +59,8 @@ struct FanCard {
 };
 [[nodiscard]] FanCard fans(const MachineFigures& figures, const FanWords& words);
 
-/// Rounded, with its sign: "54°".
-[[nodiscard]] std::string temperature(double celsius);
+/// Rounded, with its unit: "54°C".
+[[nodiscard]] std::string temp(double celsius);
 /// Bytes a second.
 [[nodiscard]] std::string rate(std::optional<double> bytes);
 

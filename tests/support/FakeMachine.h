@@ -14,7 +14,7 @@
 namespace tavrel::testing {
 
 /// A machine whose figures a test gives, and that counts how often each was read.
-class FakeMachine final : public Sensors, public TemperatureReader, public ProcessSource {
+class FakeMachine : public Sensors, public TemperatureReader, public ProcessSource {
   public:
     std::vector<CPUTicks> ticks = {{}, {}};
     Memory memoryNow = {.used = 6'000'000'000, .total = 16'000'000'000, .swap = 0, .pressure = 1};

@@ -3,24 +3,29 @@
 #include "app/Program.h"
 #include "app/SessionBus.h"
 #include "support/SampleMac.h"
+#include "support/SampleMachine.h"
 #include "support/Sandbox.h"
 
 #include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <unistd.h>
+#include <utility>
 
 #include <fmt/format.h>
 
 // Builds the large sample Mac and opens the window over it: its settings, history and Trash are those of the
-// sample's home. Without a display it shows what the command line, which stands beside this program, finds.
-// Given a folder, which must not exist yet, the Mac is left there for trying things out.
+// sample's home, the figures of the Status tab those of a sample laptop. Without a display it shows what the
+// command line, which stands beside this program, finds. Given a folder, which must not exist yet, the Mac is
+// left there for trying things out.
 
 namespace {
 
 namespace fs = std::filesystem;
+using tavrel::testing::SampleMachine;
 
 int show(const std::string& program, const tavrel::testing::SampleMac& mac) {
     int failures = 0;
@@ -41,7 +46,9 @@ bool hasDisplay() {
 int openWindow(const tavrel::testing::SampleMac& mac, int& argc, char** argv) {
     tavrel::Graphics::choose();
     const tavrel::Launch::Application application(argc, argv);
-    tavrel::Program program(tavrel::Program::partsOf(mac.profile(), tavrel::Program::Start::byUser));
+    auto parts = tavrel::Program::partsOf(mac.profile(), tavrel::Program::Start::byUser);
+    parts.machine = SampleMachine::readers(std::make_shared<SampleMachine>());
+    tavrel::Program program(std::move(parts));
     return tavrel::Launch::run(program, tavrel::SessionBus::connect(), nullptr);
 }
 

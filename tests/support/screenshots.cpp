@@ -2,6 +2,7 @@
 #include "app/Launch.h"
 #include "app/Program.h"
 #include "support/SampleMac.h"
+#include "support/SampleMachine.h"
 #include "support/Sandbox.h"
 
 #include <QCursor>
@@ -16,12 +17,14 @@
 #include <QTimer>
 #include <functional>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
-// Takes every screen in every state, over the small sample Mac, into a folder. What it presses is what a
-// person would: nothing on the pictures is made up.
+// Takes every screen in every state, over the small sample Mac and the sample laptop, into a folder. What it
+// presses is what a person would.
 
 namespace {
 
@@ -167,8 +170,8 @@ class Photographer {
         for (const AppTab tab : allAppTabs) {
             if (tab == AppTab::clean) continue;
             state_.chooseTab(static_cast<int>(tab));
-            constexpr int tall = 990;      // pixels, for all of the page
-            constexpr int liveFor = 9000;  // milliseconds, for the graphs to have something to show
+            constexpr int tall = 990;        // pixels, for all of the page
+            constexpr int liveFor = 40'000;  // milliseconds, for the graphs to have something to show
             const bool isStatus = tab == AppTab::status;
             const QSize before = window_->size();
             if (isStatus) window_->resize(before.width(), tall);
@@ -244,7 +247,9 @@ int main(int argc, char** argv) {
         const testing::Sandbox disk;
         const testing::SampleMac mac(disk.root());
         mac.fill(0.02);
-        Program program(Program::partsOf(mac.profile(), Program::Start::byUser));
+        auto parts = Program::partsOf(mac.profile(), Program::Start::byUser);
+        parts.machine = testing::SampleMachine::readers(std::make_shared<testing::SampleMachine>());
+        Program program(std::move(parts));
         QDir().mkpath(QString::fromLocal8Bit(argv[1]));
         Photographer(program, QDir(QString::fromLocal8Bit(argv[1]))).takeAll();
     } catch (const std::exception& problem) {

@@ -119,7 +119,9 @@ StatusTexts::FanCard StatusCards::fanCard() const {
 
 CardData StatusCards::fans() const {
     const StatusTexts::FanCard card = fanCard();
-    return {shown(card.title), shown(card.speed), shown(card.unit), shown(card.share)};
+    CardData data = {shown(card.title), shown(card.speed), shown(card.unit), shown(card.share)};
+    data.share = fanLoad(figures().fans);
+    return data;
 }
 
 QString StatusCards::fanDetail() const {

@@ -74,7 +74,7 @@ class StatusCards : public QObject {
     [[nodiscard]] CardData battery() const;
     /// Objects of `name`, `symbol` and `percent`.
     [[nodiscard]] QVariantList accessories() const;
-    /// The footer is the share of the highest speed.
+    /// The footer says the share of the highest speed.
     [[nodiscard]] CardData fans() const;
     [[nodiscard]] QString fanDetail() const;
 

@@ -5,6 +5,7 @@
 #include "cli/Session.h"
 #include "core/ByteCount.h"
 #include "core/DateText.h"
+#include "core/Decimal.h"
 #include "core/Files.h"
 #include "core/Phrase.h"
 #include "disk/FileCount.h"
@@ -107,9 +108,9 @@ void print(Console& console, const Look& look, std::size_t limit) {
         const AnalyzeEntry& entry = look.rows[i].entry;
         const std::int64_t size = entry.size.value_or(0);
         const std::string name = Text::shown(entry.url.filename().native()) + (entry.isFolder ? "/" : "");
-        console.line(fmt::format("{:>10}  {} {:>6.1f}%  {:>6}  {}", byteCount(size),
+        console.line(fmt::format("{:>10}  {} {:>6}%  {:>6}  {}", byteCount(size),
                                  console.styled(Console::Style::mark, bar(look.share(size))),
-                                 look.share(size) * 100, FileCount::format(entry.files.value_or(0)),
+                                 oneDecimal(look.share(size) * 100), FileCount::format(entry.files.value_or(0)),
                                  console.fitted(name, console.width() - nameColumn)));
     }
     if (look.rows.size() > limit) {

@@ -1,6 +1,7 @@
 #include "disk/OrbitReadout.h"
 
 #include "core/ByteCount.h"
+#include "core/Decimal.h"
 #include "core/Paths.h"
 #include "core/Phrase.h"
 #include "core/Text.h"
@@ -34,7 +35,7 @@ std::string fileCount(std::int64_t files) {
 }
 
 std::string percent(double share) {
-    return fmt::format("{:.1f}%", share * 100);
+    return oneDecimal(share * 100) + "%";
 }
 
 struct Words {

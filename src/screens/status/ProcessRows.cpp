@@ -1,11 +1,10 @@
 #include "screens/status/ProcessRows.h"
 
 #include "core/ByteCount.h"
+#include "core/Decimal.h"
 
 #include <algorithm>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace tavrel {
 
@@ -64,11 +63,11 @@ QVariant ProcessRows::data(const QModelIndex& index, int role) const {
         case Name:
             return QString::fromStdString(row.name);
         case CpuText:
-            return QString::fromStdString(fmt::format("{:.1f}%", row.cpu));
+            return QString::fromStdString(oneDecimal(row.cpu) + "%");
         case MemoryText:
             return QString::fromStdString(byteCount(row.memory));
         case PowerText:
-            return QString::fromStdString(fmt::format("{:.1f}", row.power));
+            return QString::fromStdString(oneDecimal(row.power));
         case Pinned:
             return std::find(pinned.begin(), pinned.end(), row.name) != pinned.end();
         case ExplanationText:

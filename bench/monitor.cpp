@@ -68,7 +68,7 @@ void wait(std::chrono::milliseconds time) {
 Spent unwatched(const Machine& machine) {
     constexpr int ticks = 10;
     const auto clock = systemClock();
-    const Monitor monitor({.clock = *clock, .sources = sourcesOf(machine), .processes = *machine.processes});
+    const Monitor monitor({*clock, machine.sensors, machine.temperatures, machine.fans, machine.processes});
     wait(3s);  // between two ticks
     const Spent before = Spent::soFar();
     wait(ticks * interval);

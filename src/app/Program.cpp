@@ -58,8 +58,10 @@ Program::Program(Parts parts)
       }),
       monitor_({
           .clock = *parts_.clock,
-          .sources = {*parts_.machine.sensors, *parts_.machine.temperatures, *parts_.machine.fans},
-          .processes = *parts_.machine.processes,
+          .sensors = parts_.machine.sensors,
+          .temperatures = parts_.machine.temperatures,
+          .fans = parts_.machine.fans,
+          .processes = parts_.machine.processes,
       }),
       state_(std::make_unique<AppState>(AppServices{
           .profile = parts_.profile,

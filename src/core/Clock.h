@@ -6,6 +6,7 @@
 #include <coroutine>
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace tavrel {
 
@@ -37,6 +38,12 @@ class Clock {
     /// moment is called in the order it was asked for. A delay that is not positive means the next turn of
     /// the event loop.
     virtual void after(Duration delay, std::function<void()> action) = 0;
+
+    /// The same a twentieth of the delay early or late, so that the system can put its wake-ups together: for
+    /// what goes on all day and nobody sees move.
+    virtual void afterAbout(Duration delay, std::function<void()> action) {
+        after(delay, std::move(action));
+    }
 
     [[nodiscard]] Sleep sleep(Duration duration) { return {*this, duration}; }
 };

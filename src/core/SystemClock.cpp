@@ -16,11 +16,18 @@ class SystemClock final : public Clock {
     }
 
     void after(Duration delay, std::function<void()> action) override {
-        const auto wait = std::chrono::ceil<std::chrono::milliseconds>(std::max(delay, Duration::zero()));
-        QTimer::singleShot(wait, Qt::PreciseTimer, &context_, std::move(action));
+        call(delay, Qt::PreciseTimer, std::move(action));
+    }
+    void afterAbout(Duration delay, std::function<void()> action) override {
+        call(delay, Qt::CoarseTimer, std::move(action));
     }
 
   private:
+    void call(Duration delay, Qt::TimerType type, std::function<void()> action) {
+        const auto wait = std::chrono::ceil<std::chrono::milliseconds>(std::max(delay, Duration::zero()));
+        QTimer::singleShot(wait, type, &context_, std::move(action));
+    }
+
     QObject context_;  // what still waits goes with the clock
 };
 

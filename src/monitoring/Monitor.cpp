@@ -4,7 +4,6 @@
 #include "monitoring/HealthScore.h"
 
 #include <QPointer>
-#include <QtConcurrentRun>
 #include <utility>
 
 namespace tavrel {
@@ -13,33 +12,29 @@ namespace {
 
 constexpr std::chrono::seconds interval{2};
 
-Sensors::DiskSpace diskSpace(const Sensors* sensors) {
-    return sensors->diskSpace();
-}
-
-std::vector<Sensors::Accessory> bluetoothBatteries(const Sensors* sensors) {
-    return sensors->bluetoothBatteries();
-}
-
-std::vector<ProcessInfo> snapshot(ProcessSource* processes) {
-    return processes->snapshot();
-}
-
 }  // namespace
 
-Monitor::Monitor(const MonitorServices& services, QObject* parent)
-    : QObject(parent), services_(services), sampler_(services_.sources, services_.clock.uptime()) {
+Monitor::Monitor(MonitorServices services, QObject* parent)
+    : QObject(parent),
+      services_(std::move(services)),
+      sampler_({*services_.sensors, *services_.temperatures, *services_.fans}, services_.clock.uptime()),
+      diskSpace_([this](const Sensors::DiskSpace& space) {
+          sampler_.took(space);
+          Q_EMIT sampled();
+      }),
+      bluetooth_([this](const std::vector<Sensors::Accessory>& batteries) { sampler_.took(batteries); }),
+      processes_([this](const std::vector<ProcessInfo>& processes) {
+          sampler_.took(processes);
+          hasSeenProcesses_ = true;
+          Q_EMIT processesChanged();
+      }) {
     sample();
     tick();
 }
 
-Monitor::~Monitor() {
-    reads_.waitForDone();
-}
-
 /// Samples again and again; the clock may outlive the monitor.
 void Monitor::tick() {
-    services_.clock.after(interval, [self = QPointer(this)] {
+    services_.clock.afterAbout(interval, [self = QPointer(this)] {
         if (!self) return;
         self->sample();
         self->tick();
@@ -48,25 +43,10 @@ void Monitor::tick() {
 
 void Monitor::sample() {
     const MachineSampler::Due due = sampler_.sample(services_.clock.uptime());
-    const Sensors* sensors = &services_.sources.sensors;
-    if (due.diskSpace) {
-        QtConcurrent::run(&reads_, diskSpace, sensors).then(this, [this](const Sensors::DiskSpace& space) {
-            sampler_.took(space);
-            Q_EMIT sampled();
-        });
-    }
-    if (due.bluetooth) {
-        QtConcurrent::run(&reads_, bluetoothBatteries, sensors)
-            .then(this,
-                  [this](const std::vector<Sensors::Accessory>& batteries) { sampler_.took(batteries); });
-    }
-    if (due.processes) {
-        QtConcurrent::run(&reads_, snapshot, &services_.processes)
-            .then(this, [this](const std::vector<ProcessInfo>& processes) {
-                sampler_.took(processes);
-                Q_EMIT processesChanged();
-            });
-    }
+    if (due.diskSpace) diskSpace_.start([sensors = services_.sensors] { return sensors->diskSpace(); });
+    if (due.bluetooth)
+        bluetooth_.start([sensors = services_.sensors] { return sensors->bluetoothBatteries(); });
+    if (due.processes) processes_.start([source = services_.processes] { return source->snapshot(); });
     Q_EMIT sampled();
 }
 

@@ -1,19 +1,23 @@
 #pragma once
 
+#include "monitoring/BackgroundRead.h"
 #include "monitoring/MachineSampler.h"
 
 #include <QObject>
-#include <QThreadPool>
+#include <memory>
+#include <vector>
 
 namespace tavrel {
 
 class Clock;
 
-/// What a monitor is made over; everything outlives it.
+/// What a monitor is made over. The clock outlives it; a reader may be in use when the monitor has gone.
 struct MonitorServices {
     Clock& clock;
-    MachineSampler::Sources sources;
-    ProcessSource& processes;
+    std::shared_ptr<Sensors> sensors;
+    std::shared_ptr<TemperatureReader> temperatures;
+    std::shared_ptr<FanReader> fans;
+    std::shared_ptr<ProcessSource> processes;
 };
 
 /// The one object that every live figure comes from: samples the machine every two seconds as long as it
@@ -23,11 +27,10 @@ class Monitor final : public QObject {
     Q_PROPERTY(
         int processWatchers READ processWatchers WRITE setProcessWatchers NOTIFY processWatchersChanged)
     Q_PROPERTY(int healthScore READ healthScore NOTIFY sampled)
+    Q_PROPERTY(bool hasSeenProcesses READ hasSeenProcesses NOTIFY processesChanged)
 
   public:
-    explicit Monitor(const MonitorServices& services, QObject* parent = nullptr);
-    /// Waits for the reads that go on.
-    ~Monitor() override;
+    explicit Monitor(MonitorServices services, QObject* parent = nullptr);
 
     [[nodiscard]] const MachineFigures& figures() const { return sampler_.figures(); }
     /// How many views want full sampling. The first to come gets fresh figures at once.
@@ -36,6 +39,8 @@ class Monitor final : public QObject {
     /// What the status item shows, and is sampled for it even when nobody watches.
     void setMenuBarMetrics(const std::vector<MenuBarMetric>& metrics);
     [[nodiscard]] int healthScore() const;
+    /// Whether a look at the processes has ended; it may have found none.
+    [[nodiscard]] bool hasSeenProcesses() const { return hasSeenProcesses_; }
 
   Q_SIGNALS:
     void processWatchersChanged();
@@ -49,7 +54,10 @@ class Monitor final : public QObject {
 
     MonitorServices services_;
     MachineSampler sampler_;
-    QThreadPool reads_;
+    bool hasSeenProcesses_ = false;
+    BackgroundRead<Sensors::DiskSpace> diskSpace_;
+    BackgroundRead<std::vector<Sensors::Accessory>> bluetooth_;
+    BackgroundRead<std::vector<ProcessInfo>> processes_;
 };
 
 }  // namespace tavrel

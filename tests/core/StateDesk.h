@@ -82,8 +82,8 @@ class StateDesk {
         .history = profile.places.history(),
         .now = [] { return now(); },
     }};
-    FakeMachine machine;
-    Monitor monitor{{clock, {machine, machine, machine.fans}, machine}};
+    Machine machine = FakeMachine::readers(std::make_shared<FakeMachine>());
+    Monitor monitor{{clock, machine.sensors, machine.temperatures, machine.fans, machine.processes}};
     std::unique_ptr<AppState> state = std::make_unique<AppState>(AppServices{
         .profile = profile,
         .tools = tools,

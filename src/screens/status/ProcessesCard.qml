@@ -62,7 +62,8 @@ Card {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
-            text: qsTr("Looking at what runs…")
+            text: card.app.monitor.hasSeenProcesses ? qsTr("Nothing here")
+                                                    : qsTr("Looking at what runs…")
             color: Theme.secondary
         }
         Repeater {

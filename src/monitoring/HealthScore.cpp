@@ -35,7 +35,7 @@ double heatPart(Sensors::ThermalState state) {
 int healthScore(const MachineFigures& figures) {
     const double disk = ease(usedShare(figures.disk), 0.6, 0.4);
     const double memory = memoryPart(figures.memory.pressure.value_or(0));
-    const double cpu = ease(figures.cpu, 0.7, 0.3);
+    const double cpu = ease(figures.cpu.value_or(0), 0.7, 0.3);
     const double heat = heatPart(figures.thermalState.value_or(Sensors::ThermalState::nominal));
     return static_cast<int>((0.4 * disk + memory + 0.15 * cpu + heat) * 100);
 }

@@ -13,7 +13,7 @@ namespace tavrel {
 
 /// Everything that is known of the running machine at one moment. What it does not tell has no value.
 struct MachineFigures {
-    double cpu = 0;  // the share of all processors that is busy, 0 to 1
+    std::optional<double> cpu;  // the share of all processors that is busy, 0 to 1
     std::vector<double> cpuHistory;
     std::optional<double> gpu;  // 0 to 1
     std::vector<double> gpuHistory;

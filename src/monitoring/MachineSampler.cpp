@@ -9,17 +9,24 @@ namespace tavrel {
 
 namespace {
 
-// Counted in samples.
-constexpr int slow = 5;
-constexpr int slowUnwatched = 15;
-constexpr int bluetooth = 30;
+// Ten seconds, half a minute and a minute: timers come a little early, too.
+constexpr std::chrono::milliseconds slow{9'500};
+constexpr std::chrono::milliseconds slowUnwatched{29'500};
+constexpr std::chrono::milliseconds betweenBluetooth{59'500};
+constexpr std::chrono::milliseconds betweenProcesses{8'000};
 
 constexpr double leastElapsed = 0.5;  // seconds; rates of less are noise
-constexpr std::chrono::seconds betweenProcesses{8};
 
 void push(std::vector<double>& history, double value) {
     if (history.size() >= MachineSampler::historyLength) history.erase(history.begin());
     history.push_back(value);
+}
+
+/// Whether `span` has passed since `last`, which then is now.
+bool comesRound(std::optional<Instant>& last, Instant now, std::chrono::milliseconds span) {
+    if (last && now - *last < span) return false;
+    last = now;
+    return true;
 }
 
 /// Of a counter a second; one that went back has started anew.
@@ -42,7 +49,11 @@ MachineSampler::MachineSampler(Sources sources, Instant now)
 bool MachineSampler::setWatchers(int count) {
     const bool first = count >= 1 && watchers_ == 0;
     watchers_ = count;
-    if (first) slowTick_ = 0;
+    if (first) {
+        lastSlow_.reset();
+        lastDiskSpace_.reset();
+        lastBluetooth_.reset();
+    }
     return first;
 }
 
@@ -57,24 +68,22 @@ MachineSampler::Due MachineSampler::sample(Instant now) {
     readNetwork(elapsed);
     if (wants(MenuBarMetric::temperature)) readHeat();
     if (isWatched()) figures_.load = sources_.sensors.loadAverage();
-    if (slowTick_ % slow == 0) readSlowOnes(due);
-    ++slowTick_;
+    if (comesRound(lastSlow_, now, slow)) readSlowOnes();
+    if (!measuringDisk_ && comesRound(lastDiskSpace_, now, isWatched() ? slow : slowUnwatched))
+        measuringDisk_ = due.diskSpace = true;
     if (!isWatched()) return due;
 
-    due.bluetooth = slowTick_ % bluetooth == 1;
-    const bool longAgo = !lastProcessSample_ || now - *lastProcessSample_ >= betweenProcesses;
-    if (!samplingProcesses_ && longAgo) {
+    due.bluetooth = comesRound(lastBluetooth_, now, betweenBluetooth);
+    if (!samplingProcesses_ && comesRound(lastProcesses_, now, betweenProcesses))
         samplingProcesses_ = due.processes = true;
-        lastProcessSample_ = now;
-    }
     return due;
 }
 
 void MachineSampler::readCpu() {
     auto ticks = sources_.sensors.cpuTicks();
-    figures_.cpu = cpuUsage(lastTicks_, ticks).value_or(figures_.cpu);
+    if (const auto usage = cpuUsage(lastTicks_, ticks)) figures_.cpu = usage;
     lastTicks_ = std::move(ticks);
-    push(figures_.cpuHistory, figures_.cpu);
+    push(figures_.cpuHistory, figures_.cpu.value_or(0));
 }
 
 void MachineSampler::readMemory() {
@@ -114,9 +123,7 @@ void MachineSampler::readHeat() {
     if (isWatched()) figures_.thermalState = sources_.sensors.thermalState();
 }
 
-void MachineSampler::readSlowOnes(Due& due) {
-    if (!measuringDisk_ && (isWatched() || slowTick_ % slowUnwatched == 0))
-        measuringDisk_ = due.diskSpace = true;
+void MachineSampler::readSlowOnes() {
     if (wants(MenuBarMetric::battery)) figures_.battery = sources_.sensors.battery();
     if (!isWatched()) return;
 

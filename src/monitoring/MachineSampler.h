@@ -55,7 +55,7 @@ class MachineSampler {
     void readDiskIO(double elapsed);
     void readNetwork(double elapsed);
     void readHeat();
-    void readSlowOnes(Due& due);
+    void readSlowOnes();
 
     Sources sources_;
     MachineFigures figures_;
@@ -66,8 +66,10 @@ class MachineSampler {
     std::optional<Sensors::DiskIO> lastIO_;
     std::optional<Sensors::NetworkBytes> lastNet_;
     Instant lastSample_;
-    std::optional<Instant> lastProcessSample_;
-    int slowTick_ = 0;
+    std::optional<Instant> lastSlow_;
+    std::optional<Instant> lastDiskSpace_;
+    std::optional<Instant> lastBluetooth_;
+    std::optional<Instant> lastProcesses_;
     bool measuringDisk_ = false;
     bool samplingProcesses_ = false;
     std::vector<Sensors::Accessory> bluetoothAudio_;

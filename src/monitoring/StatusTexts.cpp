@@ -1,6 +1,7 @@
 #include "monitoring/StatusTexts.h"
 
 #include "core/ByteCount.h"
+#include "core/Decimal.h"
 #include "core/Phrase.h"
 #include "monitoring/HealthScore.h"
 
@@ -49,31 +50,35 @@ std::string thermalWord(Sensors::ThermalState state) {
     return localized("Throttling");
 }
 
+MetricCard ofShare(const std::string& title, std::optional<double> share, const std::string& footer) {
+    if (!share) return {title, unknown, "", footer};
+    return {title, percent(*share), "%", footer};
+}
+
 }  // namespace
 
 MetricCard cpu(const MachineFigures& figures) {
-    std::string footer = figures.cpu < busyFrom ? localized("idle") : localized("busy");
-    if (figures.load) footer += between + phrase("load {}", fmt::format("{:.1f}", *figures.load));
-    footer += between + counted("{} core", "{} cores", static_cast<unsigned long>(figures.cores));
-    return {localized("CPU"), percent(figures.cpu), "%", footer};
+    std::string footer;
+    if (figures.cpu) footer = (*figures.cpu < busyFrom ? localized("idle") : localized("busy")) + between;
+    if (figures.load) footer += phrase("load {}", oneDecimal(*figures.load)) + between;
+    footer += counted("{} core", "{} cores", static_cast<unsigned long>(figures.cores));
+    return ofShare(localized("CPU"), figures.cpu, footer);
 }
 
 MetricCard gpu(const MachineFigures& figures) {
     const auto cores = static_cast<unsigned long>(figures.gpuCores.value_or(0));
-    return {
-        .title = localized("GPU"),
-        .value = figures.gpu ? percent(*figures.gpu) : unknown,
-        .unit = figures.gpu ? "%" : "",
-        .footer =
-            figures.gpuCores ? counted("{} GPU core", "{} GPU cores", cores) : localized("Integrated GPU"),
-    };
+    return ofShare(
+        localized("GPU"), figures.gpu,
+        figures.gpuCores ? counted("{} GPU core", "{} GPU cores", cores) : localized("Integrated GPU"));
 }
 
 MetricCard memory(const MachineFigures& figures) {
     std::string footer = pressure(figures.memory.pressure.value_or(0));
     if (const auto swap = figures.memory.swap.value_or(0); swap != 0)
         footer += between + phrase("swap {}", byteCount(swap));
-    return {localized("Memory"), percent(usedShare(figures.memory)), "%", footer};
+    const bool known = figures.memory.used && figures.memory.total;
+    return ofShare(localized("Memory"), known ? std::optional(usedShare(figures.memory)) : std::nullopt,
+                   footer);
 }
 
 MetricCard disk(const MachineFigures& figures) {
@@ -96,7 +101,9 @@ MetricCard network(const MachineFigures& figures) {
 
 MetricCard thermal(const MachineFigures& figures) {
     MetricCard card = {.title = localized("Thermal"), .value = unknown};
-    if (figures.cpuTemp) {
+    if (figures.thermalState == Sensors::ThermalState::critical) {
+        card.value = thermalWord(*figures.thermalState);  // tells more than any temperature
+    } else if (figures.cpuTemp) {
         card.value = fmt::format("{}", std::lround(*figures.cpuTemp));
         card.unit = "°C";
     } else if (figures.thermalState) {
@@ -151,20 +158,19 @@ std::string batteryWear(const Sensors::Battery& battery) {
 }
 
 FanCard fans(const MachineFigures& figures, const FanWords& words) {
-    const double rpm = figures.fans.empty() ? 0 : figures.fans.front().rpm;
-    std::string detail;
-    if (figures.fans.empty()) {
-        detail = localized(words.none);
-    } else if (!figures.fanControlAvailable) {
-        detail = localized(words.unavailable);
-    }
-    return {
+    FanCard card = {
         .title = figures.fans.size() < 2 ? localized("Fan") : localized("Fans"),
         .share = phrase("Load {}%", std::lround(fanLoad(figures.fans) * 100)),
-        .speed = fmt::format("{}", static_cast<std::int64_t>(rpm)),
-        .unit = localized("RPM"),
-        .detail = detail,
+        .speed = unknown,
     };
+    if (figures.fans.empty()) {
+        card.detail = localized(words.none);
+        return card;
+    }
+    card.speed = fmt::format("{}", static_cast<std::int64_t>(figures.fans.front().rpm));
+    card.unit = localized("RPM");
+    if (!figures.fanControlAvailable) card.detail = localized(words.unavailable);
+    return card;
 }
 
 std::string temp(double celsius) {

@@ -76,6 +76,11 @@ TEST_F(MachineSamplerTest, BlockingReadsKeepTheirPaceAndNeverOverlap) {
     EXPECT_THAT(disk, ElementsAre(0, 5, 10));  // the third never came back
     EXPECT_THAT(bluetooth, ElementsAre(0, 30));
     EXPECT_THAT(processes, ElementsAre(0, 4, 8, 12, 16, 20));
+
+    static_cast<void>(machine_.takeReads());
+    EXPECT_TRUE(step(60).bluetooth) << "the pace is one of time, however many samples that takes";
+    for (int tick = 0; tick < 10; ++tick) EXPECT_FALSE(step(0.5).bluetooth);
+    EXPECT_EQ(machine_.takeReads()["battery"], 1);
 }
 
 TEST_F(MachineSamplerTest, RatesNeedTwoReadingsAndSurviveResets) {

@@ -40,6 +40,7 @@ TEST(HealthScore, WeighsDiskMemoryProcessorsAndHeat) {
 TEST(StatusTexts, TellTheEdgesApart) {
     MachineFigures figures;
     figures.cores = 8;
+    EXPECT_EQ(StatusTexts::cpu(figures), (StatusTexts::MetricCard{"CPU", "—", "", "8 cores"}));
     figures.cpu = 0.1499;
     EXPECT_EQ(StatusTexts::cpu(figures), (StatusTexts::MetricCard{"CPU", "14", "%", "idle · 8 cores"}));
     figures.cpu = 0.15;
@@ -52,6 +53,8 @@ TEST(StatusTexts, TellTheEdgesApart) {
     figures.memory.swap = 2'000'000;
     EXPECT_EQ(StatusTexts::memory(figures).footer, "Pressure high · swap 2 MB");
     EXPECT_EQ(StatusTexts::memory(figures).value, "75");
+    figures.memory.used.reset();
+    EXPECT_EQ(StatusTexts::memory(figures).value + StatusTexts::memory(figures).unit, "—");
 
     figures.disk = {.total = 1000, .available = 150};
     EXPECT_FALSE(StatusTexts::isDiskNearlyFull(figures));
@@ -61,10 +64,13 @@ TEST(StatusTexts, TellTheEdgesApart) {
     EXPECT_EQ(StatusTexts::network(figures).footer, "Offline");
     EXPECT_EQ(StatusTexts::thermal(figures).value, "—");
     EXPECT_DOUBLE_EQ(StatusTexts::heatShare(figures), 1.0 / 7);
-    figures.thermalState = Heat::critical;
-    EXPECT_EQ(StatusTexts::thermal(figures).value, "Throttling");
+    figures.thermalState = Heat::serious;
+    EXPECT_EQ(StatusTexts::thermal(figures).value, "Hot");
     figures.cpuTemp = 65.5;
     EXPECT_EQ(StatusTexts::thermal(figures).value, "66");
+    figures.thermalState = Heat::critical;
+    EXPECT_EQ(StatusTexts::thermal(figures),
+              (StatusTexts::MetricCard{"Thermal", "Throttling", "", "Thermal status"}));
     EXPECT_DOUBLE_EQ(StatusTexts::heatShare(figures), 35.5 / 70);
     figures.cpuTemp = 20;
     EXPECT_EQ(StatusTexts::heatShare(figures), 0);
@@ -92,7 +98,7 @@ TEST(StatusTexts, LetTheFirstFanStandForAll) {
     const StatusTexts::FanWords words = {"none", "not ours"};
     MachineFigures figures;
     EXPECT_EQ(StatusTexts::fans(figures, words),
-              (StatusTexts::FanCard{"Fan", "Load 0%", "0", "RPM", "none"}));
+              (StatusTexts::FanCard{"Fan", "Load 0%", "—", "", "none"}));
     figures.fans = {{.rpm = 1199.7, .max = 0}};
     EXPECT_EQ(StatusTexts::fans(figures, words).share, "Load 0%") << "no division by an unknown speed";
     figures.fans = {{.rpm = 1500, .max = 4000}, {.rpm = 0, .max = 0}};

@@ -19,6 +19,7 @@ class StatusScreenTest : public ::testing::Test {
   protected:
     StatusScreenTest() {
         auto& machine = stage_.machine();
+        machine.work(5, 95);
         machine.cell = {.percent = 76,
                         .charging = false,
                         .pluggedIn = false,

@@ -30,18 +30,18 @@ std::string_view environment(const char* name) {
     return value == nullptr ? "" : value;
 }
 
-std::size_t columnsOfTerminal() {
-    std::size_t columns = 0;
-    const std::string_view told = environment("COLUMNS");
-    std::from_chars(told.data(), told.data() + told.size(), columns);
+/// What somebody set goes before what the terminal says; 0 where neither is known.
+std::size_t extent(const char* variable, unsigned short winsize::*told) {
+    std::size_t set = 0;
+    const std::string_view text = environment(variable);
+    std::from_chars(text.data(), text.data() + text.size(), set);
     winsize size{};
-    if (columns == 0 && ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) columns = size.ws_col;
-    return columns == 0 ? 80 : std::max(columns, narrowest);
+    if (set == 0 && ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) set = size.*told;
+    return set;
 }
 
-/// Whether a terminal understands the few codes used here, and nobody asked for none.
 bool wantsColours(const GlobalOptions& options) {
-    return !options.noColour && environment("NO_COLOR").empty() && environment("TERM") != "dumb";
+    return !options.noColour && environment("NO_COLOR").empty() && Console::understandsCodes();
 }
 
 // ECMA-48 "select graphic rendition", by Console::Style.
@@ -56,11 +56,25 @@ Console::Console(const GlobalOptions& options)
       quiet_(options.quiet),
       terminal_(::isatty(STDOUT_FILENO) == 1),
       coloured_(terminal_ && wantsColours(options)),
-      showsProgress_(!quiet_ && ::isatty(STDERR_FILENO) == 1 && environment("TERM") != "dumb"),
-      width_(terminal_ ? columnsOfTerminal() : widthOfFiles) {}
+      showsProgress_(!quiet_ && ::isatty(STDERR_FILENO) == 1 && understandsCodes()) {}
 
 bool Console::canAsk() {
     return ::isatty(STDIN_FILENO) == 1;
+}
+
+bool Console::understandsCodes() {
+    return !environment("TERM").empty() && environment("TERM") != "dumb";
+}
+
+std::size_t Console::width() const {
+    if (!terminal_) return widthOfFiles;
+    const std::size_t columns = extent("COLUMNS", &winsize::ws_col);
+    return columns == 0 ? 80 : std::max(columns, narrowest);
+}
+
+std::size_t Console::height() {
+    const std::size_t lines = extent("LINES", &winsize::ws_row);
+    return lines == 0 ? 24 : lines;
 }
 
 std::string Console::fitted(std::string_view text, std::size_t columns) const {

@@ -26,8 +26,13 @@ class Console {
     /// Whether a person can be asked: standard input is a terminal.
     [[nodiscard]] static bool canAsk();
 
-    /// Columns to lay results out for: the terminal's, or 100.
-    [[nodiscard]] std::size_t width() const { return width_; }
+    /// Whether a terminal that is told so by its name understands the few codes used here.
+    [[nodiscard]] static bool understandsCodes();
+
+    /// Columns to lay results out for: those that the terminal has now, or 100.
+    [[nodiscard]] std::size_t width() const;
+    /// Lines that the terminal has now.
+    [[nodiscard]] static std::size_t height();
     /// `text` cut to `columns` on a terminal; whole for a file or a pipe, where somebody may search for it.
     [[nodiscard]] std::string fitted(std::string_view text, std::size_t columns) const;
     /// `text` in that style where colours are wanted; each piece ends its own style.
@@ -61,7 +66,6 @@ class Console {
     bool terminal_;
     bool coloured_;
     bool showsProgress_;
-    std::size_t width_;
     bool progressStands_ = false;
 };
 

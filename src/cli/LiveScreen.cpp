@@ -1,5 +1,6 @@
 #include "cli/LiveScreen.h"
 
+#include <algorithm>
 #include <cmath>
 #include <csignal>
 #include <cstdio>
@@ -12,9 +13,10 @@ namespace tavrel::cli {
 
 namespace {
 
-// The screen beside the ordinary one, with the pointer hidden; from there to the top of it (xterm).
-constexpr const char* enter = "\x1b[?1049h\x1b[?25l";
-constexpr const char* leave = "\x1b[?25h\x1b[?1049l";
+// The screen beside the ordinary one, with the pointer hidden and long lines cut; from there to the top of it
+// (xterm).
+constexpr const char* enter = "\x1b[?1049h\x1b[?25l\x1b[?7l";
+constexpr const char* leave = "\x1b[?7h\x1b[?25h\x1b[?1049l";
 constexpr const char* top = "\x1b[H";
 constexpr const char* restOfLine = "\x1b[K";
 constexpr const char* restOfScreen = "\x1b[J";
@@ -34,7 +36,7 @@ bool written() {
 
 // The signals are kept back, and fetched where they are waited for.
 LiveScreen::LiveScreen(Console& console)
-    : console_(console), inPlace_(!console.json() && ::isatty(STDOUT_FILENO) == 1) {
+    : console_(console), inPlace_(!console.json() && ::isatty(STDOUT_FILENO) == 1 && Console::understandsCodes()) {
     const sigset_t set = endings();
     pthread_sigmask(SIG_BLOCK, &set, nullptr);
     if (inPlace_) std::fputs(enter, stdout);
@@ -48,10 +50,25 @@ LiveScreen::~LiveScreen() {
 }
 
 bool LiveScreen::show(const std::vector<std::string>& lines) {
-    if (inPlace_) std::fputs(top, stdout);
-    for (const std::string& line : lines) console_.line(inPlace_ ? line + restOfLine : line);
-    inPlace_ ? static_cast<void>(std::fputs(restOfScreen, stdout)) : console_.line("");
+    if (inPlace_) {
+        draw(lines);
+    } else {
+        for (const std::string& line : lines) console_.line(line);
+        console_.line("");
+    }
     return written();
+}
+
+/// What stood there goes before a line is written, as behind a full one its last letter would go too. The last
+/// line of the screen is not ended: that would push the others up.
+void LiveScreen::draw(const std::vector<std::string>& lines) {
+    console_.endProgress();
+    const std::size_t height = Console::height();
+    std::string frame = top;
+    for (std::size_t i = 0; i < std::min(lines.size(), height); ++i)
+        frame += (i == 0 ? "" : "\n") + (restOfLine + lines[i]);
+    if (lines.size() < height) frame += std::string("\n") + restOfScreen;
+    std::fputs(frame.c_str(), stdout);
 }
 
 bool LiveScreen::record(const Json::Value& value) {

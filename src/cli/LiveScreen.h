@@ -18,7 +18,7 @@ class LiveScreen {
     LiveScreen(const LiveScreen&) = delete;
     LiveScreen& operator=(const LiveScreen&) = delete;
 
-    /// False when the lines could not be written: nobody reads any more.
+    /// The first lines, as many as the screen has. False when they could not be written: nobody reads any more.
     [[nodiscard]] bool show(const std::vector<std::string>& lines);
     /// One object on one line.
     [[nodiscard]] bool record(const Json::Value& value);
@@ -26,6 +26,8 @@ class LiveScreen {
     [[nodiscard]] static bool wait(std::chrono::duration<double> time);
 
   private:
+    void draw(const std::vector<std::string>& lines);
+
     Console& console_;
     bool inPlace_;
 };

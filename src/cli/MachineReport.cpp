@@ -1,6 +1,9 @@
 #include "cli/MachineReport.h"
 
+#include "cli/CardTable.h"
+#include "cli/Columns.h"
 #include "core/ByteCount.h"
+#include "core/Decimal.h"
 #include "core/Text.h"
 #include "monitoring/HealthScore.h"
 #include "monitoring/Processes.h"
@@ -19,9 +22,7 @@ namespace {
 using Json::Value;
 using Text::localized;
 
-constexpr std::size_t titleColumns = 10;
-constexpr std::size_t valueColumns = 22;
-constexpr std::size_t graphColumns = 24;
+constexpr std::size_t graphColumns = CardTable::graphColumns;
 
 template <typename Figure>
 Value orNull(const std::optional<Figure>& figure) {
@@ -73,42 +74,67 @@ std::string meter(double share) {
     return line;
 }
 
-std::string padded(const std::string& text, std::size_t columns) {
-    const std::size_t width = Text::columns(text);
-    return width >= columns ? text : text + std::string(columns - width, ' ');
-}
-
-class Lines {
+/// Names on the left, figures on the right, under their headings.
+class ProcessTable {
   public:
-    explicit Lines(const Console& console) : console_(console) {}
-
-    void card(const StatusTexts::MetricCard& card, const std::string& graph) {
-        const std::string value = card.value + (card.unit == "C" ? "" : " ") + card.unit;
-        all.push_back(console_.styled(Console::Style::dim, padded(card.title, titleColumns)) +
-                      console_.styled(Console::Style::strong, padded(value, valueColumns)) +
-                      console_.styled(Console::Style::mark, graph) + "  " + fitted(card.footer));
-    }
-    void process(const std::string& name, const std::string& cpu, const std::string& memory,
-                 const std::string& power) {
-        all.push_back(fmt::format("{}{:>9}{:>12}{:>9}", padded(Text::elided(name, nameColumns), nameColumns),
-                                  cpu, memory, power));
+    explicit ProcessTable(std::size_t width) {
+        constexpr std::array<std::size_t, 3> least = {9, 12, 9};
+        std::size_t figures = 0;
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            columns_.at(i) = std::max(least.at(i), Text::columns(headings_.at(i)) + 1);
+            figures += columns_.at(i);
+        }
+        nameColumns_ = std::clamp<std::size_t>(width - std::min(width, figures), 8, 40);
+        add(localized("Process"), headings_);
     }
 
-    std::vector<std::string> all;
+    void add(const std::string& name, const std::array<std::string, 3>& figures) {
+        std::string line = Columns::left(Text::elided(name, nameColumns_), nameColumns_);
+        for (std::size_t i = 0; i < figures.size(); ++i)
+            line += Columns::right(figures.at(i), columns_.at(i));
+        lines.push_back(line);
+    }
+
+    std::vector<std::string> lines;
 
   private:
-    static constexpr std::size_t nameColumns = 40;
-
-    [[nodiscard]] std::string fitted(const std::string& footer) const {
-        constexpr std::size_t before = titleColumns + valueColumns + graphColumns + 2;
-        return console_.fitted(footer, console_.width() > before + 10 ? console_.width() - before : 10);
-    }
-
-    const Console& console_;
+    const std::array<std::string, 3> headings_ = {localized("CPU"), localized("Memory"), localized("Impact")};
+    std::array<std::size_t, 3> columns_{};
+    std::size_t nameColumns_ = 0;
 };
 
-std::string percent(double share) {
-    return fmt::format("{:.1f}%", share);
+StatusTexts::MetricCard charged(const std::string& title, std::int64_t percent, const std::string& footer) {
+    return {title, fmt::format("{}", percent), "%", footer};
+}
+
+CardTable cards(const MachineFigures& figures, const StatusTexts::FanWords& words) {
+    CardTable table;
+    const int health = healthScore(figures);
+    table.add({localized("Health"), fmt::format("{}", health), StatusTexts::grade(health),
+               Text::shown(figures.chip)},
+              meter(health / 100.0));
+    table.add(StatusTexts::cpu(figures), sparkline(figures.cpuHistory));
+    table.add(StatusTexts::gpu(figures), sparkline(figures.gpuHistory));
+    table.add(StatusTexts::memory(figures), sparkline(figures.memoryHistory));
+    table.add(StatusTexts::disk(figures), meter(usedShare(figures.disk)));
+    double peak = 1;
+    for (const double value : figures.networkHistory) peak = std::max(peak, value);
+    table.add(StatusTexts::network(figures), sparkline(figures.networkHistory, peak));
+    table.add(StatusTexts::thermal(figures), meter(StatusTexts::heatShare(figures)));
+    if (figures.battery) {
+        const std::string wear = StatusTexts::batteryWear(*figures.battery);
+        table.add(charged(localized("Battery"), figures.battery->percent,
+                          StatusTexts::batteryState(*figures.battery) + (wear.empty() ? "" : " · ") + wear),
+                  meter(static_cast<double>(figures.battery->percent) / 100));
+    }
+    for (const Sensors::Accessory& accessory : figures.accessories) {
+        table.add(charged(Text::shown(accessory.name), accessory.percent, ""),
+                  meter(static_cast<double>(accessory.percent) / 100));
+    }
+    const StatusTexts::FanCard fans = StatusTexts::fans(figures, words);
+    table.add({fans.title, fans.speed, fans.unit, fans.detail.empty() ? fans.share : fans.detail},
+              meter(fanLoad(figures.fans)));
+    return table;
 }
 
 }  // namespace
@@ -116,10 +142,10 @@ std::string percent(double share) {
 Value document(const MachineFigures& figures) {
     return {
         {"healthScore", healthScore(figures)},
-        {"chip", Text::repaired(figures.chip)},
+        {"chip", figures.chip.empty() ? Value(nullptr) : Value(Text::repaired(figures.chip))},
         {"cores", figures.cores},
         {"gpuCores", orNull(figures.gpuCores)},
-        {"cpu", figures.cpu},
+        {"cpu", orNull(figures.cpu)},
         {"load", orNull(figures.load)},
         {"gpu", orNull(figures.gpu)},
         {"cpuTemp", orNull(figures.cpuTemp)},
@@ -144,7 +170,7 @@ Value document(const MachineFigures& figures) {
               })},
         {"fans", list(figures.fans,
                       [](const Fan& fan) -> Value {
-                          return {{"rpm", fan.rpm}, {"max", fan.max}};
+                          return {{"rpm", fan.rpm}, {"max", fan.max > 0 ? Value(fan.max) : Value(nullptr)}};
                       })},
         {"fanControlAvailable", figures.fanControlAvailable},
         {"processes", list(figures.processes,
@@ -159,39 +185,19 @@ Value document(const MachineFigures& figures) {
 }
 
 std::vector<std::string> lines(const Console& console, const MachineFigures& figures,
-                               const StatusTexts::FanWords& words) {
-    Lines lines(console);
-    const int health = healthScore(figures);
-    lines.card({localized("Health"), fmt::format("{}", health), StatusTexts::grade(health),
-                Text::shown(figures.chip)},
-               meter(health / 100.0));
-    lines.card(StatusTexts::cpu(figures), sparkline(figures.cpuHistory));
-    lines.card(StatusTexts::gpu(figures), sparkline(figures.gpuHistory));
-    lines.card(StatusTexts::memory(figures), sparkline(figures.memoryHistory));
-    lines.card(StatusTexts::disk(figures), meter(usedShare(figures.disk)));
-    double peak = 1;
-    for (const double value : figures.networkHistory) peak = std::max(peak, value);
-    lines.card(StatusTexts::network(figures), sparkline(figures.networkHistory, peak));
-    lines.card(StatusTexts::thermal(figures), meter(StatusTexts::heatShare(figures)));
-    if (figures.battery) {
-        const Sensors::Battery& battery = *figures.battery;
-        lines.card({localized("Battery"), fmt::format("{}", battery.percent), "%",
-                    StatusTexts::batteryState(battery)},
-                   meter(static_cast<double>(battery.percent) / 100));
-    }
-    const StatusTexts::FanCard fans = StatusTexts::fans(figures, words);
-    lines.card({fans.title, fans.speed, fans.unit, fans.detail.empty() ? fans.share : fans.detail},
-               meter(fanLoad(figures.fans)));
-
-    const auto processes = processRows(figures.processes, ProcessSort::cpu, {});
-    if (processes.empty()) return lines.all;
-    lines.all.emplace_back();
-    lines.process(localized("Process"), localized("CPU"), localized("Memory"), localized("Impact"));
+                               const StatusTexts::FanWords& words,
+                               std::span<const std::string> pinned) {
+    std::vector<std::string> all = cards(figures, words).lines(console);
+    const auto processes = processRows(figures.processes, ProcessSort::cpu, pinned);
+    if (processes.empty()) return all;
+    ProcessTable table(console.width());
     for (const ProcessInfo& process : processes) {
-        lines.process(Text::shown(process.name), percent(process.cpu), byteCount(process.memory),
-                      fmt::format("{:.1f}", process.power));
+        table.add(Text::shown(process.name),
+                  {oneDecimal(process.cpu) + "%", byteCount(process.memory), oneDecimal(process.power)});
     }
-    return lines.all;
+    all.emplace_back();
+    all.insert(all.end(), table.lines.begin(), table.lines.end());
+    return all;
 }
 
 }  // namespace tavrel::cli::MachineReport

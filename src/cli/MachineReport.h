@@ -5,6 +5,7 @@
 #include "monitoring/MachineFigures.h"
 #include "monitoring/StatusTexts.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,10 @@ namespace tavrel::cli::MachineReport {
 /// Every figure under its own name; null where it is not known. Bytes, degrees Celsius, shares from 0 to 1.
 [[nodiscard]] Json::Value document(const MachineFigures& figures);
 
-/// A line for each card, with a small graph of its history, and below them the busiest processes.
+/// A line for each card, with a small graph of its history, and below them the busiest processes, those
+/// of a pinned name first.
 [[nodiscard]] std::vector<std::string> lines(const Console& console, const MachineFigures& figures,
-                                             const StatusTexts::FanWords& words);
+                                             const StatusTexts::FanWords& words,
+                                             std::span<const std::string> pinned);
 
 }  // namespace tavrel::cli::MachineReport

@@ -21,7 +21,11 @@ Instant uptime() {
     return Instant(std::chrono::steady_clock::now().time_since_epoch());
 }
 
-/// The machine under full observation. Reads that block are made at once: nobody else waits here.
+/// Between two readings, at the least, for a rate to mean something.
+constexpr std::chrono::milliseconds shortest{250};
+
+/// The machine under full observation. Reads that block are made at once: nobody else waits here. Looking at
+/// the processes takes a second, so that more than the wait lies between the first two samples.
 class Observation {
   public:
     explicit Observation(const Machine& machine)
@@ -43,25 +47,28 @@ class Observation {
     MachineSampler sampler_;
 };
 
+std::vector<std::string> linesOf(const Console& console, const MachineFigures& figures,
+                                 const Session& session) {
+    return MachineReport::lines(console, figures, session.profile().fanWords,
+                                session.preferences().pinnedProcesses);
+}
+
 struct StatusCommand {
     static void addTo(CLI::App& /*command*/) {}
 
-    /// Rates need two readings; looking at the processes takes a second, and more passes in between.
     [[nodiscard]] static int run(const GlobalOptions& global, Console& console) {
-        constexpr std::chrono::milliseconds between{250};
         const auto session = Session::open(global);
         if (!session) return console.fail(session.error());
         console.progress(localized("Measuring…"));
         Observation machine(Machine::running(session->places().home()));
         machine.sample();
-        std::this_thread::sleep_for(between);
+        std::this_thread::sleep_for(shortest);
         machine.sample();
         if (console.json()) {
             console.document(MachineReport::document(machine.figures()));
             return ExitStatus::done;
         }
-        const auto lines = MachineReport::lines(console, machine.figures(), session->profile().fanWords);
-        for (const std::string& line : lines) console.line(line);
+        for (const std::string& line : linesOf(console, machine.figures(), *session)) console.line(line);
         return ExitStatus::done;
     }
 };
@@ -71,11 +78,11 @@ struct WatchCommand {
     std::int64_t count = 0;
 
     void addTo(CLI::App& command) {
-        constexpr double shortest = 0.5;
+        constexpr double least = 0.5;
         constexpr double longest = 3600;
         constexpr std::int64_t most = 1'000'000'000;
         command.add_option("--interval", interval, localized("seconds from one sample to the next (2)"))
-            ->check(CLI::Range(shortest, longest).description(""))
+            ->check(CLI::Range(least, longest).description(""))
             ->type_name("SECONDS");
         command.add_option("--count", count, localized("samples to take; 0 goes on until stopped (0)"))
             ->check(CLI::Range(std::int64_t{0}, most).description(""))
@@ -87,13 +94,17 @@ struct WatchCommand {
         if (!session) return console.fail(session.error());
         Observation machine(Machine::running(session->places().home()));
         LiveScreen screen(console);
+        console.progress(localized("Measuring…"));
+        machine.sample();
+        std::chrono::duration<double> pause = shortest;
         for (std::int64_t taken = 0; count == 0 || taken < count; ++taken) {
-            if (taken > 0 && !screen.wait(std::chrono::duration<double>(interval))) break;
+            if (!screen.wait(pause)) break;
             machine.sample();
-            const bool shown = console.json() ? screen.record(MachineReport::document(machine.figures()))
-                                              : screen.show(MachineReport::lines(
-                                                    console, machine.figures(), session->profile().fanWords));
+            const bool shown = console.json()
+                                   ? screen.record(MachineReport::document(machine.figures()))
+                                   : screen.show(linesOf(console, machine.figures(), *session));
             if (!shown) return ExitStatus::undone;
+            pause = std::chrono::duration<double>(interval);
         }
         return ExitStatus::done;
     }

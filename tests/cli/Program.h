@@ -22,6 +22,13 @@ struct Ended {
     }
 };
 
+/// What a run writes to; without a kind its terminal understands no codes.
+struct Screen {
+    unsigned short columns = 80;
+    unsigned short rows = 24;
+    std::string kind;
+};
+
 /// Runs the real program in a sandbox: a home, a root without a system in it, and an environment that would
 /// show if anything but the options were heeded.
 class Program {
@@ -38,10 +45,14 @@ class Program {
     /// With standard input on a terminal on which `answer` has been typed.
     [[nodiscard]] Ended answering(const std::string& answer, const Words& words) const;
 
+    /// With standard output on a terminal; its lines end with "\r\n".
+    [[nodiscard]] Ended onScreen(const Screen& screen, const Words& words) const;
+
     [[nodiscard]] Words kept(const Words& words) const;
 
   private:
     [[nodiscard]] Ended run(const Words& words, int input) const;
+    [[nodiscard]] int start(const Words& words, int input, int output, const std::string& terminal) const;
 
     const Sandbox& box_;
     std::string profile_;

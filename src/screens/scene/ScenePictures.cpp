@@ -132,7 +132,11 @@ QImage paintedDust() {
 ScenePictures::ScenePictures(int pixels, const QColor& tint)
     : art(fromResource("BlackHoleArt.png", pixels)),
       glow(fromResource("BlackHoleGlow.png", pixels / 2)),
-      backdrop(roundLight(backdropSide, {{0, tint}, {0.85, faded(tint, 0.35)}, {1, faded(tint, 0)}})),
+      backdrop(roundLight(backdropSide, {{0, tint},
+                                         {0.2, faded(tint, 0.62)},
+                                         {0.5, faded(tint, 0.34)},
+                                         {0.85, faded(tint, 0.22)},
+                                         {1, faded(tint, 0)}})),
       spark(roundLight(sparkSide, {{0, faded(Qt::white, 1)},
                                    {0.2, faded(peach, 0.75)},
                                    {0.5, faded(peach, 0.22)},

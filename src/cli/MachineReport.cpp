@@ -83,7 +83,7 @@ class Lines {
     explicit Lines(const Console& console) : console_(console) {}
 
     void card(const StatusTexts::MetricCard& card, const std::string& graph) {
-        const std::string value = card.value + (card.unit == "C" ? "" : " ") + card.unit;
+        const std::string value = card.value + (card.unit == "°C" ? "" : " ") + card.unit;
         all.push_back(console_.styled(Console::Style::dim, padded(card.title, titleColumns)) +
                       console_.styled(Console::Style::strong, padded(value, valueColumns)) +
                       console_.styled(Console::Style::mark, graph) + "  " + fitted(card.footer));

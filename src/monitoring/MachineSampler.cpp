@@ -61,12 +61,9 @@ MachineSampler::Due MachineSampler::sample(Instant now) {
     ++slowTick_;
     if (!isWatched()) return due;
 
-    due.bluetooth = slowTick_ % bluetooth == 1;
-    const bool longAgo = !lastProcessSample_ || now - *lastProcessSample_ >= betweenProcesses;
-    if (!samplingProcesses_ && longAgo) {
-        samplingProcesses_ = due.processes = true;
-        lastProcessSample_ = now;
-    }
+    if (slowTick_ % bluetooth == 1) ask(&Due::bluetooth, due);
+    if (!lastProcessSample_ || now - *lastProcessSample_ >= betweenProcesses) ask(&Due::processes, due);
+    if (due.processes) lastProcessSample_ = now;
     return due;
 }
 
@@ -115,34 +112,43 @@ void MachineSampler::readHeat() {
 }
 
 void MachineSampler::readSlowOnes(Due& due) {
-    if (!measuringDisk_ && (isWatched() || slowTick_ % slowUnwatched == 0))
-        measuringDisk_ = due.diskSpace = true;
+    if (isWatched() || slowTick_ % slowUnwatched == 0) ask(&Due::diskSpace, due);
     if (wants(MenuBarMetric::battery)) figures_.battery = sources_.sensors.battery();
     if (!isWatched()) return;
 
-    figures_.accessories = sources_.sensors.accessories();
-    for (const auto& audio : bluetoothAudio_) {
-        const auto isThis = [&audio](const auto& known) { return known.name == audio.name; };
-        if (std::none_of(figures_.accessories.begin(), figures_.accessories.end(), isThis))
-            figures_.accessories.push_back(audio);
-    }
+    ask(&Due::accessories, due);
     figures_.fans = sources_.fans.read();
     figures_.fanControlAvailable = !figures_.fans.empty() && sources_.fans.isControllable();
     figures_.connection = sources_.sensors.connectionKind();
 }
 
-void MachineSampler::took(Sensors::DiskSpace space) {
-    figures_.disk = space;
-    measuringDisk_ = false;
+void MachineSampler::ask(bool Due::*read, Due& due) {
+    due.*read = !std::exchange(underWay_.*read, true);
 }
 
-void MachineSampler::took(std::vector<Sensors::Accessory> bluetooth) {
-    bluetoothAudio_ = std::move(bluetooth);
+void MachineSampler::took(Sensors::DiskSpace space) {
+    figures_.disk = space;
+    underWay_.diskSpace = false;
+}
+
+void MachineSampler::tookAccessories(std::vector<Sensors::Accessory> accessories) {
+    figures_.accessories = std::move(accessories);
+    for (const auto& other : bluetooth_) {
+        const auto isThis = [&other](const auto& known) { return known.name == other.name; };
+        if (std::none_of(figures_.accessories.begin(), figures_.accessories.end(), isThis))
+            figures_.accessories.push_back(other);
+    }
+    underWay_.accessories = false;
+}
+
+void MachineSampler::tookBluetooth(std::vector<Sensors::Accessory> bluetooth) {
+    bluetooth_ = std::move(bluetooth);
+    underWay_.bluetooth = false;
 }
 
 void MachineSampler::took(std::vector<ProcessInfo> processes) {
     figures_.processes = std::move(processes);
-    samplingProcesses_ = false;
+    underWay_.processes = false;
 }
 
 }  // namespace tavrel

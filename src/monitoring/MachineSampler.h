@@ -23,6 +23,7 @@ class MachineSampler {
     /// Blocking reads that the caller is to make now, and to hand back with `took`.
     struct Due {
         bool diskSpace = false;
+        bool accessories = false;
         bool bluetooth = false;
         bool processes = false;
     };
@@ -43,7 +44,9 @@ class MachineSampler {
     [[nodiscard]] Due sample(Instant now);
 
     void took(Sensors::DiskSpace space);
-    void took(std::vector<Sensors::Accessory> bluetooth);
+    void tookAccessories(std::vector<Sensors::Accessory> accessories);
+    /// They join the accessories when those are next taken.
+    void tookBluetooth(std::vector<Sensors::Accessory> bluetooth);
     void took(std::vector<ProcessInfo> processes);
 
   private:
@@ -56,6 +59,8 @@ class MachineSampler {
     void readNetwork(double elapsed);
     void readHeat();
     void readSlowOnes(Due& due);
+    /// A read that has not come back yet is not made a second time.
+    void ask(bool Due::*read, Due& due);
 
     Sources sources_;
     MachineFigures figures_;
@@ -68,9 +73,8 @@ class MachineSampler {
     Instant lastSample_;
     std::optional<Instant> lastProcessSample_;
     int slowTick_ = 0;
-    bool measuringDisk_ = false;
-    bool samplingProcesses_ = false;
-    std::vector<Sensors::Accessory> bluetoothAudio_;
+    Due underWay_;
+    std::vector<Sensors::Accessory> bluetooth_;
 };
 
 }  // namespace tavrel

@@ -13,22 +13,14 @@ namespace {
 
 constexpr std::chrono::seconds interval{2};
 
-Sensors::DiskSpace diskSpace(const Sensors* sensors) {
-    return sensors->diskSpace();
-}
-
-std::vector<Sensors::Accessory> bluetoothBatteries(const Sensors* sensors) {
-    return sensors->bluetoothBatteries();
-}
-
-std::vector<ProcessInfo> snapshot(ProcessSource* processes) {
-    return processes->snapshot();
-}
+/// A thread for each kind of read: they wait for others and hardly work, and none shall wait for the next.
+constexpr int kindsOfReads = 4;
 
 }  // namespace
 
 Monitor::Monitor(const MonitorServices& services, QObject* parent)
     : QObject(parent), services_(services), sampler_(services_.sources, services_.clock.uptime()) {
+    reads_.setMaxThreadCount(kindsOfReads);
     sample();
     tick();
 }
@@ -49,19 +41,27 @@ void Monitor::tick() {
 void Monitor::sample() {
     const MachineSampler::Due due = sampler_.sample(services_.clock.uptime());
     const Sensors* sensors = &services_.sources.sensors;
+    using Batteries = std::vector<Sensors::Accessory>;
     if (due.diskSpace) {
-        QtConcurrent::run(&reads_, diskSpace, sensors).then(this, [this](const Sensors::DiskSpace& space) {
-            sampler_.took(space);
-            Q_EMIT sampled();
-        });
+        QtConcurrent::run(&reads_, &Sensors::diskSpace, sensors)
+            .then(this, [this](const Sensors::DiskSpace& space) {
+                sampler_.took(space);
+                Q_EMIT sampled();
+            });
+    }
+    if (due.accessories) {
+        QtConcurrent::run(&reads_, &Sensors::accessories, sensors)
+            .then(this, [this](const Batteries& batteries) {
+                sampler_.tookAccessories(batteries);
+                Q_EMIT sampled();
+            });
     }
     if (due.bluetooth) {
-        QtConcurrent::run(&reads_, bluetoothBatteries, sensors)
-            .then(this,
-                  [this](const std::vector<Sensors::Accessory>& batteries) { sampler_.took(batteries); });
+        QtConcurrent::run(&reads_, &Sensors::bluetoothBatteries, sensors)
+            .then(this, [this](const Batteries& batteries) { sampler_.tookBluetooth(batteries); });
     }
     if (due.processes) {
-        QtConcurrent::run(&reads_, snapshot, &services_.processes)
+        QtConcurrent::run(&reads_, &ProcessSource::snapshot, &services_.processes)
             .then(this, [this](const std::vector<ProcessInfo>& processes) {
                 sampler_.took(processes);
                 Q_EMIT processesChanged();

@@ -14,6 +14,7 @@ namespace {
 TEST(Monitor, SamplesEveryTwoSecondsAndAtOnceForTheFirstWatcher) {
     testing::ManualClock clock;
     testing::FakeMachine machine;
+    machine.devices = {{"Mouse", 80}};
     machine.processes = {{.pid = 7, .name = "worker", .cpu = 93.5}};
     std::optional<Monitor> monitor;
     monitor.emplace(MonitorServices{clock, {machine, machine, machine.fans}, machine});
@@ -29,6 +30,7 @@ TEST(Monitor, SamplesEveryTwoSecondsAndAtOnceForTheFirstWatcher) {
     EXPECT_TRUE(listed.wait());
     EXPECT_EQ(monitor->figures().processes, machine.processes);
     EXPECT_EQ(monitor->figures().disk, machine.space);
+    EXPECT_TRUE(testing::waitUntil([&] { return monitor->figures().accessories == machine.devices; }));
     monitor->setProcessWatchers(2);
     EXPECT_EQ(monitor->figures().cpuHistory.size(), 6U);
     monitor->setProcessWatchers(-1);

@@ -53,6 +53,8 @@ double sample(const Machine& machine, int watchers) {
     for (int count = 0; count < samples; ++count) {
         const auto due = sampler.sample(now += interval);
         if (due.diskSpace) sampler.took(Sensors::DiskSpace{});
+        if (due.accessories) sampler.tookAccessories({});
+        if (due.bluetooth) sampler.tookBluetooth({});
         if (due.processes) sampler.took(std::vector<ProcessInfo>());
     }
     return Spent::soFar().since(before, samples).milliseconds;

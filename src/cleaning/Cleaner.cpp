@@ -93,7 +93,10 @@ void Cleaner::cleanOne(const CleanItem& item, const SafetyGuard& safety, Options
     const auto seen = Removal::identify(tools_.access, item.url);
     const auto verdict = safety.check(item.url);
     if (!verdict.isAllowed()) return noteSkipped(report, item, verdict.reason());
-    if (!seen) return;
+    if (!seen) {
+        if (!Removal::isGone(seen.error())) noteSkipped(report, item, Removal::refusal(seen.error()).reason);
+        return;
+    }
     if (item.isNoLink && seen->isLink())
         return noteSkipped(report, item, Removal::refusal(Removal::changed).reason);
 
@@ -145,7 +148,8 @@ void Cleaner::cleanWithAdmin(const std::vector<CleanItem>& items, const SafetyGu
                             : tools_.administrator.run(Scripts::statusBatch(commands), administratorLimit);
     for (const auto& item : accepted) {
         // The one status of the batch does not tell its commands apart, so the disk is asked.
-        const bool gone = !item.adminCommand && !Removal::identify(tools_.access, item.url);
+        const auto left = Removal::identify(tools_.access, item.url);
+        const bool gone = !item.adminCommand && !left && Removal::isGone(left.error());
         if (result.status == 0 || gone) {
             noteRemoved(report, item);
         } else {

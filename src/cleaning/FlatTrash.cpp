@@ -10,7 +10,7 @@ MovingTrash::Outcome<FileHandle> FlatTrash::openOnVolume(int top) const {
 }
 
 MovingTrash::Outcome<MovingTrash::Bin> FlatTrash::openBin(FileHandle trash) const {
-    return Bin{.files = std::move(trash), .notes = {}, .origin = {}};
+    return Bin{.files = std::move(trash), .notes = {}, .origin = {}, .trash = {}};
 }
 
 }  // namespace tavrel

@@ -81,7 +81,7 @@ MovingTrash::Outcome<MovingTrash::Bin> FreedesktopTrash::openBin(FileHandle tras
     if (!files) return tl::unexpected(files.error());
     auto info = makeFolders(trash.get(), {"info"});
     if (!info) return tl::unexpected(info.error());
-    return Bin{.files = std::move(*files), .notes = std::move(*info), .origin = {}};
+    return Bin{.files = std::move(*files), .notes = std::move(*info), .origin = {}, .trash = {}};
 }
 
 std::error_code FreedesktopTrash::note(const Bin& bin, const std::string& name) const {

@@ -48,6 +48,10 @@ Removal::Outcome MovingTrash::trash(const Removal::Target& target) {
     }
     const auto bin = binFor(target, *located);
     if (!bin) return unusable(bin.error());
+    // Moved once more a thing would take a new note, which names the Trash as the place to go back to.
+    if (liesIn(bin->trash, *located)) {
+        return tl::unexpected(Removal::Refusal{Text::localized("Already in the Trash")});
+    }
     return moveInto(*bin, *located);
 }
 
@@ -55,8 +59,12 @@ MovingTrash::Outcome<MovingTrash::Bin> MovingTrash::binFor(const Removal::Target
                                                            const Removal::Located& located) const {
     const auto opened = [&](Outcome<FileHandle> trash, std::string origin) -> Outcome<Bin> {
         if (!trash) return tl::unexpected(trash.error());
+        const auto identity = access_.identify(trash->get());
+        if (!identity) return tl::unexpected(identity.error());
         auto bin = openBin(std::move(*trash));
-        if (bin) bin->origin = std::move(origin);
+        if (!bin) return bin;
+        bin->origin = std::move(origin);
+        bin->trash = *identity;
         return bin;
     };
 
@@ -95,6 +103,17 @@ MovingTrash::Outcome<MovingTrash::Volume> MovingTrash::volumeOf(const Removal::T
     if (depth > names.size()) return tl::unexpected(Removal::changed);
     names.erase(names.begin(), names.end() - static_cast<std::ptrdiff_t>(depth));
     return Volume{.top = std::move(*top), .path = fmt::format("{}", fmt::join(names, "/"))};
+}
+
+bool MovingTrash::liesIn(const FileIdentity& trash, const Removal::Located& located) const {
+    if (located.identity.sameThing(trash)) return true;
+    // By handle: names on the way may have changed since it was opened.
+    for (auto here = access_.openBeneath(located.parent.get(), {}); here;
+         here = access_.openAbove(here->get())) {
+        const auto identity = access_.identify(here->get());
+        if (identity && identity->sameThing(trash)) return true;
+    }
+    return false;
 }
 
 Removal::Outcome MovingTrash::moveInto(const Bin& bin, const Removal::Located& located) const {

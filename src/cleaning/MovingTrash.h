@@ -28,6 +28,7 @@ class MovingTrash : public Trash {
         FileHandle files;
         FileHandle notes;    // empty in a layout without notes
         std::string origin;  // where the thing was, as the notes name it
+        FileIdentity trash;  // the folder with all of it
     };
 
     /// `folder` is that of the home Trash, relative to the home. `access` is borrowed.
@@ -62,6 +63,8 @@ class MovingTrash : public Trash {
     [[nodiscard]] Outcome<Bin> binFor(const Removal::Target& target, const Removal::Located& located) const;
     [[nodiscard]] Outcome<Volume> volumeOf(const Removal::Target& target,
                                            const Removal::Located& located) const;
+    /// Whether the thing is the folder `trash` or lies in it at any depth.
+    [[nodiscard]] bool liesIn(const FileIdentity& trash, const Removal::Located& located) const;
     [[nodiscard]] Removal::Outcome moveInto(const Bin& bin, const Removal::Located& located) const;
     [[nodiscard]] std::error_code move(const Removal::Located& located, int folder,
                                        const std::string& name) const;

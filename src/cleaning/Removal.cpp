@@ -19,16 +19,18 @@ namespace tavrel::Removal {
 namespace {
 
 /// The folder of a path too long for one call, opened a stretch at a time.
-FileHandle openLongFolder(std::string_view folder) {
+FolderAccess::Outcome<FileHandle> openLongFolder(std::string_view folder) {
     FileHandle here;
     while (!folder.empty()) {
         auto length = folder.size();
         if (length >= PATH_MAX) length = folder.rfind('/', PATH_MAX - 1);
-        if (length == 0 || length == std::string_view::npos) return {};
+        if (length == 0 || length == std::string_view::npos) {
+            return tl::unexpected(std::make_error_code(std::errc::filename_too_long));
+        }
         const std::string stretch(folder.substr(0, length));
         here = FileHandle(
             ::openat(here ? here.get() : AT_FDCWD, stretch.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        if (!here) return {};
+        if (!here) return tl::unexpected(std::error_code(errno, std::generic_category()));
         folder.remove_prefix(std::min(folder.size(), length + 1));
     }
     return here;
@@ -70,17 +72,17 @@ std::filesystem::path Target::path() const {
     return text;
 }
 
-std::optional<FileIdentity> identify(const FolderAccess& access, const std::filesystem::path& path) {
+FolderAccess::Outcome<FileIdentity> identify(const FolderAccess& access, const std::filesystem::path& path) {
     const std::string& text = path.native();
-    const auto identityOf = [&](int folder, const std::string& name) -> std::optional<FileIdentity> {
-        const auto found = access.identify(folder, name);
-        return found ? std::optional(*found) : std::nullopt;
-    };
-    if (text.size() < PATH_MAX) return identityOf(AT_FDCWD, text);
     const auto slash = text.rfind('/');
-    if (slash == std::string::npos) return std::nullopt;
-    const FileHandle folder = openLongFolder(std::string_view(text).substr(0, slash));
-    return folder ? identityOf(folder.get(), text.substr(slash + 1)) : std::nullopt;
+    if (text.size() < PATH_MAX || slash == std::string::npos) return access.identify(AT_FDCWD, text);
+    const auto folder = openLongFolder(std::string_view(text).substr(0, slash));
+    if (!folder) return tl::unexpected(folder.error());
+    return access.identify(folder->get(), text.substr(slash + 1));
+}
+
+bool isGone(std::error_code error) {
+    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
 }
 
 Target target(const std::filesystem::path& path, const SafetyGuard::Verdict& verdict,
@@ -95,7 +97,12 @@ Target target(const std::filesystem::path& path, const SafetyGuard::Verdict& ver
 }
 
 tl::expected<Located, Refusal> locate(const FolderAccess& access, const Target& target) {
-    const auto refused = [](std::error_code error) { return tl::unexpected(refusal(error)); };
+    const auto refused = [](std::error_code error) {
+        // On the way a mount lies above the thing, not inside it.
+        return tl::unexpected(error == std::errc::cross_device_link
+                                  ? Refusal{Text::localized("It lies on another disk than your home")}
+                                  : refusal(error));
+    };
     if (target.components.empty()) return refused(std::make_error_code(std::errc::invalid_argument));
 
     const auto anchor = access.openAnchor(target.root);
@@ -146,6 +153,7 @@ Refusal refusal(std::error_code error) {
         Words{std::errc::device_or_resource_busy, "A disk is mounted inside this folder"},
         Words{std::errc::directory_not_empty, "Files keep being added to this folder"},
         Words{std::errc::file_exists, "Files keep being added to this folder"},
+        Words{std::errc::not_supported, "This system does not tell mounted disks apart"},
     };
     if (error == changed) return {Text::localized("Changed since it was checked")};
     const auto known =

@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -42,9 +41,11 @@ struct Located {
     FileIdentity identity;
 };
 
-/// What stands at `path` at this moment, a link counting as itself; nothing when it is gone.
-[[nodiscard]] std::optional<FileIdentity> identify(const FolderAccess& access,
-                                                   const std::filesystem::path& path);
+/// What stands at `path` at this moment, a link counting as itself.
+[[nodiscard]] FolderAccess::Outcome<FileIdentity> identify(const FolderAccess& access,
+                                                           const std::filesystem::path& path);
+/// Whether the error is that nothing stands there any more.
+[[nodiscard]] bool isGone(std::error_code error);
 
 /// The target for a path that the guard has just allowed. `seen` was taken before the guard was asked.
 [[nodiscard]] Target target(const std::filesystem::path& path, const SafetyGuard::Verdict& verdict,

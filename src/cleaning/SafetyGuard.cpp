@@ -12,6 +12,7 @@ namespace {
 // Final words for the user, shown beside a skipped item; not localised.
 constexpr std::string_view notAbsolute = "not an absolute file path";
 constexpr std::string_view outside = "outside the folders Tavrel cleans";
+constexpr std::string_view wholeDisk = "the home folder is the whole disk";
 constexpr std::string_view throughLink = "reached through a symbolic link";
 constexpr std::string_view systemFolder = "system folder";
 constexpr std::string_view personalData = "personal data";
@@ -31,6 +32,8 @@ SafetyGuard::Verdict SafetyGuard::check(const Path& url) const {
     const std::string& path = target.native();
     if (!path.starts_with('/') || path.find("/../") != std::string::npos)
         return Verdict::refused(notAbsolute);
+    // The lists know what a home holds dear, and nothing of a system.
+    if (home == "/") return Verdict::refused(wholeDisk);
 
     std::vector<Path> roots{home};
     for (const auto& extra : extraRoots) roots.push_back(Paths::standardized(extra));

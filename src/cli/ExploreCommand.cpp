@@ -3,17 +3,16 @@
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
 #include "cli/Session.h"
+#include "cli/TreeExport.h"
 #include "core/ByteCount.h"
-#include "core/DateText.h"
 #include "core/Decimal.h"
 #include "core/Files.h"
 #include "core/Phrase.h"
+#include "disk/DiskIndex.h"
 #include "disk/FileCount.h"
 #include "disk/FolderListing.h"
-#include "disk/TreeRecord.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -104,6 +103,8 @@ std::string bar(double share) {
 
 void print(Console& console, const Look& look, std::size_t limit) {
     constexpr std::size_t nameColumn = 48;
+    constexpr std::size_t shortestName = 10;
+    const std::size_t room = std::max(console.width(), nameColumn + shortestName) - nameColumn;
     for (std::size_t i = 0; i < std::min(limit, look.rows.size()); ++i) {
         const AnalyzeEntry& entry = look.rows[i].entry;
         const std::int64_t size = entry.size.value_or(0);
@@ -111,7 +112,7 @@ void print(Console& console, const Look& look, std::size_t limit) {
         console.line(fmt::format("{:>10}  {} {:>6}%  {:>6}  {}", byteCount(size),
                                  console.styled(Console::Style::mark, bar(look.share(size))),
                                  oneDecimal(look.share(size) * 100), FileCount::format(entry.files.value_or(0)),
-                                 console.fitted(name, console.width() - nameColumn)));
+                                 console.fitted(name, room)));
     }
     if (look.rows.size() > limit) {
         const auto more = static_cast<unsigned long>(look.rows.size() - limit);
@@ -121,62 +122,6 @@ void print(Console& console, const Look& look, std::size_t limit) {
     const auto files = static_cast<unsigned long>(look.total.files);
     console.line(console.styled(Console::Style::strong, counted("{1} in {0} file", "{1} in {0} files", files,
                                                                 byteCount(look.total.size))));
-}
-
-constexpr std::array kindNames = {"appeared", "gone", "grew", "shrank"};
-
-Json::Value document(const TreeRecord& before, const TreeRecord& now, const std::vector<TreeChange>& all) {
-    Json::Value list = Json::Value::array();
-    for (const TreeChange& change : all) {
-        list.push_back({{"path", Json::path(now.root / change.path)},
-                        {"change", kindNames.at(static_cast<std::size_t>(change.kind))},
-                        {"isFolder", change.isFolder},
-                        {"delta", change.delta}});
-    }
-    return {{"path", Json::path(now.root)},
-            {"before", before.total.size},
-            {"now", now.total.size},
-            {"changes", std::move(list)}};
-}
-
-std::string word(TreeChange::Kind kind) {
-    switch (kind) {
-        case TreeChange::Kind::appeared:
-            return localized("new");
-        case TreeChange::Kind::gone:
-            return localized("gone");
-        case TreeChange::Kind::grew:
-            return localized("grew");
-        case TreeChange::Kind::shrank:
-            break;
-    }
-    return localized("shrank");
-}
-
-std::string difference(std::int64_t delta) {
-    return (delta < 0 ? "-" : "+") + byteCount(delta < 0 ? -delta : delta);
-}
-
-void print(Console& console, const TreeRecord& before, const TreeRecord& now,
-           const std::vector<TreeChange>& all, std::size_t limit) {
-    constexpr std::size_t nameColumn = 26;
-    for (std::size_t i = 0; i < std::min(limit, all.size()); ++i) {
-        const TreeChange& change = all[i];
-        const std::string name = change.path.empty() ? "." : Text::shown(change.path);
-        const auto style = change.delta < 0 ? Console::Style::mark : Console::Style::caution;
-        console.line(fmt::format(
-            "{}  {:<8}  {}", console.styled(style, fmt::format("{:>12}", difference(change.delta))),
-            word(change.kind),
-            console.fitted(name + (change.isFolder ? "/" : ""), console.width() - nameColumn)));
-    }
-    if (all.size() > limit) {
-        const auto more = static_cast<unsigned long>(all.size() - limit);
-        console.line(console.styled(Console::Style::dim,
-                                    counted("… and {} more change", "… and {} more changes", more)));
-    }
-    console.line(console.styled(
-        Console::Style::strong,
-        phrase("{} since {}", difference(now.total.size - before.total.size), dateAndTime(before.taken))));
 }
 
 struct ExploreCommand {
@@ -201,58 +146,19 @@ struct ExploreCommand {
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
         const auto session = Session::open(global);
         if (!session) return console.fail(session.error());
-        const Path folder = std::filesystem::path(path).lexically_normal();
         std::error_code error;
-        const Path root = std::filesystem::canonical(folder, error);
+        const Path root = std::filesystem::canonical(path, error);
         if (error || !Files::isFolder(root))
             return console.fail(phrase("{} is no folder", Text::shown(path)));
         console.progress(localized("Measuring…"));
-        if (!exported.empty()) return write(root, console);
-        if (!compared.empty()) return compare(root, console);
+        if (!exported.empty()) return TreeExport::write(root, exported, console);
+        const auto rows = static_cast<std::size_t>(limit);
+        if (!compared.empty()) return TreeExport::compare(root, compared, rows, console);
         const Look look = Look::at(root, session->profile().packages);
         if (console.json()) {
             console.document(document(root, look));
         } else {
-            print(console, look, static_cast<std::size_t>(limit));
-        }
-        return ExitStatus::done;
-    }
-
-  private:
-    [[nodiscard]] int write(const Path& root, Console& console) const {
-        const TreeRecord record = TreeRecord::take(root, std::chrono::system_clock::now());
-        if (const auto error = Files::writeAtomically(exported, record.encoded()))
-            return console.fail(phrase("{} cannot be written: {}", Text::shown(exported), error.message()));
-        if (console.json()) {
-            console.document({{"export", Json::path(exported)},
-                              {"size", record.total.size},
-                              {"files", record.total.files},
-                              {"folders", record.folders.size()}});
-        } else {
-            const auto folders = static_cast<unsigned long>(record.folders.size());
-            console.line(counted("{1} in {0} folder written to {2}", "{1} in {0} folders written to {2}",
-                                 folders, byteCount(record.total.size), Text::shown(exported)));
-        }
-        return ExitStatus::done;
-    }
-
-    [[nodiscard]] int compare(const Path& root, Console& console) const {
-        const auto text = Files::read(compared);
-        if (!text)
-            return console.fail(
-                phrase("{} cannot be read: {}", Text::shown(compared), text.error().message()));
-        const auto before = TreeRecord::decoded(*text);
-        if (!before) return console.fail(phrase("{} is no export of a tree", Text::shown(compared)));
-        if (before->root != root && !console.json()) {
-            console.warn(
-                phrase("{} was taken of {}", Text::shown(compared), Text::shown(before->root.native())));
-        }
-        const TreeRecord now = TreeRecord::take(root, std::chrono::system_clock::now());
-        const auto all = changes(*before, now);
-        if (console.json()) {
-            console.document(document(*before, now, all));
-        } else {
-            print(console, *before, now, all, static_cast<std::size_t>(limit));
+            print(console, look, rows);
         }
         return ExitStatus::done;
     }

@@ -38,7 +38,8 @@ class Observation {
     void sample() {
         const auto due = sampler_.sample(uptime());
         if (due.diskSpace) sampler_.took(machine_.sensors->diskSpace());
-        if (due.bluetooth) sampler_.took(machine_.sensors->bluetoothBatteries());
+        if (due.bluetooth) sampler_.tookBluetooth(machine_.sensors->bluetoothBatteries());
+        if (due.accessories) sampler_.tookAccessories(machine_.sensors->accessories());
         if (due.processes) sampler_.took(machine_.processes->snapshot());
     }
 

@@ -103,6 +103,7 @@ std::error_code writeAtomically(const Path& file, std::string_view content) {
     std::error_code failed;
     const Path target = std::filesystem::weakly_canonical(file, failed);
     if (failed) return failed;
+    if (Files::exists(target) && !isRegular(target)) return std::make_error_code(std::errc::invalid_argument);
     std::string temporary = target.native() + ".XXXXXX";
     FileHandle handle(::mkostemp(temporary.data(), O_CLOEXEC));
     if (!handle) return lastError();

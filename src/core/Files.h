@@ -42,7 +42,8 @@ enum class Hidden { include, skip };
 [[nodiscard]] tl::expected<std::string, std::error_code> read(const Path& file);
 
 /// Replaces `file` by `content` so that a reader sees the old version or the new one, whole, also after a
-/// crash: written beside it, flushed, renamed over it. A file behind a link is replaced, not the link.
+/// crash: written beside it, flushed, renamed over it. A file behind a link is replaced, not the link;
+/// a link to nothing is replaced itself. What is no regular file, such as a device, is refused with EINVAL.
 /// On an error the old file stands as it was.
 [[nodiscard]] std::error_code writeAtomically(const Path& file, std::string_view content);
 

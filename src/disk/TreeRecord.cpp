@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <limits>
 #include <set>
+#include <sys/stat.h>
+#include <utility>
 
 #include <nlohmann/json.hpp>
 
@@ -24,6 +26,19 @@ std::string below(const std::string& root, const std::string& path) {
     const std::size_t skip = root == "/" ? 1 : root.size() + 1;
     return path.size() > skip ? path.substr(skip) : std::string();
 }
+
+/// Whether no name of the file was met before: its blocks are there once, however many names it has.
+class FirstNames {
+  public:
+    [[nodiscard]] bool isNew(const std::string& path) {
+        struct stat status {};
+        if (::lstat(path.c_str(), &status) != 0 || status.st_nlink < 2) return true;
+        return met_.emplace(status.st_dev, status.st_ino).second;
+    }
+
+  private:
+    std::set<std::pair<dev_t, ino_t>> met_;
+};
 
 std::string parent(const std::string& path) {
     const std::size_t slash = path.rfind('/');
@@ -125,7 +140,7 @@ class Comparison {
         const auto is = now_.files.find(path);
         const std::int64_t from = was == before_.files.end() ? 0 : was->second;
         const std::int64_t to = is == now_.files.end() ? 0 : is->second;
-        if (from == to) return;
+        if (from == to || std::max(from, to) < TreeRecord::largeFile) return;
         unexplained_[parent(path)] -= to - from;
         const auto changed = to > from ? TreeChange::Kind::grew : TreeChange::Kind::shrank;
         const auto kind = from == 0 ? TreeChange::Kind::appeared : to == 0 ? TreeChange::Kind::gone : changed;
@@ -146,8 +161,11 @@ TreeRecord TreeRecord::take(const std::filesystem::path& root, Instant now) {
     const auto measured = DiskIndex::measure(root, everyLevel);
     TreeRecord record = {.root = root, .taken = now, .total = {measured.size, measured.files}};
     for (const auto& [folder, info] : measured.folders) record.folders.emplace(below(path, folder), info);
-    for (const auto& file : DiskIndex::largeFiles(root, largeFile, std::numeric_limits<std::size_t>::max()))
-        record.files.emplace(below(path, file.path), file.size);
+    FirstNames names;
+    for (const auto& file :
+         DiskIndex::largeFiles(root, rememberedFile, std::numeric_limits<std::size_t>::max())) {
+        if (names.isNew(file.path)) record.files.emplace(below(path, file.path), file.size);
+    }
     return record;
 }
 
@@ -175,9 +193,11 @@ std::optional<TreeRecord> TreeRecord::decoded(std::string_view text) {
         document.value("version", Json()) != version)
         return std::nullopt;
     const auto root = document.find("root");
+    constexpr auto lastSecond = std::chrono::floor<std::chrono::seconds>(distantFuture.time_since_epoch());
     const auto taken = count(document.value("taken", Json()));
     const auto total = info(document.value("total", Json()));
-    if (root == document.end() || !root->is_string() || !taken || !total) return std::nullopt;
+    if (root == document.end() || !root->is_string() || !taken || *taken > lastSecond.count() || !total)
+        return std::nullopt;
 
     TreeRecord record = {.root = Text::fromExact(root->get<std::string>()), .total = *total};
     record.taken = Instant(std::chrono::seconds(*taken));

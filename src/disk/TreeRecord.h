@@ -14,14 +14,16 @@ namespace tavrel {
 
 /// What a tree occupied at one moment, to be kept and held against another day.
 struct TreeRecord {
-    /// A file as large as this is remembered by its name.
+    /// A change of a file as large as this is told by its name.
     static constexpr std::int64_t largeFile = 1'048'576;  // bytes
+    /// Files are remembered from here on, so that one that grows past the limit does not appear from nowhere.
+    static constexpr std::int64_t rememberedFile = largeFile / 2;
 
     std::filesystem::path root;
     Instant taken;
     DiskIndex::Info total;
     std::map<std::string, DiskIndex::Info> folders;  // by the path below the root
-    std::map<std::string, std::int64_t> files;       // large ones, bytes, by the path below the root
+    std::map<std::string, std::int64_t> files;       // remembered ones, bytes, by their first path below
 
     bool operator==(const TreeRecord&) const = default;
 

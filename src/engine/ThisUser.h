@@ -7,7 +7,8 @@
 /// The person whom this process works for, as the environment tells.
 namespace tavrel::ThisUser {
 
-/// Empty when neither the environment nor the system's list of users knows it.
+/// The environment's where that is a folder of this user, or else that of the system's list of users. Empty
+/// when neither knows it.
 [[nodiscard]] std::filesystem::path home();
 /// Where the environment moves the user's folders.
 [[nodiscard]] UserEnvironment environment();

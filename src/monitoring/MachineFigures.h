@@ -30,7 +30,7 @@ struct MachineFigures {
     std::vector<double> networkHistory;  // of `download`
     std::optional<std::string> connection;
     std::optional<Sensors::Battery> battery;
-    std::vector<Sensors::Accessory> accessories;  // input devices and Bluetooth audio
+    std::vector<Sensors::Accessory> accessories;  // input devices, then others
     std::vector<Fan> fans;
     bool fanControlAvailable = false;
     std::optional<double> load;

@@ -49,11 +49,7 @@ MachineSampler::MachineSampler(Sources sources, Instant now)
 bool MachineSampler::setWatchers(int count) {
     const bool first = count >= 1 && watchers_ == 0;
     watchers_ = count;
-    if (first) {
-        lastSlow_.reset();
-        lastDiskSpace_.reset();
-        lastBluetooth_.reset();
-    }
+    if (first) last_ = {};
     return first;
 }
 
@@ -68,14 +64,13 @@ MachineSampler::Due MachineSampler::sample(Instant now) {
     readNetwork(elapsed);
     if (wants(MenuBarMetric::temperature)) readHeat();
     if (isWatched()) figures_.load = sources_.sensors.loadAverage();
-    if (comesRound(lastSlow_, now, slow)) readSlowOnes();
-    if (!measuringDisk_ && comesRound(lastDiskSpace_, now, isWatched() ? slow : slowUnwatched))
-        measuringDisk_ = due.diskSpace = true;
+    if (comesRound(last_.slow, now, slow)) readSlowOnes();
+    ask(&Due::diskSpace, last_.diskSpace, isWatched() ? slow : slowUnwatched, due);
     if (!isWatched()) return due;
 
-    due.bluetooth = comesRound(lastBluetooth_, now, betweenBluetooth);
-    if (!samplingProcesses_ && comesRound(lastProcesses_, now, betweenProcesses))
-        samplingProcesses_ = due.processes = true;
+    ask(&Due::accessories, last_.accessories, slow, due);
+    ask(&Due::bluetooth, last_.bluetooth, betweenBluetooth, due);
+    ask(&Due::processes, lastProcesses_, betweenProcesses, due);
     return due;
 }
 
@@ -127,29 +122,40 @@ void MachineSampler::readSlowOnes() {
     if (wants(MenuBarMetric::battery)) figures_.battery = sources_.sensors.battery();
     if (!isWatched()) return;
 
-    figures_.accessories = sources_.sensors.accessories();
-    for (const auto& audio : bluetoothAudio_) {
-        const auto isThis = [&audio](const auto& known) { return known.name == audio.name; };
-        if (std::none_of(figures_.accessories.begin(), figures_.accessories.end(), isThis))
-            figures_.accessories.push_back(audio);
-    }
     figures_.fans = sources_.fans.read();
     figures_.fanControlAvailable = !figures_.fans.empty() && sources_.fans.isControllable();
     figures_.connection = sources_.sensors.connectionKind();
 }
 
-void MachineSampler::took(Sensors::DiskSpace space) {
-    figures_.disk = space;
-    measuringDisk_ = false;
+void MachineSampler::ask(bool Due::*read, std::optional<Instant>& last, std::chrono::milliseconds pace,
+                         Due& due) {
+    if (underWay_.*read || !comesRound(last, lastSample_, pace)) return;
+    underWay_.*read = due.*read = true;
 }
 
-void MachineSampler::took(std::vector<Sensors::Accessory> bluetooth) {
-    bluetoothAudio_ = std::move(bluetooth);
+void MachineSampler::took(Sensors::DiskSpace space) {
+    figures_.disk = space;
+    underWay_.diskSpace = false;
+}
+
+void MachineSampler::tookAccessories(std::vector<Sensors::Accessory> accessories) {
+    figures_.accessories = std::move(accessories);
+    for (const auto& other : bluetooth_) {
+        const auto isThis = [&other](const auto& known) { return known.name == other.name; };
+        if (std::none_of(figures_.accessories.begin(), figures_.accessories.end(), isThis))
+            figures_.accessories.push_back(other);
+    }
+    underWay_.accessories = false;
+}
+
+void MachineSampler::tookBluetooth(std::vector<Sensors::Accessory> bluetooth) {
+    bluetooth_ = std::move(bluetooth);
+    underWay_.bluetooth = false;
 }
 
 void MachineSampler::took(std::vector<ProcessInfo> processes) {
     figures_.processes = std::move(processes);
-    samplingProcesses_ = false;
+    underWay_.processes = false;
 }
 
 }  // namespace tavrel

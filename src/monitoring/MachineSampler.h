@@ -23,6 +23,7 @@ class MachineSampler {
     /// Blocking reads that the caller is to make now, and to hand back with `took`.
     struct Due {
         bool diskSpace = false;
+        bool accessories = false;
         bool bluetooth = false;
         bool processes = false;
     };
@@ -43,7 +44,9 @@ class MachineSampler {
     [[nodiscard]] Due sample(Instant now);
 
     void took(Sensors::DiskSpace space);
-    void took(std::vector<Sensors::Accessory> bluetooth);
+    void tookAccessories(std::vector<Sensors::Accessory> accessories);
+    /// They join the accessories when those are next taken.
+    void tookBluetooth(std::vector<Sensors::Accessory> bluetooth);
     void took(std::vector<ProcessInfo> processes);
 
   private:
@@ -56,6 +59,16 @@ class MachineSampler {
     void readNetwork(double elapsed);
     void readHeat();
     void readSlowOnes();
+    /// At its pace; a read that has not come back yet is not made a second time.
+    void ask(bool Due::*read, std::optional<Instant>& last, std::chrono::milliseconds pace, Due& due);
+
+    /// When what is read at a pace of its own was last read.
+    struct Last {
+        std::optional<Instant> slow;
+        std::optional<Instant> diskSpace;
+        std::optional<Instant> accessories;
+        std::optional<Instant> bluetooth;
+    };
 
     Sources sources_;
     MachineFigures figures_;
@@ -66,13 +79,10 @@ class MachineSampler {
     std::optional<Sensors::DiskIO> lastIO_;
     std::optional<Sensors::NetworkBytes> lastNet_;
     Instant lastSample_;
-    std::optional<Instant> lastSlow_;
-    std::optional<Instant> lastDiskSpace_;
-    std::optional<Instant> lastBluetooth_;
+    Last last_;
     std::optional<Instant> lastProcesses_;
-    bool measuringDisk_ = false;
-    bool samplingProcesses_ = false;
-    std::vector<Sensors::Accessory> bluetoothAudio_;
+    Due underWay_;
+    std::vector<Sensors::Accessory> bluetooth_;
 };
 
 }  // namespace tavrel

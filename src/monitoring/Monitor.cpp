@@ -22,7 +22,11 @@ Monitor::Monitor(MonitorServices services, QObject* parent)
           sampler_.took(space);
           Q_EMIT sampled();
       }),
-      bluetooth_([this](const std::vector<Sensors::Accessory>& batteries) { sampler_.took(batteries); }),
+      accessories_([this](const Batteries& batteries) {
+          sampler_.tookAccessories(batteries);
+          Q_EMIT sampled();
+      }),
+      bluetooth_([this](const Batteries& batteries) { sampler_.tookBluetooth(batteries); }),
       processes_([this](const std::vector<ProcessInfo>& processes) {
           sampler_.took(processes);
           hasSeenProcesses_ = true;
@@ -44,6 +48,7 @@ void Monitor::tick() {
 void Monitor::sample() {
     const MachineSampler::Due due = sampler_.sample(services_.clock.uptime());
     if (due.diskSpace) diskSpace_.start([sensors = services_.sensors] { return sensors->diskSpace(); });
+    if (due.accessories) accessories_.start([sensors = services_.sensors] { return sensors->accessories(); });
     if (due.bluetooth)
         bluetooth_.start([sensors = services_.sensors] { return sensors->bluetoothBatteries(); });
     if (due.processes) processes_.start([source = services_.processes] { return source->snapshot(); });

@@ -49,6 +49,8 @@ class Monitor final : public QObject {
     void processesChanged();
 
   private:
+    using Batteries = std::vector<Sensors::Accessory>;
+
     void tick();
     void sample();
 
@@ -56,7 +58,8 @@ class Monitor final : public QObject {
     MachineSampler sampler_;
     bool hasSeenProcesses_ = false;
     BackgroundRead<Sensors::DiskSpace> diskSpace_;
-    BackgroundRead<std::vector<Sensors::Accessory>> bluetooth_;
+    BackgroundRead<Batteries> accessories_;
+    BackgroundRead<Batteries> bluetooth_;
     BackgroundRead<std::vector<ProcessInfo>> processes_;
 };
 

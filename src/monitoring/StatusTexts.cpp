@@ -28,7 +28,8 @@ constexpr double heatUnknown = 1.0 / 7;
 
 /// A share as whole percent, never rounded up to more than there is.
 std::string percent(double share) {
-    return fmt::format("{}", static_cast<int>(share * 100));
+    constexpr double roundingError = 1e-9;  // 0.29 times 100 is a little less than 29
+    return fmt::format("{}", static_cast<int>(share * 100 + roundingError));
 }
 
 std::string pressure(std::int64_t level) {

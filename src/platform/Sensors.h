@@ -99,9 +99,9 @@ class Sensors {
     [[nodiscard]] virtual std::optional<double> loadAverage() = 0;
     /// Nothing on a machine without a battery of its own.
     [[nodiscard]] virtual std::optional<Battery> battery() = 0;
-    /// Input devices, sorted by name.
-    [[nodiscard]] virtual std::vector<Accessory> accessories() = 0;
-    /// Blocks for up to 20 seconds; may run beside the other operations.
+    /// Input devices, sorted by name. May block on one that sleeps; may run beside the other operations.
+    [[nodiscard]] virtual std::vector<Accessory> accessories() const = 0;
+    /// Devices of other kinds. Blocks for up to 20 seconds; may run beside the other operations.
     [[nodiscard]] virtual std::vector<Accessory> bluetoothBatteries() const = 0;
     [[nodiscard]] virtual std::optional<ThermalState> thermalState() = 0;
 };

@@ -34,7 +34,9 @@ std::array<Light, knotCount> knots(double phase, double width) {
             .x = std::cos(angle) * radius,
             .y = -0.5 * std::sin(angle) * radius,
             .diameter = width * sizes[i % sizes.size()],
-            .opacity = 0.9 * (0.45 + 0.55 * (0.5 + 0.5 * std::cos(angle))),  // brighter where it comes nearer
+            .opacity =
+                0.9 *
+                (0.45 + 0.55 * (0.5 - 0.5 * std::cos(angle))),  // brighter on the left, where it comes nearer
         };
     }
     return lights;

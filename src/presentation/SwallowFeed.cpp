@@ -56,11 +56,11 @@ void SwallowFeed::reached(double fraction) {
 QCoro::Task<> SwallowFeed::run(double minimum) {
     const QPointer<SwallowFeed> self(this);
     Clock& clock = clock_;
-    const Instant start = clock.now();
+    const Instant start = clock.uptime();
     while (pending() > 0 || !finished()) {
         double pause = FeedPlan::idleInterval;
         if (pending() > 0) {
-            const double elapsed = inSeconds(clock.now() - start);
+            const double elapsed = inSeconds(clock.uptime() - start);
             releaseWave(FeedPlan::waveCount(pending(), FeedPlan::divisor(work_, minimum, elapsed)));
             pause = FeedPlan::waveInterval;
         }
@@ -68,9 +68,9 @@ QCoro::Task<> SwallowFeed::run(double minimum) {
         if (!self) co_return;
     }
     // A run of few items would be over before it was seen.
-    const Instant end = shown_ > 0 ? std::max(lastFallen(), start + seconds(minimum)) : clock.now();
-    if (end > clock.now()) {
-        co_await clock.sleep(end - clock.now());
+    const Instant end = shown_ > 0 ? std::max(lastFallen(), start + seconds(minimum)) : start;
+    if (end > clock.uptime()) {
+        co_await clock.sleep(end - clock.uptime());
         if (!self) co_return;
     }
     setRemaining(0);
@@ -82,8 +82,13 @@ void SwallowFeed::releaseWave(std::int64_t count) {
     const auto end = static_cast<std::size_t>(shown_);
     const std::int64_t bytes = sum(sizes_.begin() + static_cast<std::ptrdiff_t>(first),
                                    sizes_.begin() + static_cast<std::ptrdiff_t>(end));
-    const Instant now = clock_.now();
-    events_.push_back({shown_, iconFor_(first, end), bytes, now, FeedPlan::angle(released_)});
+    const Instant now = clock_.uptime();
+    events_.push_back({.id = shown_,
+                       .icon = iconFor_(first, end),
+                       .bytes = bytes,
+                       .start = clock_.now(),
+                       .fallen = now + seconds(fallTime(bytes)),
+                       .angle = FeedPlan::angle(released_)});
     ++released_;
 
     const double share = FeedPlan::share(bytes, total_, count, static_cast<std::int64_t>(sizes_.size()));
@@ -96,9 +101,8 @@ void SwallowFeed::releaseWave(std::int64_t count) {
 }
 
 void SwallowFeed::prune(Instant now) {
-    std::erase_if(events_, [now](const Event& event) {
-        return event.start + seconds(fallTime(event.bytes) + FeedPlan::lingering) < now;
-    });
+    std::erase_if(events_,
+                  [now](const Event& event) { return event.fallen + seconds(FeedPlan::lingering) < now; });
 }
 
 void SwallowFeed::land(std::int64_t bytes, double share) {
@@ -110,9 +114,7 @@ void SwallowFeed::land(std::int64_t bytes, double share) {
 }
 
 Instant SwallowFeed::lastFallen() const {
-    if (events_.empty()) return distantPast;
-    const Event& last = events_.back();
-    return last.start + seconds(fallTime(last.bytes));
+    return events_.empty() ? distantPast : events_.back().fallen;
 }
 
 void SwallowFeed::setRemaining(std::int64_t bytes) {

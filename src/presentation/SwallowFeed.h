@@ -29,7 +29,8 @@ class SwallowFeed final : public QObject {
         std::int64_t id = 0;  // how many items were released with it and before it
         QImage icon;
         std::int64_t bytes = 0;
-        Instant start;
+        Instant start;     // for drawing
+        Instant fallen;    // of the clock that only goes forward
         double angle = 0;  // radians; where it comes from
     };
 
@@ -70,7 +71,8 @@ class SwallowFeed final : public QObject {
     void releaseWave(std::int64_t count);
     void prune(Instant now);
     void land(std::int64_t bytes, double share);
-    /// When the event released last has fallen, or has long fallen where there is none.
+    /// When the event released last has fallen, by the clock that only goes forward, or has long fallen
+    /// where there is none.
     [[nodiscard]] Instant lastFallen() const;
     void setRemaining(std::int64_t bytes);
 

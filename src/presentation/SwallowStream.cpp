@@ -54,7 +54,7 @@ Cell cell(const Icon& icon, std::int64_t id, int row, int column) {
     const double inY = -icon.y / distance;
 
     const double ahead = (offsetX * inX + offsetY * inY) / std::max(icon.side / 2, 1e-6);  // -1 to 1
-    const double begins = std::clamp(draw(id, row, column, 0) * 0.75 + 0.125 - 0.25 * ahead, 0.0, 1.0);
+    const double begins = std::clamp(draw(id, row, column, 0) - 0.25 * ahead, 0.0, 1.0);
     Cell cell = {.x = icon.x + offsetX, .y = icon.y + offsetY, .side = side};
     if (icon.breakUp < begins || icon.breakUp <= 0) return cell;
 

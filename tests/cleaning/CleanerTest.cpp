@@ -1,6 +1,7 @@
 #include "cleaning/Cleaner.h"
 #include "cleaning/History.h"
 #include "cleaning/Stage.h"
+#include "platform/linux/LinuxFolderAccess.h"
 
 #include <filesystem>
 #include <functional>
@@ -41,7 +42,7 @@ class CleanerTest : public ::testing::Test {
     CleanerTest() { stage.sandbox.folder("system"); }
 
     [[nodiscard]] CleanReport clean(const std::vector<CleanItem>& items, Cleaner::Options options = {}) {
-        const Cleaner cleaner({.access = systemFolderAccess(),
+        const Cleaner cleaner({.access = *access,
                                .trash = *trash,
                                .administrator = administrator,
                                .systemRoots = {stage.sandbox.path("system")},
@@ -73,6 +74,7 @@ class CleanerTest : public ::testing::Test {
     }
 
     Stage stage;
+    const FolderAccess* access = &systemFolderAccess();
     SafetyGuard safety = stage.guard();
     std::unique_ptr<Trash> trash = makeTrash(Layout::freedesktop, systemFolderAccess(), stage.home());
     ScriptedAdministrator administrator;
@@ -113,6 +115,32 @@ TEST_F(CleanerTest, whereEachKindOfItemGoes) {
             EXPECT_EQ(isTrashed(thing), !dryRun && row.trashed);
         }
     }
+}
+
+/// An old kernel, which does not say which mount a thing is on.
+class Untold : public LinuxFolderAccess {
+  public:
+    Outcome<FileIdentity> identify(int /*handle*/) const override { return unsupported(); }
+    Outcome<FileIdentity> identify(int /*folder*/, const std::string& /*name*/) const override {
+        return unsupported();
+    }
+
+  private:
+    static tl::unexpected<std::error_code> unsupported() {
+        return tl::unexpected(std::make_error_code(std::errc::not_supported));
+    }
+};
+
+TEST_F(CleanerTest, whatCannotBeToldApartIsSkippedInWordsAndNotTakenAsGone) {
+    const Untold untold;
+    access = &untold;
+    administrator.answer = {.status = 1, .output = "rm: it is busy"};
+    const auto report =
+        clean({item("cache", CleanCategory::userCaches), adminItem(stage.sandbox.file("system/log", 10))});
+    EXPECT_THAT(report.removed, IsEmpty());
+    EXPECT_THAT(reasons(report),
+                ElementsAre("This system does not tell mounted disks apart", "rm: it is busy"));
+    EXPECT_TRUE(fs::exists(stage.home() / "cache"));
 }
 
 TEST_F(CleanerTest, aPreviewTellsWhatTheRealRunWouldAndTouchesNothing) {

@@ -61,6 +61,7 @@ const std::vector<Hostile>& hostileTrees() {
     const std::string changed = "Changed since it was checked";
     const std::string link = "Reached through a symbolic link";
     const std::string mounted = "A disk is mounted inside this folder";
+    const std::string elsewhere = "It lies on another disk than your home";
     static const std::vector<Hostile> all = {
         {"rootSwappedForALink", makeFolderItem, replaced("", linkToMovedAway), link},
         {"middleSwappedForALink", makeFolderItem, replaced(".cache", linkToMovedAway), link},
@@ -121,19 +122,19 @@ const std::vector<Hostile>& hostileTrees() {
          },
          nothing, mounted, true},
         {"folderBoundOverTheItem", makeFolderItem,
-         [](const Stage& stage) { bindMount(stage.outside(), stage.home() / itemName); }, mounted, true},
+         [](const Stage& stage) { bindMount(stage.outside(), stage.home() / itemName); }, elsewhere, true},
         {"fileBoundOverTheItem", makeFileItem,
-         [](const Stage& stage) { bindMount(stage.outside() / "canary", stage.home() / itemName); }, mounted,
-         true},
+         [](const Stage& stage) { bindMount(stage.outside() / "canary", stage.home() / itemName); },
+         elsewhere, true},
         {"theItemBoundOverItself", makeFolderItem,
-         [](const Stage& stage) { bindMount(stage.home() / itemName, stage.home() / itemName); }, mounted,
+         [](const Stage& stage) { bindMount(stage.home() / itemName, stage.home() / itemName); }, elsewhere,
          true},
         {"folderBoundInTheMiddle", makeFolderItem,
          [](const Stage& stage) {
              stage.sandbox.text("outside/app/item/sub/file", "not yours");
              bindMount(stage.outside(), stage.home() / ".cache");
          },
-         mounted, true},
+         elsewhere, true},
     };
     return all;
 }

@@ -76,6 +76,12 @@ TEST_F(SafetyGuardTest, AdmitsOnlyPathsBelowItsRoots) {
     EXPECT_EQ(verdict(guard, home + "x/file"), outside) << "a sibling with a longer name";
     EXPECT_EQ(verdict(guard, home + "/a/../../other/file"), outside);
     EXPECT_EQ(verdict(guard, "/"), outside);
+    disk.link("top", "/");
+    const SafetyGuard whole =
+        Profiles::linux("/", disk.path("top"), {}).safetyGuard({}, {disk.path("extra")});
+    for (const auto& path :
+         {std::filesystem::path("/etc/x"), std::filesystem::path("/.cache/x"), disk.path("extra/x")})
+        EXPECT_EQ(verdict(whole, path), "the home folder is the whole disk");
 
     const std::vector<Case> withoutRoot = {{"/Library/Caches/x", outside}};
     expect(guard, withoutRoot);

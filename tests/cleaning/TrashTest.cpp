@@ -111,6 +111,20 @@ TEST_P(TrashTest, aFileInThePlaceOfTheTrashIsRefused) {
     EXPECT_EQ(testing::contentOf(blocked), "in the way");
 }
 
+TEST_P(TrashTest, whatIsInTheTrashAlreadyStaysThereWithItsNote) {
+    EXPECT_EQ(put(stage.sandbox.text("home/item", "junk")), "");
+    EXPECT_EQ(put(stage.sandbox.text("home/folder/sub/inside", "junk").parent_path().parent_path()), "");
+    auto inside =
+        std::vector{contents(), contents() / "item", contents() / "folder", contents() / "folder/sub/inside"};
+    if (GetParam() == Layout::freedesktop) {
+        const auto whole = contents().parent_path();
+        inside.insert(inside.end(), {whole, whole / "info", whole / "info/item.trashinfo"});
+    }
+    const auto before = testing::snapshot(stage.home());
+    for (const auto& path : inside) EXPECT_EQ(put(path), "Already in the Trash") << path;
+    EXPECT_EQ(testing::snapshot(stage.home()), before);
+}
+
 /// Swaps the item for a precious file right before the first move.
 class Swapping : public LinuxFolderAccess {
   public:
@@ -161,6 +175,7 @@ TEST_P(TrashTest, anotherVolumeHasItsOwnTrashOrNone) {
         const auto trash = makeTrash(GetParam(), access(), stage.home());
         const auto item = stage.sandbox.text(top / "a/b/item", "junk");
         EXPECT_EQ(reason(trash->trash(target(item))), "");
+        EXPECT_EQ(reason(trash->trash(target(own / "item"))), "Already in the Trash");
         EXPECT_EQ(testing::contentOf(own / "item"), "junk");
         EXPECT_EQ(modeOf(own), 0700U);
         EXPECT_FALSE(fs::exists(stage.home() / ".local") || fs::exists(stage.home() / ".Trash"));

@@ -91,6 +91,14 @@ TEST_F(MachineAndDiskTest, ExploresAFolderAndHoldsItAgainstAnEarlierDay) {
     EXPECT_EQ(compared["changes"][0]["change"], "appeared");
     EXPECT_EQ(compared["changes"][1]["path"], tree + "/films/old.mov");
     EXPECT_EQ(compared["changes"][1]["change"], "gone");
+    EXPECT_EQ(compared["earlierPath"], tree);
+
+    box_.link("shortcut", box_.path("tree/films"));
+    const std::string above = box_.path("shortcut").native() + "/..";
+    EXPECT_EQ(tavrelctl_({"--json", "explore", above}).json()["path"], tree);
+    const auto other = tavrelctl_({"--json", "explore", tree + "/films", "--compare", record});
+    EXPECT_EQ(other.json()["earlierPath"], tree);
+    EXPECT_NE(other.err.find("was taken of"), std::string::npos) << other.err;
 
     EXPECT_EQ(tavrelctl_({"explore", tree, "--compare", tree + "/notes.txt"}).status, 1);
     EXPECT_EQ(tavrelctl_({"explore", tree + "/notes.txt"}).status, 1);

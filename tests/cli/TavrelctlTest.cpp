@@ -399,6 +399,19 @@ TEST_P(CommandLine, TheHomeMayBeALinkButMustBeAFolder) {
     }
 }
 
+TEST_P(CommandLine, AHomeThatIsNotTheUsersOwnIsNotTakenFromTheEnvironment) {
+    const auto allowed = [this](const std::string& path) {
+        return ctl.bare({"check", "--json", path}).json()[0]["allowed"];
+    };
+    EXPECT_EQ(allowed("/etc/x"), false) << "nothing stands there";
+    box.folder("elsewhere");
+    EXPECT_EQ(allowed(at("elsewhere/x")), true);
+    fs::remove(box.path("elsewhere"));
+    box.link("elsewhere", "/");
+    EXPECT_EQ(ctl.bare({"check", "--json", "/etc/x"}).json()[0]["reason"],
+              "outside the folders Tavrel cleans");
+}
+
 TEST_P(CommandLine, GlobalOptionsStandBeforeOrAfterTheCommand) {
     const Words options = ctl.kept({"--json"});
     Words after = {"scan"};

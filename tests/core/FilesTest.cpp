@@ -1,6 +1,8 @@
 #include "core/Files.h"
 #include "support/Sandbox.h"
 
+#include <sys/stat.h>
+
 #include <gtest/gtest.h>
 
 namespace tavrel {
@@ -46,7 +48,13 @@ TEST(FilesTest, ReplacesAFileWholeAndLeavesNothingBehind) {
     EXPECT_TRUE(Files::isLink(link));
     EXPECT_TRUE(Files::writeAtomically(box.path("no/such/file"), "x"));
     EXPECT_TRUE(Files::writeAtomically(box.folder("folder"), "x"));
-    EXPECT_EQ(Files::names(box.root()), (std::vector<std::string>{"folder", "link", "real"}));
+    ASSERT_EQ(::mkfifo(box.path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(Files::writeAtomically(box.link("toPipe", "pipe"), "x"), std::errc::invalid_argument);
+    EXPECT_EQ(std::filesystem::status(box.path("pipe")).type(), std::filesystem::file_type::fifo);
+    EXPECT_FALSE(Files::writeAtomically(box.link("dangling", "nowhere"), "x"));
+    EXPECT_EQ(contentOf(box.path("dangling")), "x");
+    EXPECT_EQ(Files::names(box.root()),
+              (std::vector<std::string>{"dangling", "folder", "link", "pipe", "real", "toPipe"}));
 }
 
 TEST(FilesTest, SetsDamagedFilesAsideWithoutLosingEarlierOnes) {

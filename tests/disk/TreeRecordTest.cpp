@@ -37,6 +37,13 @@ TEST(TreeRecord, TellsWhereATreeChanged) {
                         [](std::int64_t so, const TreeChange& each) { return so + each.delta; });
     EXPECT_EQ(sum, now.total.size - before.total.size);
     EXPECT_TRUE(changes(before, before).empty());
+
+    const std::int64_t limit = TreeRecord::largeFile;
+    EXPECT_THAT(
+        changes(record({}, {{"a", limit - 4096}, {"b", limit - 4096}}, limit),
+                record({}, {{"a", limit + 4096}, {"b", limit - 8192}}, limit + 4096)),
+        ElementsAre(TreeChange{"a", Kind::grew, false, 8192}, TreeChange{"", Kind::shrank, true, -4096}))
+        << "small files are told by their folder";
 }
 
 TEST(TreeRecord, SurvivesItsFileAndRefusesOthers) {
@@ -48,6 +55,10 @@ TEST(TreeRecord, SurvivesItsFileAndRefusesOthers) {
     EXPECT_EQ(taken.folders.size(), 3U);
     ASSERT_EQ(taken.files.size(), 1U);
     EXPECT_GE(taken.files.at("deep/er/big"), large);
+    std::filesystem::create_hard_link(root / "deep/er/big", root / "deep/second name");
+    const auto linked = TreeRecord::take(root, taken.taken);
+    EXPECT_EQ(linked.files.size(), 1U);
+    EXPECT_EQ(linked.total.size, taken.total.size);
     const auto read = TreeRecord::decoded(taken.encoded());
     ASSERT_TRUE(read);
     EXPECT_EQ(*read, taken);
@@ -59,6 +70,8 @@ TEST(TreeRecord, SurvivesItsFileAndRefusesOthers) {
          {cut, std::string(), std::string("[]"), std::string("{\"format\":\"tavrel-tree\"}"),
           std::string(R"({"format":"tavrel-tree","version":1,"root":"/","taken":1,)"
                       R"("total":[1,-5],"folders":{},"files":{}})"),
+          std::string(R"({"format":"tavrel-tree","version":1,"root":"/","taken":9223372037,)"
+                      R"("total":[1,5],"folders":{},"files":{}})"),
           std::string(R"({"format":"tavrel-tree","version":1,"root":"/","taken":1,)"
                       R"("total":[1,5],"folders":{"a":[18446744073709551615,1]},"files":{}})")}) {
         EXPECT_FALSE(TreeRecord::decoded(text)) << text;

@@ -31,7 +31,7 @@ TEST_F(MachineSamplerTest, ReadsNextToNothingWhileNobodyWatches) {
     for (int tick = 0; tick < 45; ++tick) {
         const auto due = step();
         measured += due.diskSpace ? 1 : 0;
-        EXPECT_FALSE(due.bluetooth || due.processes);
+        EXPECT_FALSE(due.accessories || due.bluetooth || due.processes);
         sampler_.took(Sensors::DiskSpace{});
     }
     EXPECT_EQ(measured, 3);  // at 0, 15 and 30
@@ -51,32 +51,38 @@ TEST_F(MachineSamplerTest, TheFirstWatcherStartsEverythingAtOnce) {
 
     EXPECT_TRUE(sampler_.setWatchers(1));
     const auto due = step(0.1);
-    EXPECT_TRUE(due.diskSpace && due.bluetooth && due.processes);
-    EXPECT_THAT(machine_.takeReads(),
-                UnorderedElementsAre(Pair("cpu", 1), Pair("memory", 1), Pair("gpu", 1), Pair("diskIO", 1),
-                                     Pair("network", 1), Pair("temperature", 1), Pair("thermal", 1),
-                                     Pair("load", 1), Pair("battery", 1), Pair("accessories", 1),
-                                     Pair("fans", 1), Pair("connection", 1)));
+    EXPECT_TRUE(due.diskSpace && due.accessories && due.bluetooth && due.processes);
+    EXPECT_THAT(
+        machine_.takeReads(),
+        UnorderedElementsAre(Pair("cpu", 1), Pair("memory", 1), Pair("gpu", 1), Pair("diskIO", 1),
+                             Pair("network", 1), Pair("temperature", 1), Pair("thermal", 1), Pair("load", 1),
+                             Pair("battery", 1), Pair("fans", 1), Pair("connection", 1)));
     EXPECT_FALSE(sampler_.setWatchers(2)) << "the second watcher is owed nothing";
 }
 
 TEST_F(MachineSamplerTest, BlockingReadsKeepTheirPaceAndNeverOverlap) {
     static_cast<void>(sampler_.setWatchers(1));
     std::vector<int> disk;
+    std::vector<int> accessories;
     std::vector<int> bluetooth;
     std::vector<int> processes;
-    for (int tick = 0; tick < 40; ++tick) {
+    for (int tick = 0; tick < 70; ++tick) {
         const auto due = step();
         if (due.diskSpace) disk.push_back(tick);
+        if (due.accessories) accessories.push_back(tick);
         if (due.bluetooth) bluetooth.push_back(tick);
         if (due.processes) processes.push_back(tick);
         if (tick < 20) sampler_.took(std::vector<ProcessInfo>{});
         if (tick < 10) sampler_.took(Sensors::DiskSpace{});
+        if (tick < 15) sampler_.tookAccessories({});
+        if (tick < 30) sampler_.tookBluetooth({});
     }
     EXPECT_THAT(disk, ElementsAre(0, 5, 10));  // the third never came back
+    EXPECT_THAT(accessories, ElementsAre(0, 5, 10, 15));
     EXPECT_THAT(bluetooth, ElementsAre(0, 30));
     EXPECT_THAT(processes, ElementsAre(0, 4, 8, 12, 16, 20));
 
+    sampler_.tookBluetooth({});
     static_cast<void>(machine_.takeReads());
     EXPECT_TRUE(step(60).bluetooth) << "the pace is one of time, however many samples that takes";
     for (int tick = 0; tick < 10; ++tick) EXPECT_FALSE(step(0.5).bluetooth);
@@ -146,8 +152,8 @@ TEST_F(MachineSamplerTest, UsageIsHeldWhereTicksTellNothing) {
 
 TEST_F(MachineSamplerTest, KeepsTheLastFortyValuesAndMergesAccessories) {
     static_cast<void>(sampler_.setWatchers(1));
-    machine_.devices = {{"Mouse", 80}};
-    sampler_.took(std::vector<Sensors::Accessory>{{"Buds", 40}, {"Mouse", 12}});
+    sampler_.tookBluetooth({{"Buds", 40}, {"Mouse", 12}});
+    sampler_.tookAccessories({{"Mouse", 80}});
     for (int tick = 0; tick < 60; ++tick) {
         machine_.gpu = tick < 10 ? std::optional(0.5) : std::nullopt;
         machine_.memoryNow.used = tick;

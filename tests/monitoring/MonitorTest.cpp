@@ -33,6 +33,7 @@ TEST(Monitor, SamplesEveryTwoSecondsAndAtOnceForTheFirstWatcher) {
     testing::ManualClock clock;
     const auto shared = std::make_shared<testing::FakeMachine>();
     testing::FakeMachine& machine = *shared;
+    machine.devices = {{"Mouse", 80}};
     machine.processes = {{.pid = 7, .name = "worker", .cpu = 93.5}};
     std::optional<Monitor> monitor;
     monitor.emplace(over(clock, shared));
@@ -48,6 +49,7 @@ TEST(Monitor, SamplesEveryTwoSecondsAndAtOnceForTheFirstWatcher) {
     EXPECT_TRUE(listed.wait());
     EXPECT_EQ(monitor->figures().processes, machine.processes);
     EXPECT_TRUE(testing::waitUntil([&] { return monitor->figures().disk == machine.space; }));
+    EXPECT_TRUE(testing::waitUntil([&] { return monitor->figures().accessories == machine.devices; }));
     monitor->setProcessWatchers(2);
     EXPECT_EQ(monitor->figures().cpuHistory.size(), 6U);
     monitor->setProcessWatchers(-1);

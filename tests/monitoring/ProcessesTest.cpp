@@ -40,7 +40,7 @@ TEST(Processes, ANoteBelongsToANameOrToItsStart) {
         std::string name;
         std::optional<std::string> sentence;
     };
-    const std::string helper = *explanation({}, "Helper");
+    const std::string helper = "A helper process of an app — usually a browser tab, renderer or extension.";
     const Case cases[] = {
         {"mds", "whole"},           {"mds_stores", std::nullopt},
         {"MDS", std::nullopt},      {"kworker/0:1-events", "start"},

@@ -43,6 +43,10 @@ TEST(StatusTexts, TellTheEdgesApart) {
     EXPECT_EQ(StatusTexts::cpu(figures), (StatusTexts::MetricCard{"CPU", "—", "", "8 cores"}));
     figures.cpu = 0.1499;
     EXPECT_EQ(StatusTexts::cpu(figures), (StatusTexts::MetricCard{"CPU", "14", "%", "idle · 8 cores"}));
+    for (const int percent : {29, 57, 58}) {
+        figures.cpu = percent / 100.0;
+        EXPECT_EQ(StatusTexts::cpu(figures).value, std::to_string(percent));
+    }
     figures.cpu = 0.15;
     figures.load = 0.66;
     EXPECT_EQ(StatusTexts::cpu(figures).footer, "busy · load 0.7 · 8 cores");

@@ -187,6 +187,36 @@ TEST_P(FolderAccessTest, aFailedMoveLeavesBothFoldersAsTheyWere) {
     if (ran == Ran::forbidden) GTEST_SKIP() << "mounting is forbidden here";
 }
 
+/// A file system or a kernel that refuses hard links from a certain one on, as often as is said.
+class FewLinks : public PosixFolderAccess {
+  public:
+    FewLinks(int allowed, int refused) : allowed_(allowed), refused_(refused) {}
+
+  private:
+    std::error_code link(int from, const std::string& fromName, int to,
+                         const std::string& toName) const override {
+        if (allowed_-- > 0 || refused_-- <= 0) return PosixFolderAccess::link(from, fromName, to, toName);
+        return std::make_error_code(std::errc::operation_not_permitted);
+    }
+    mutable int allowed_;
+    mutable int refused_;
+};
+
+TEST(PosixFolderAccessTest, aFileThatCannotBeLinkedStaysUnderItsName) {
+    const Sandbox sandbox;
+    sandbox.text("from/file", "mine");
+    sandbox.folder("to");
+    constexpr int always = 100;
+    for (const auto& access : {FewLinks(0, always), FewLinks(0, 1), FewLinks(1, 1)}) {
+        const auto from = access.openAnchor(sandbox.path("from"));
+        const auto to = access.openAnchor(sandbox.path("to"));
+        EXPECT_EQ(access.moveExclusively(from->get(), "file", to->get(), "file").value(), EPERM);
+        EXPECT_EQ(testing::contentOf(sandbox.path("from/file")), "mine");
+        EXPECT_EQ(std::distance(fs::directory_iterator(sandbox.path("from")), {}), 1);
+        EXPECT_TRUE(fs::is_empty(sandbox.path("to")));
+    }
+}
+
 TEST_P(FolderAccessTest, aFolderThatMayNotBeReadCanStillBeMadeReadable) {
     if (!GetParam().numbersMounts) GTEST_SKIP() << "the portable way cannot open it";
     const auto ran = testing::asOrdinaryUser([] {

@@ -1,14 +1,11 @@
 #include "FixtureTree.h"
-#include "core/FileHandle.h"
+#include "OpenWatch.h"
 #include "platform/linux/GraphicsLoad.h"
 #include "support/Sandbox.h"
 
-#include <array>
 #include <chrono>
 #include <memory>
-#include <set>
 #include <string>
-#include <sys/inotify.h>
 #include <unistd.h>
 #include <vector>
 
@@ -18,6 +15,7 @@ namespace tavrel {
 namespace {
 
 using namespace std::chrono_literals;
+using testing::OpenWatch;
 using testing::plant;
 using testing::Sandbox;
 
@@ -32,28 +30,6 @@ struct PlayedNvidia final : NvidiaLibrary {
     std::vector<std::string> asked;
     std::optional<double> answer;
     bool held = false;
-};
-
-/// Whether any file in a folder, those of its folders left out, is opened while this stands.
-class Opened {
-  public:
-    explicit Opened(const std::filesystem::path& folder) : events_(::inotify_init1(IN_NONBLOCK)) {
-        EXPECT_GE(::inotify_add_watch(events_.get(), folder.c_str(), IN_OPEN), 0);
-    }
-    [[nodiscard]] std::set<std::string> names() const {
-        std::set<std::string> names;
-        alignas(inotify_event) std::array<char, 4096> buffer{};
-        const auto bytes = ::read(events_.get(), buffer.data(), buffer.size());
-        for (std::ptrdiff_t at = 0; at < bytes;) {
-            const auto* event = reinterpret_cast<const inotify_event*>(buffer.data() + at);
-            if (event->len > 0) names.insert(event->name);
-            at += static_cast<std::ptrdiff_t>(sizeof(inotify_event) + event->len);
-        }
-        return names;
-    }
-
-  private:
-    FileHandle events_;
 };
 
 class GraphicsLoadTest : public ::testing::Test {
@@ -80,7 +56,7 @@ TEST_F(GraphicsLoadTest, ASleepingDeviceIsLeftAsleep) {
     sandbox.text(amd + "gpu_busy_percent", "50\n");
     sandbox.text(nvidiaDevice + "power/runtime_status", "suspended\n");
     nvidia->answer = 0.5;
-    const Opened opened(sandbox.path(amd));
+    const OpenWatch opened(sandbox.path(amd));
     EXPECT_EQ(load->busiest(), std::nullopt);
     EXPECT_THAT(opened.names(), ::testing::IsSubsetOf({std::string("power")}));
     EXPECT_TRUE(nvidia->asked.empty());
@@ -174,6 +150,10 @@ TEST_F(GraphicsLoadTest, IntelIsCountedByItsClients) {
     now += 2s;
     client("3", "4", "drm-cycles-rcs:\t350\ndrm-total-cycles-rcs:\t2000\n");
     EXPECT_DOUBLE_EQ(load->busiest().value_or(-1), 0.25);
+    now += 11s;  // nobody watched: a mean of all that time says nothing of now
+    EXPECT_EQ(load->busiest(), std::nullopt);
+    now += 2s;
+    EXPECT_EQ(load->busiest(), 0);
     sandbox.text(intel + "power/runtime_status", "suspended\n");
     EXPECT_EQ(load->busiest(), std::nullopt);
 }

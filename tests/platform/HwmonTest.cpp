@@ -1,10 +1,7 @@
+#include "OpenWatch.h"
 #include "platform/linux/HwmonFans.h"
 #include "platform/linux/HwmonTemperatures.h"
 #include "support/Sandbox.h"
-
-#include <array>
-#include <sys/inotify.h>
-#include <unistd.h>
 
 #include <gmock/gmock.h>
 
@@ -13,6 +10,9 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::IsSubsetOf;
+using ::testing::IsSupersetOf;
+using testing::OpenWatch;
 using testing::Sandbox;
 using Path = std::filesystem::path;
 using Values = std::vector<std::pair<std::string, std::string>>;
@@ -46,21 +46,6 @@ class SysTree {
     Sandbox sandbox_;
 };
 
-/// Tells whether a file has been opened since it was last asked.
-class OpenWatch {
-  public:
-    explicit OpenWatch(const Path& file) : events_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
-        EXPECT_GE(::inotify_add_watch(events_.get(), file.c_str(), IN_OPEN), 0) << file;
-    }
-    [[nodiscard]] bool opened() const {
-        alignas(inotify_event) std::array<char, 4096> buffer;
-        return ::read(events_.get(), buffer.data(), buffer.size()) > 0;
-    }
-
-  private:
-    FileHandle events_;
-};
-
 TEST(HwmonTemperatures, KnowsChipsByNameAndSensorsByLabel) {
     struct Case {
         std::string chip;
@@ -84,7 +69,7 @@ TEST(HwmonTemperatures, KnowsChipsByNameAndSensorsByLabel) {
         {"k10temp", amd, {.cpu = 61.5}},
         {"zenpower", {amd[0], amd[1], amd[4], amd[5]}, {.cpu = 71.0}},
         {"k10temp", single, {.cpu = 48.312}},
-        {"cpu_thermal", single, {.cpu = 48.312}},
+        {"cpu0_thermal", single, {.cpu = 48.312}},
         {"soc_thermal", odd, {.cpu = 67.5}},
         {"acpitz", single, {.cpu = 48.312}},
         {"amdgpu",
@@ -109,6 +94,10 @@ TEST(HwmonTemperatures, PrefersTheProcessorsOwnSensors) {
     sys.zone(0, "acpitz", "20000");
     sys.zone(1, "soc-thermal", "30000");
     EXPECT_EQ(sys.temperatures().cpu, 30.0);
+    sys.zone(3, "bigcore0-thermal", "36000");
+    EXPECT_EQ(sys.temperatures().cpu, 36.0);
+    sys.zone(4, "cpu0-thermal", "37000");
+    EXPECT_EQ(sys.temperatures().cpu, 37.0);
     sys.zone(2, "x86_pkg_temp", "40000");
     EXPECT_EQ(sys.temperatures().cpu, 40.0);
     sys.chip("processor", 1, "k10temp", {{"temp1_label", "Tctl"}, {"temp1_input", "50000"}});
@@ -122,20 +111,18 @@ TEST(Hwmon, ASleepingDeviceIsLeftAsleep) {
     sys.set(folder / "fan1_input", "1000");
     const auto state = [&sys](const char* value) { sys.set("devices/card/power/runtime_status", value); };
     state("suspended");
-    const OpenWatch label(sys.root() / folder / "temp1_label");
-    const OpenWatch input(sys.root() / folder / "temp1_input");
-    const OpenWatch fan(sys.root() / folder / "fan1_input");
+    const OpenWatch watch(sys.root() / folder);
 
     HwmonTemperatures temperatures(sys.root());
     HwmonFans fans(sys.root());
     EXPECT_EQ(temperatures.read(), Temperatures());
     EXPECT_THAT(fans.read(), IsEmpty());
-    EXPECT_FALSE(label.opened() || input.opened() || fan.opened());
+    EXPECT_THAT(watch.names(), IsSubsetOf({"name", "device"}));
 
     state("active");
     EXPECT_EQ(temperatures.read().gpu, 55.0);
     EXPECT_THAT(fans.read(), ElementsAre(Fan{1000, 0}));
-    EXPECT_TRUE(label.opened() && input.opened() && fan.opened());
+    EXPECT_THAT(watch.names(), IsSupersetOf({"temp1_label", "temp1_input", "fan1_input"}));
 
     state("suspending");
     EXPECT_EQ(temperatures.read(), Temperatures());
@@ -163,15 +150,22 @@ TEST(HwmonTemperatures, LooksAgainForALostSensorButRarely) {
     EXPECT_LT(readings, 40);
 }
 
-TEST(HwmonFans, StandInTheOrderOfTheirPlaces) {
+TEST(HwmonFans, TurningOnesOfTheBoardComeFirst) {
     const SysTree sys;
-    sys.chip("platform/z", 0, "nct6775", {{"fan1_input", "900"}});
-    sys.chip("pci/a", 1, "nct6775",
-             {{"fan10_input", "0"}, {"fan2_input", "1200"}, {"fan2_max", "3000"}, {"fan3_input", ""}});
+    const Path card = sys.chip("pci0000:00/a", 1, "amdgpu", {{"fan1_input", "800"}, {"fan2_input", "0"}});
+    sys.chip("platform/z", 0, "nct6775",
+             {{"fan1_input", "0"},
+              {"fan10_input", "900"},
+              {"fan2_input", "1200"},
+              {"fan2_max", "3000"},
+              {"fan3_input", ""}});
     HwmonFans fans(sys.root());
-    EXPECT_THAT(fans.read(), ElementsAre(Fan{1200, 3000}, Fan{0, 0}, Fan{900, 0}));
+    EXPECT_THAT(fans.read(), ElementsAre(Fan{1200, 3000}, Fan{900, 0}, Fan{800, 0}, Fan{0, 0}, Fan{0, 0}));
+    sys.set(card / "fan1_input", "0");  // they keep their places
+    sys.set(card / "fan2_input", "700");
+    EXPECT_THAT(fans.read(), ElementsAre(Fan{1200, 3000}, Fan{900, 0}, Fan{0, 0}, Fan{0, 0}, Fan{700, 0}));
     sys.remove("devices/platform/z");
-    EXPECT_THAT(fans.read(), ElementsAre(Fan{1200, 3000}, Fan{0, 0}));
+    EXPECT_THAT(fans.read(), ElementsAre(Fan{0, 0}, Fan{700, 0}));
     EXPECT_THAT(HwmonFans(sys.root() / "missing").read(), IsEmpty());
 }
 

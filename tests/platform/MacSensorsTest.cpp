@@ -186,7 +186,7 @@ TEST_F(MacSensorsTest, CallsTheConnectionAsPeopleDo) {
         {"en0", "en0", std::nullopt},
     };
     for (const auto& [network, wifi, kind] : cases) {
-        machine.store["State:/Network/Global/IPv4"] = network;
+        machine.store[{"Tavrel", "State:/Network/Global/IPv4"}] = network;
         machine.wifi = wifi;
         EXPECT_EQ(sensors.connectionKind(), kind);
     }

@@ -1,7 +1,9 @@
+#include "OpenWatch.h"
 #include "platform/linux/PowerFigures.h"
 #include "platform/linux/PowerSupply.h"
 #include "support/Sandbox.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,11 +15,13 @@ namespace {
 
 using Accessory = Sensors::Accessory;
 using Battery = Sensors::Battery;
+using ::testing::ElementsAre;
 using testing::Sandbox;
 
-/// Folders by their names, each with its files as "name=content".
-std::vector<PowerSupply> supplies(const std::vector<std::pair<std::string, std::string>>& table) {
-    const Sandbox sandbox;
+/// Folders by their names, each with its files as "name=content", "~" for a blank in it.
+using Table = std::vector<std::pair<std::string, std::string>>;
+
+void plant(const Sandbox& sandbox, const Table& table) {
     for (const auto& [name, attributes] : table) {
         std::string rest = attributes + " ";
         while (!rest.empty()) {
@@ -25,20 +29,26 @@ std::vector<PowerSupply> supplies(const std::vector<std::pair<std::string, std::
             rest.erase(0, pair.size() + 1);
             const std::size_t equals = pair.find('=');
             if (equals == std::string::npos) continue;
-            sandbox.text("sys/class/power_supply/" + name + "/" + pair.substr(0, equals),
-                         pair.substr(equals + 1) + "\n");
+            std::string content = pair.substr(equals + 1) + "\n";
+            std::replace(content.begin(), content.end(), '~', ' ');
+            sandbox.text("sys/class/power_supply/" + name + "/" + pair.substr(0, equals), content);
         }
     }
-    return PowerSupply::readAll(sandbox.path("sys"));
+}
+
+std::optional<Battery> battery(const Table& table) {
+    const Sandbox sandbox;
+    plant(sandbox, table);
+    return PowerFigures::battery(PowerSupply::readAll(sandbox.path("sys"), PowerSupply::Of::machine));
 }
 
 TEST(PowerFigures, ReadsALaptopOnItsBattery) {
-    const auto found = PowerFigures::battery(supplies({
+    const auto found = battery({
         {"AC", "type=Mains online=0"},
         {"BAT0",
          "type=Battery present=1 status=Discharging capacity=99 energy_now=30000000 energy_full=40000000 "
          "energy_full_design=50000000 power_now=10000000 cycle_count=321 temp=314"},
-    }));
+    });
     EXPECT_EQ(found,
               (Battery{.percent = 75, .minutesLeft = 180, .cycles = 321, .health = 80, .temperature = 31.4}));
 }
@@ -68,11 +78,15 @@ TEST(PowerFigures, AddsBatteriesUp) {
         // An empty bay.
         {energy, "present=0 capacity=0", 50, std::nullopt},
         {energy, "energy_now=1 energy_full=0", 50, std::nullopt},
+        // Nothing is lost by rounding.
+        {"capacity=29", "present=0", 29, std::nullopt},
+        {"energy_now=57 energy_full=100", "present=0", 57, std::nullopt},
+        {"charge_now=29 charge_full=50 voltage_now=11430000",
+         "charge_now=29 charge_full=50 voltage_now=11430000", 58, std::nullopt},
     };
     for (const auto& [first, second, percent, minutes] : cases) {
-        const auto found =
-            PowerFigures::battery(supplies({{"BAT0", "type=Battery status=Discharging " + first},
-                                            {"BAT1", "type=Battery scope=System " + second}}));
+        const auto found = battery({{"BAT0", "type=Battery status=Discharging " + first},
+                                    {"BAT1", "type=Battery scope=System " + second}});
         ASSERT_TRUE(found) << second;
         EXPECT_EQ(found->percent, percent) << first << " and " << second;
         EXPECT_EQ(found->minutesLeft, minutes) << first << " and " << second;
@@ -96,10 +110,12 @@ TEST(PowerFigures, KnowsThePlug) {
          std::nullopt},
         {"type=USB scope=Device online=1", "Discharging", false, false, std::nullopt},
         {"type=UPS online=1", "Discharging", false, false, std::nullopt},
+        {"type=UPS online=1", "Full", false, true, std::nullopt},  // no plug tells otherwise
+        {"type=Mains online=0", "Not~charging", false, true, std::nullopt},
+        {"type=Battery capacity=50 status=Not~charging", "Discharging", false, false, std::nullopt},
     };
     for (const auto& [mains, status, charging, pluggedIn, watts] : cases) {
-        const auto found = PowerFigures::battery(
-            supplies({{"plug", mains}, {"BAT0", "type=Battery capacity=50 status=" + status}}));
+        const auto found = battery({{"plug", mains}, {"BAT0", "type=Battery capacity=50 status=" + status}});
         ASSERT_TRUE(found);
         EXPECT_EQ(found->charging, charging) << mains << status;
         EXPECT_EQ(found->pluggedIn, pluggedIn) << mains << status;
@@ -108,34 +124,37 @@ TEST(PowerFigures, KnowsThePlug) {
 }
 
 TEST(PowerFigures, BelievesNoNonsense) {
-    EXPECT_EQ(PowerFigures::battery({}), std::nullopt);
-    EXPECT_EQ(PowerFigures::battery(supplies({{"BAT0", "type=Battery status=Unknown capacity=lots"}})),
-              std::nullopt);
-    EXPECT_EQ(PowerFigures::battery(supplies({{"mouse", "type=Battery scope=Device capacity=50"}})),
-              std::nullopt);
+    EXPECT_EQ(battery({}), std::nullopt);
+    EXPECT_EQ(battery({{"BAT0", "type=Battery status=Unknown capacity=lots"}}), std::nullopt);
     // More than full and better than new, a drain of next to nothing, no count of cycles, an impossible heat.
     EXPECT_EQ(
-        PowerFigures::battery(supplies(
+        battery(
             {{"BAT0",
               "type=Battery energy_now=60 energy_full=50 energy_full_design=40 power_now=-1 cycle_count=0 "
               "temp=9223372036854775807 voltage_now=99999999999999999999"},
-             {"BAT1", "type=Battery energy_now=9223372036854775807 energy_full=9223372036854775807"}})),
+             {"BAT1", "type=Battery energy_now=9223372036854775807 energy_full=9223372036854775807"}}),
         (Battery{.percent = 100, .health = 100}));
-    EXPECT_EQ(
-        PowerFigures::battery(supplies({{"BAT0", "type=Battery energy_now=-5 energy_full=50 capacity=-7"}})),
-        Battery());
+    EXPECT_EQ(battery({{"BAT0", "type=Battery energy_now=-5 energy_full=50 capacity=-7"}}), Battery());
 }
 
 TEST(PowerFigures, DevicesBesideTheMachineAreAccessories) {
-    EXPECT_THAT(PowerFigures::accessories(supplies({
-                    {"BAT0", "type=Battery capacity=50"},
-                    {"hidpp_battery_0", "type=Battery scope=Device capacity_level=Low model_name=Mouse"},
-                    {"hidpp_battery_1", "type=Battery scope=Device capacity=300 model_name=Keyboard\xFF"},
-                    {"hidpp_battery_2", "type=Battery scope=Device capacity_level=Unknown model_name=Pad"},
-                    {"wacom_battery_0", "type=Battery scope=Device capacity=42"},
-                })),
-                ::testing::ElementsAre(Accessory{"Keyboard\uFFFD", 100}, Accessory{"Mouse", 15},
-                                       Accessory{"wacom_battery_0", 42}));
+    const Sandbox sandbox;
+    plant(sandbox, {
+                       {"BAT0", "type=Battery capacity=50"},
+                       {"hidpp_battery_0", "type=Battery scope=Device capacity_level=Low model_name=Mouse"},
+                       {"hidpp_battery_1", "type=Battery scope=Device capacity=300 model_name=Keyboard\xFF"},
+                       {"hidpp_battery_2", "type=Battery scope=Device capacity_level=Unknown model_name=Pad"},
+                       {"hidpp_battery_3", "type=Battery scope=Device capacity=20 model_name=Mouse"},
+                       {"wacom_battery_0", "type=Battery scope=Device capacity=42"},
+                   });
+    const auto read = [&](PowerSupply::Of owner) { return PowerSupply::readAll(sandbox.path("sys"), owner); };
+    EXPECT_THAT(PowerFigures::accessories(read(PowerSupply::Of::devices)),
+                ElementsAre(Accessory{"Keyboard\uFFFD", 100}, Accessory{"Mouse", 20},
+                            Accessory{"wacom_battery_0", 42}));
+    // A sleeping one is not asked for the machine's own figures.
+    const testing::OpenWatch mouse(sandbox.path("sys/class/power_supply/hidpp_battery_0"));
+    EXPECT_EQ(PowerFigures::battery(read(PowerSupply::Of::machine)), Battery{.percent = 50});
+    EXPECT_THAT(mouse.names(), ElementsAre("scope", "type"));
 }
 
 }  // namespace

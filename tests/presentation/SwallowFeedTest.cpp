@@ -30,12 +30,12 @@ class SwallowFeedTest : public ::testing::Test {
         });
         return *feed;
     }
-    [[nodiscard]] double elapsed() const { return inSeconds(clock.now() - start); }
+    [[nodiscard]] double elapsed() const { return inSeconds(clock.uptime() - start); }
 
     FakeIconSource source;
     FileIcons icons{source, {}};
     ManualClock clock;
-    const Instant start = clock.now();
+    const Instant start = clock.uptime();
     std::vector<std::int64_t> ids;
     std::vector<Instant> releases;
     std::unique_ptr<SwallowFeed> feed;
@@ -52,7 +52,9 @@ TEST_F(SwallowFeedTest, InstantWorkIsShownInEvenWavesForItsMinimum) {
     feed->finish();
     EXPECT_EQ(feed->remaining(), 100'000'000);
     const auto task = feed->run(3);
-    clock.advance(3.0);
+    clock.advance(2.9);
+    clock.set(-std::chrono::hours(1));  // by a person: the show does not wait for it
+    clock.advance(0.1);
     EXPECT_FALSE(task.isReady());
     EXPECT_THAT(ids, ElementsAre(10, 20, 30, 40, 50, 60, 70, 80, 90, 100));
     EXPECT_EQ(releases.back() - releases.front(), seconds(2.7));

@@ -67,7 +67,7 @@ class FakeMachine : public Sensors, public TemperatureReader, public ProcessSour
     std::optional<std::string> connectionKind() override { return count("connection"), kind; }
     std::optional<double> loadAverage() override { return count("load"), load; }
     std::optional<Battery> battery() override { return count("battery"), cell; }
-    std::vector<Accessory> accessories() override { return count("accessories"), devices; }
+    std::vector<Accessory> accessories() const override { return devices; }
     std::vector<Accessory> bluetoothBatteries() const override { return audio; }
     std::optional<ThermalState> thermalState() override { return count("thermal"), heat; }
     Temperatures read() override { return count("temperature"), temperatures; }

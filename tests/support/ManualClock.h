@@ -17,7 +17,7 @@ class ManualClock final : public Clock {
     /// Lets whoever still waits go on, so that no coroutine stays half done.
     ~ManualClock() override { drain(); }
 
-    [[nodiscard]] Instant now() const override { return now_; }
+    [[nodiscard]] Instant now() const override { return now_ + set_; }
     [[nodiscard]] Instant uptime() const override { return now_; }
 
     void after(Duration delay, std::function<void()> action) override {
@@ -38,6 +38,9 @@ class ManualClock final : public Clock {
         while (!waiters_.empty()) wakeFirst();
     }
 
+    /// As a person sets the clock; what was asked for comes when it would have.
+    void set(Duration by) { set_ += by; }
+
     [[nodiscard]] std::size_t waiting() const { return waiters_.size(); }
 
   private:
@@ -48,6 +51,7 @@ class ManualClock final : public Clock {
     }
 
     Instant now_;
+    Duration set_{};
     std::multimap<Instant, std::function<void()>> waiters_;
 };
 

@@ -52,23 +52,19 @@ double streaks(double radius, double azimuth) {
     return sum / 1.09;
 }
 
-/// Energy that a ring of the disc radiates, 1 at its brightest (Shakura and Sunyaev, 1973).
+/// Energy that a ring of the disc radiates, 1 at its brightest (Shakura and Sunyaev, "Black holes in binary
+/// systems. Observational appearance", Astronomy and Astrophysics 24, 1973).
 double flux(double radius) {
     constexpr double brightest = 0.00210;  // the greatest value of the formula, near 1.36 times `inner`
     return (1 - std::sqrt(inner / radius)) / (radius * radius * radius) / brightest;
 }
 
-/// How the frequency changes between gas and eye: by its motion, and by the climb out of the hole
-/// (Luminet, 1979). Above 1 where the gas comes towards the eye.
+/// How the frequency changes between gas and eye, by the motion of the gas and the climb out of the hole
+/// (Luminet, "Image of a spherical black hole with thin accretion disk", Astronomy and Astrophysics 75, 1979,
+/// equation 19). Above 1 where the gas comes towards the eye: on the left.
 double shift(const Crossing& crossing) {
-    const double radius = crossing.radius;
-    const double speed = std::sqrt(0.5 / (radius - 1));  // of a circular orbit, of that of light
-    const double lorentz = 1 / std::sqrt(1 - speed * speed);
-    // The gas on the left comes towards an eye that looks along -z.
-    const double vx = -std::sin(crossing.azimuth) * speed;
-    const double vz = std::cos(crossing.azimuth) * speed;
-    const double towards = -(vx * crossing.towardsEye.x + vz * crossing.towardsEye.z);
-    return std::sqrt(1 - 1 / radius) / (lorentz * (1 - towards));
+    const double angularSpeed = std::sqrt(0.5 / (crossing.radius * crossing.radius * crossing.radius));
+    return std::sqrt(1 - 1.5 / crossing.radius) / (1 - angularSpeed * crossing.spin);
 }
 
 /// From deep orange over orange and peach to white-hot, linear.
@@ -97,11 +93,14 @@ Light light(const Crossing& crossing) {
     if (radius <= inner || radius >= outer) return {};
     const double edge = smoothstep(inner, inner + 0.25, radius) * (1 - smoothstep(4.6, outer, radius));
     const double texture = 0.35 + 1.05 * streaks(radius, crossing.azimuth);
-    const double g = shift(crossing);
-    // The fourth power of the shift, tamed: the far side would be black beside the near one.
-    const double brightness = std::pow(flux(radius), 0.42) * std::pow(g, 2.6) * texture * edge;
-    Light light = colourOf(0.62 * std::pow(brightness, 0.75));
-    const double strength = std::min(brightness * 1.25, 2.2);
+    // A black body's light grows with the fourth power of its temperature, and the shift makes it look hotter
+    // by as much as it raises the frequency.
+    const double brightness = std::pow(shift(crossing), 4) * flux(radius) * texture * edge;
+    const double temperature = std::pow(brightness, 0.25);
+    // For the eye: colours further apart than a black body's, and light pressed together, as the side that
+    // goes away would be black beside the one that comes.
+    Light light = colourOf(0.62 * temperature * temperature);
+    const double strength = std::min(1.25 * std::pow(brightness, 0.65), 2.2);
     light.red *= strength;
     light.green *= strength;
     light.blue *= strength;

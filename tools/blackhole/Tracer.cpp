@@ -23,14 +23,14 @@ double length(const Vector& a) {
     return std::sqrt(dot(a, a));
 }
 
-Crossing crossingBetween(const Vector& before, const Vector& after, const Vector& velocity) {
+/// `spin` is the same all along a ray.
+Crossing crossingBetween(const Vector& before, const Vector& after, double spin) {
     const double part = before.y / (before.y - after.y);
     const Vector place = before * (1 - part) + after * part;
     return {
         .radius = std::hypot(place.x, place.z),
         .azimuth = std::atan2(place.z, place.x),
-        .place = place,
-        .towardsEye = velocity * (-1 / length(velocity)),
+        .spin = spin,
     };
 }
 
@@ -59,11 +59,11 @@ Path trace(Vector from, Vector direction, const std::function<bool(const Crossin
         if (radius < horizon) return {End::captured, closest};
         if (radius > farAway) return {End::escaped, closest};
         const double dt = std::max(finestStep, stepPerRadius * radius);
-        // Velocity Verlet: keeps the energy of orbits that nearly close.
+        // Velocity Verlet, of second order; its errors stay small as the steps shrink towards the hole.
         const Vector next = place + velocity * dt + acceleration * (dt * dt / 2);
         const Vector nextAcceleration = pull(next);
         velocity = velocity + (acceleration + nextAcceleration) * (dt / 2);
-        if (place.y * next.y < 0 && !visit(crossingBetween(place, next, velocity)))
+        if (place.y * next.y < 0 && !visit(crossingBetween(place, next, -momentum.y)))
             return {End::escaped, closest};
         place = next;
         acceleration = nextAcceleration;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <functional>
 
 namespace blackhole {
@@ -19,12 +18,12 @@ struct Path {
     double closest = 0;  // how near it came to the middle
 };
 
-/// Where a ray crosses the plane of the disc: the place, and the direction in which the light left it.
+/// Where a ray crosses the plane of the disc.
 struct Crossing {
     double radius = 0;  // in Schwarzschild radii, as all lengths here
     double azimuth = 0;
-    Vector place;
-    Vector towardsEye;  // of length 1
+    double spin =
+        0;  // angular momentum about the disc's axis of the light on its way to the eye, for energy 1
 };
 
 /// Follows one ray of light back from the eye through the space around a hole that does not rotate. Every

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdint>
 #include <iostream>
+#include <limits>
 #include <thread>
 #include <vector>
 
@@ -19,7 +20,6 @@ namespace {
 using namespace blackhole;
 
 constexpr int side = 760;         // pixels of the art
-constexpr int samples = 2;        // per pixel, across and along
 constexpr double halfView = 8.1;  // Schwarzschild radii from the middle to the edge
 constexpr double distance = 60;
 constexpr double elevation = 0.30;  // radians above the disc's plane
@@ -65,22 +65,42 @@ std::size_t indexOf(int row, int column, int width) {
     return static_cast<std::size_t>(row) * static_cast<std::size_t>(width) + static_cast<std::size_t>(column);
 }
 
-void drawRows(Picture& picture, int first, int step) {
+/// The mean of `samples` by `samples` rays through a pixel, and how much the brightest is above the darkest.
+struct Pixel {
+    Sum mean;
+    double contrast = 0;
+};
+
+Pixel lookThrough(int column, int row, int samples) {
     constexpr double pixel = 2 * halfView / side;
+    const double share = 1.0 / (samples * samples);
+    Sum mean;
+    double darkest = std::numeric_limits<double>::infinity();
+    double brightest = 0;
+    for (int i = 0; i < samples * samples; ++i) {
+        const int down = i / samples;
+        const double x = column + (static_cast<double>(i % samples) + 0.5) / samples;
+        const double y = row + (static_cast<double>(down) + 0.5) / samples;
+        const Sum seen = look(x * pixel - halfView, halfView - y * pixel);
+        darkest = std::min(darkest, seen.red);
+        brightest = std::max(brightest, seen.red);
+        mean.red += seen.red * share;
+        mean.green += seen.green * share;
+        mean.blue += seen.blue * share;
+        mean.cover += seen.cover * share;
+    }
+    return {mean, brightest - darkest};
+}
+
+/// Where light changes within a pixel, as at the thin ring of light that went round the hole, many rays are
+/// needed for a smooth edge.
+void drawRows(Picture& picture, int first, int step) {
+    constexpr double smooth = 0.1;
     for (int row = first; row < side; row += step) {
         for (int column = 0; column < side; ++column) {
-            Sum& at = picture[indexOf(row, column, side)];
-            for (int i = 0; i < samples * samples; ++i) {
-                const int down = i / samples;
-                const double x = column + (static_cast<double>(i % samples) + 0.5) / samples;
-                const double y = row + (static_cast<double>(down) + 0.5) / samples;
-                const Sum seen = look(x * pixel - halfView, halfView - y * pixel);
-                constexpr double share = 1.0 / (samples * samples);
-                at.red += seen.red * share;
-                at.green += seen.green * share;
-                at.blue += seen.blue * share;
-                at.cover += seen.cover * share;
-            }
+            const Pixel coarse = lookThrough(column, row, 2);
+            picture[indexOf(row, column, side)] =
+                coarse.contrast < smooth ? coarse.mean : lookThrough(column, row, 6).mean;
         }
     }
 }
@@ -105,8 +125,7 @@ int byte(double value) {
     return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0) * 255));
 }
 
-/// Where gas is thin it must not darken what lies behind: its cover is no more than its light, save in the
-/// shadow.
+/// A pixel is never brighter than what it covers, as premultiplied pictures have it.
 QImage imageOf(const Picture& picture, int width) {
     QImage image(width, width, QImage::Format_ARGB32_Premultiplied);
     for (int row = 0; row < width; ++row) {

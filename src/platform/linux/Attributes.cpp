@@ -1,6 +1,5 @@
 #include "platform/linux/Attributes.h"
 
-#include "core/FileHandle.h"
 #include "core/Text.h"
 #include "platform/linux/KernelText.h"
 
@@ -10,13 +9,18 @@
 
 namespace tavrel::Attributes {
 
-std::optional<std::string> text(const std::filesystem::path& file, std::size_t limit) {
-    const FileHandle handle(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    if (!handle) return std::nullopt;
+FileHandle open(const std::filesystem::path& file) {
+    // Without O_NONBLOCK a pipe in the place of a file would hold the reader up.
+    return FileHandle(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+}
+
+std::optional<std::string> text(const FileHandle& file, std::size_t limit) {
+    if (!file) return std::nullopt;
     std::string content(limit, '\0');
     std::size_t filled = 0;
     while (filled < limit) {
-        const auto got = ::read(handle.get(), content.data() + filled, limit - filled);
+        const auto got =
+            ::pread(file.get(), content.data() + filled, limit - filled, static_cast<off_t>(filled));
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return std::nullopt;
         if (got == 0) break;
@@ -26,9 +30,17 @@ std::optional<std::string> text(const std::filesystem::path& file, std::size_t l
     return Text::trimmed(content);
 }
 
-std::optional<std::int64_t> number(const std::filesystem::path& file) {
+std::optional<std::string> text(const std::filesystem::path& file, std::size_t limit) {
+    return text(open(file), limit);
+}
+
+std::optional<std::int64_t> number(const FileHandle& file) {
     const auto content = text(file);
     return content ? KernelText::number<std::int64_t>(*content) : std::nullopt;
+}
+
+std::optional<std::int64_t> number(const std::filesystem::path& file) {
+    return number(open(file));
 }
 
 }  // namespace tavrel::Attributes

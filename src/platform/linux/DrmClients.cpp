@@ -19,6 +19,9 @@ constexpr int looksEachCall = 500;
 constexpr int handlesOfAProcess = 250;
 constexpr std::size_t mostHandles = 200;
 
+/// What came before is a mean of the past, of a time when nobody watched, say.
+constexpr std::chrono::seconds oldestLook{10};
+
 bool isOwn(const fs::path& process) {
     struct stat status {};
     return ::stat(process.c_str(), &status) == 0 && status.st_uid == ::geteuid();
@@ -47,7 +50,7 @@ std::optional<double> DrmClients::load(const std::set<std::string>& devices, Tim
     std::map<Key, DrmClient> clients = readClients(devices);
     const std::optional<Time> earlier = std::exchange(readAt_, now);
     std::swap(clients, before_);  // `clients` are now those of the last call
-    if (!earlier || now <= *earlier) return std::nullopt;
+    if (!earlier || now <= *earlier || now - *earlier > oldestLook) return std::nullopt;
     std::map<std::string, Work> work;
     for (const auto& [key, client] : before_) {
         const auto last = clients.find(key);

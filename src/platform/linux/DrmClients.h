@@ -20,7 +20,8 @@ class DrmClients {
 
     explicit DrmClients(std::filesystem::path proc) : proc_(std::move(proc)) {}
 
-    /// The busiest of `devices` since the last call, 0 to 1. The first call has nothing to compare with.
+    /// The busiest of `devices` since the last call, 0 to 1. A call with none before
+    /// it, or none lately, has nothing to compare with.
     [[nodiscard]] std::optional<double> load(const std::set<std::string>& devices, Time now);
 
   private:

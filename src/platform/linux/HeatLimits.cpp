@@ -1,21 +1,17 @@
 #include "platform/linux/HeatLimits.h"
 
-#include "core/Files.h"
-#include "core/Text.h"
 #include "platform/linux/Attributes.h"
-#include "platform/linux/KernelText.h"
+#include "platform/linux/HeatSources.h"
+#include "platform/linux/Hwmon.h"
 
 #include <algorithm>
 #include <iterator>
-#include <string>
 
 namespace tavrel {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::string_view processorChips[] = {"coretemp", "k10temp", "zenpower", "cpu_thermal", "acpitz"};
 
 // In thousandths of a degree. Firmware that has no limit to tell is known to give 0, 255 or less than
 // nothing.
@@ -29,15 +25,16 @@ constexpr double fairShare = 0.85;
 constexpr double seriousShare = 0.95;
 constexpr double criticalShare = 1;
 
-bool isProcessorChip(const fs::path& chip) {
-    const auto name = Attributes::text(chip / "name");
-    return std::find(std::begin(processorChips), std::end(processorChips), name) != std::end(processorChips);
+bool isProcessorChip(const Hwmon::Chip& chip) {
+    const auto isIt = [&](const HeatSources::Chip& row) { return chip.name.starts_with(row.name); };
+    return isIt(HeatSources::lastResort) ||
+           std::any_of(std::begin(HeatSources::processors), std::end(HeatSources::processors), isIt);
 }
 
 /// The critical mark; where there is none, the mark at which the chip counts as hot.
-std::optional<double> limitOf(const fs::path& chip, const std::string& sensor) {
+std::optional<double> limitOf(const fs::path& chip, int sensor) {
     for (const char* mark : {"_crit", "_max"}) {
-        const auto value = Attributes::number(chip / (sensor + mark));
+        const auto value = Attributes::number(Hwmon::file(chip, "temp", sensor, mark));
         if (!value) continue;
         const auto limit = static_cast<double>(*value);
         if (limit >= lowestLimit && limit <= highestLimit) return limit;
@@ -45,23 +42,19 @@ std::optional<double> limitOf(const fs::path& chip, const std::string& sensor) {
     return std::nullopt;
 }
 
-std::vector<std::string> sensorsOf(const fs::path& chip) {
-    constexpr std::string_view input = "_input";
-    std::vector<std::string> all;
-    std::vector<std::string> ofPackages;  // the hottest core is in them already
-    for (std::string name : Files::names(chip)) {
-        if (!name.starts_with("temp") || !name.ends_with(input)) continue;
-        name.resize(name.size() - input.size());
-        const auto label = Attributes::text(chip / (name + "_label"));
-        if (label && label->starts_with("Package")) ofPackages.push_back(name);
-        all.push_back(std::move(name));
+std::vector<int> sensorsOf(const fs::path& chip) {
+    std::vector<int> all = Hwmon::inputs(chip, "temp");
+    std::vector<int> ofPackages;  // the hottest core is in them already
+    for (const int sensor : all) {
+        const auto label = Attributes::text(Hwmon::file(chip, "temp", sensor, "_label"));
+        if (label && label->starts_with("Package")) ofPackages.push_back(sensor);
     }
     return ofPackages.empty() ? all : ofPackages;
 }
 
 }  // namespace
 
-HeatLimits::HeatLimits(const fs::path& sys) : folder_(sys / "class/hwmon") {
+HeatLimits::HeatLimits(const fs::path& sys) : sys_(sys) {
     look();
 }
 
@@ -84,23 +77,23 @@ Sensors::ThermalState HeatLimits::stateAt(double shareOfLimit) {
 
 void HeatLimits::look() {
     sensors_.clear();
-    for (const std::string& name : Files::names(folder_)) {
-        if (isProcessorChip(folder_ / name)) lookIn(folder_ / name);
+    for (const Hwmon::Chip& chip : Hwmon::chips(sys_)) {
+        if (isProcessorChip(chip)) lookIn(chip.folder);
     }
 }
 
 void HeatLimits::lookIn(const fs::path& chip) {
-    for (const std::string& sensor : sensorsOf(chip)) {
+    for (const int sensor : sensorsOf(chip)) {
         const auto limit = limitOf(chip, sensor);
         if (!limit) continue;
-        Sensor found{KernelFile(chip / (sensor + "_input"), KernelFile::Lost::tell), *limit};
+        Sensor found{Attributes::open(Hwmon::file(chip, "temp", sensor, "_input")), *limit};
         if (found.shareOfLimit()) sensors_.push_back(std::move(found));
     }
 }
 
-std::optional<double> HeatLimits::largestShare() {
+std::optional<double> HeatLimits::largestShare() const {
     std::optional<double> largest;
-    for (Sensor& sensor : sensors_) {
+    for (const Sensor& sensor : sensors_) {
         const auto share = sensor.shareOfLimit();
         if (!share) return std::nullopt;
         largest = std::max(largest, share);
@@ -108,11 +101,8 @@ std::optional<double> HeatLimits::largestShare() {
     return largest;
 }
 
-std::optional<double> HeatLimits::Sensor::shareOfLimit() {
-    const auto text = input.read();
-    if (!text) return std::nullopt;
-    std::string_view words = *text;
-    const auto heat = KernelText::number<std::int64_t>(KernelText::takeWord(words));
+std::optional<double> HeatLimits::Sensor::shareOfLimit() const {
+    const auto heat = Attributes::number(input);
     if (!heat || static_cast<double>(*heat) > highestHeat) return std::nullopt;
     return static_cast<double>(*heat) / limit;
 }

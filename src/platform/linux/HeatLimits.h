@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/FileHandle.h"
 #include "platform/Sensors.h"
-#include "platform/linux/KernelFile.h"
 
 #include <filesystem>
 #include <optional>
@@ -24,18 +24,18 @@ class HeatLimits {
 
   private:
     struct Sensor {
-        KernelFile input;
+        FileHandle input;
         double limit = 0;  // thousandths of a degree, as the input
 
-        [[nodiscard]] std::optional<double> shareOfLimit();
+        [[nodiscard]] std::optional<double> shareOfLimit() const;
     };
 
     void look();
     void lookIn(const std::filesystem::path& chip);
     /// Nothing as soon as one sensor fails.
-    [[nodiscard]] std::optional<double> largestShare();
+    [[nodiscard]] std::optional<double> largestShare() const;
 
-    std::filesystem::path folder_;
+    std::filesystem::path sys_;
     std::vector<Sensor> sensors_;
 };
 

@@ -1,19 +1,15 @@
 #include "platform/linux/Hwmon.h"
 
 #include "core/Files.h"
+#include "platform/linux/Attributes.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace tavrel::Hwmon {
 namespace {
 
 using Path = std::filesystem::path;
-
-constexpr std::size_t longestLine = 128;  // names, labels and figures are far shorter
 
 }  // namespace
 
@@ -24,7 +20,7 @@ std::vector<Chip> chips(const Path& sysRoot) {
         std::error_code error;
         Path folder = std::filesystem::canonical(all / entry, error);
         if (error) continue;
-        std::string name = text(open(folder / "name"));
+        std::string name = Attributes::text(folder / "name").value_or("");
         if (!name.empty()) found.push_back({std::move(folder), std::move(name)});
     }
     std::sort(found.begin(), found.end(), [](const Chip& a, const Chip& b) { return a.folder < b.folder; });
@@ -49,32 +45,11 @@ Path file(const Path& folder, std::string_view kind, int number, std::string_vie
 }
 
 FileHandle powerState(const Path& folder) {
-    return open(folder / "device/power/runtime_status");
+    return Attributes::open(folder / "device/power/runtime_status");
 }
 
 bool sleeps(const FileHandle& powerState) {
-    return text(powerState).starts_with("suspend");  // "suspended", "suspending"
-}
-
-FileHandle open(const Path& path) {
-    return FileHandle(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-}
-
-std::string text(const FileHandle& file) {
-    std::array<char, longestLine> line;
-    const ssize_t length = ::pread(file.get(), line.data(), line.size(), 0);
-    if (length <= 0) return {};
-    const std::string_view read(line.data(), static_cast<std::size_t>(length));
-    return std::string(read.substr(0, read.find('\n')));
-}
-
-std::optional<std::int64_t> number(const FileHandle& file) {
-    const std::string line = text(file);
-    std::int64_t value = 0;
-    const char* const end = line.data() + line.size();
-    const auto [rest, error] = std::from_chars(line.data(), end, value);
-    if (error != std::errc() || rest != end) return std::nullopt;
-    return value;
+    return Attributes::text(powerState).value_or("").starts_with("suspend");  // "suspended", "suspending"
 }
 
 }  // namespace tavrel::Hwmon

@@ -2,9 +2,7 @@
 
 #include "core/FileHandle.h"
 
-#include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,12 +31,5 @@ struct Chip {
 /// anything else would.
 [[nodiscard]] FileHandle powerState(const std::filesystem::path& folder);
 [[nodiscard]] bool sleeps(const FileHandle& powerState);
-
-/// Empty where the file cannot be opened.
-[[nodiscard]] FileHandle open(const std::filesystem::path& path);
-/// The file's one line, read anew at each call; empty on failure, as for an empty handle.
-[[nodiscard]] std::string text(const FileHandle& file);
-/// The whole number in it; nothing where there is none.
-[[nodiscard]] std::optional<std::int64_t> number(const FileHandle& file);
 
 }  // namespace tavrel::Hwmon

@@ -1,6 +1,7 @@
 #include "platform/linux/HwmonFans.h"
 
 #include "core/Files.h"
+#include "platform/linux/Attributes.h"
 
 #include <algorithm>
 
@@ -10,7 +11,12 @@ namespace {
 using Path = std::filesystem::path;
 
 std::optional<std::int64_t> figure(const Path& folder, int number, std::string_view suffix) {
-    return Hwmon::number(Hwmon::open(Hwmon::file(folder, "fan", number, suffix)));
+    return Attributes::number(Hwmon::file(folder, "fan", number, suffix));
+}
+
+/// Of a graphics card, say; the chips of the board are platform or ACPI devices.
+bool isOnPci(const Path& folder) {
+    return folder.native().find("/pci") != std::string::npos;
 }
 
 bool asleep(const Path& folder) {
@@ -23,6 +29,12 @@ HwmonFans::HwmonFans(const Path& sysRoot) {
     for (const Hwmon::Chip& chip : Hwmon::chips(sysRoot)) {
         for (const int number : Hwmon::inputs(chip.folder, "fan")) fans_.push_back({chip.folder, number});
     }
+    const auto boardFirst = [](const Entry& fan) { return !isOnPci(fan.folder); };
+    std::stable_partition(fans_.begin(), fans_.end(), boardFirst);
+    const auto turningFirst = [](const Entry& fan) {
+        return !asleep(fan.folder) && figure(fan.folder, fan.number, "_input").value_or(0) > 0;
+    };
+    std::stable_partition(fans_.begin(), fans_.end(), turningFirst);
 }
 
 std::vector<Fan> HwmonFans::read() {

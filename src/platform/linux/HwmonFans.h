@@ -5,8 +5,10 @@
 
 namespace tavrel {
 
-/// Fans from the sensor chips of the kernel, found once, when made; in the order of the chips' places and of
-/// their numbers there. Those of a device that sleeps are left alone and have no entry meanwhile.
+/// Fans from the sensor chips of the kernel, found once, when made. The first stands for all where only one
+/// is shown, so those that then turn come before those that stand still, those of the board before those of
+/// cards; else in the order of the chips' places and of their numbers there. Fans of a device that sleeps are
+/// left alone and have no entry meanwhile.
 class HwmonFans final : public FanReader {
   public:
     explicit HwmonFans(const std::filesystem::path& sysRoot = "/sys");

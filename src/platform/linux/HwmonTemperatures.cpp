@@ -1,6 +1,7 @@
 #include "platform/linux/HwmonTemperatures.h"
 
 #include "core/Files.h"
+#include "platform/linux/Attributes.h"
 #include "platform/linux/Hwmon.h"
 
 #include <utility>
@@ -16,39 +17,18 @@ constexpr int readingsBetweenFinds = 30;
 constexpr double lowest = 5.0;
 constexpr double highest = 130.0;
 
-struct ChipRow {
-    std::string_view name;
-    HwmonTemperatures::Labels labels;
-};
-
-/// Best first: the first that is there is the one to use.
-constexpr ChipRow cpuChips[] = {
-    {"coretemp", {"Package id ", "Core "}},
-    {"k10temp", {"Tdie", "Tctl"}},
-    {"zenpower", {"Tdie", "Tctl"}},
-    {"cpu_thermal", {}},
-    {"soc_thermal", {}},
-};
-/// Every one that is there.
-constexpr ChipRow gpuChips[] = {
-    {"amdgpu", {"edge"}}, {"radeon", {}}, {"nouveau", {}}, {"i915", {"pkg"}}, {"xe", {"pkg"}},
-};
-
-constexpr std::string_view cpuZones[] = {"x86_pkg_temp", "cpu-thermal", "soc-thermal"};
-/// Some place of the board, often near the processors.
-constexpr ChipRow lastResort = {"acpitz", {}};
-
 /// The sensors of a chip whose labels begin with the first of `labels` that any has.
-std::vector<FileHandle> sensorsOf(const Path& folder, const HwmonTemperatures::Labels& labels) {
+std::vector<FileHandle> sensorsOf(const Path& folder, const HeatSources::Labels& labels) {
     std::vector<std::pair<std::string, int>> all;
     for (const int number : Hwmon::inputs(folder, "temp")) {
-        all.emplace_back(Hwmon::text(Hwmon::open(Hwmon::file(folder, "temp", number, "_label"))), number);
+        const auto label = Attributes::text(Hwmon::file(folder, "temp", number, "_label"));
+        all.emplace_back(label.value_or(""), number);
     }
     std::vector<FileHandle> found;
     for (const std::string_view wanted : labels) {
         for (const auto& [label, number] : all) {
             if (!label.starts_with(wanted)) continue;
-            FileHandle input = Hwmon::open(Hwmon::file(folder, "temp", number, "_input"));
+            FileHandle input = Attributes::open(Hwmon::file(folder, "temp", number, "_input"));
             if (input) found.push_back(std::move(input));
         }
         if (!found.empty()) break;
@@ -60,8 +40,8 @@ std::vector<FileHandle> zonesOf(const Path& sysRoot, std::string_view type) {
     const Path all = sysRoot / "class/thermal";
     std::vector<FileHandle> found;
     for (const std::string& zone : Files::names(all)) {
-        if (Hwmon::text(Hwmon::open(all / zone / "type")) != type) continue;
-        FileHandle temperature = Hwmon::open(all / zone / "temp");
+        if (!Attributes::text(all / zone / "type").value_or("").starts_with(type)) continue;
+        FileHandle temperature = Attributes::open(all / zone / "temp");
         if (temperature) found.push_back(std::move(temperature));
     }
     return found;
@@ -77,24 +57,24 @@ void HwmonTemperatures::findSources() {
     cpu_.clear();
     gpu_.clear();
     const std::vector<Hwmon::Chip> chips = Hwmon::chips(sysRoot_);
-    const auto add = [&](std::vector<Source>& sources, const ChipRow& row) {
+    const auto add = [&](std::vector<Source>& sources, const HeatSources::Chip& row) {
         for (const Hwmon::Chip& chip : chips) {
-            if (chip.name == row.name)
+            if (chip.name.starts_with(row.name))
                 sources.push_back({chip.folder, row.labels, Hwmon::powerState(chip.folder), {}});
         }
     };
-    for (const ChipRow& row : gpuChips) add(gpu_, row);
-    for (const ChipRow& row : cpuChips) {
+    for (const HeatSources::Chip& row : HeatSources::graphics) add(gpu_, row);
+    for (const HeatSources::Chip& row : HeatSources::processors) {
         if (!cpu_.empty()) break;
         add(cpu_, row);
         std::erase_if(cpu_, [](Source& source) { return awake(source) && source.sensors.empty(); });
     }
-    for (const std::string_view type : cpuZones) {
+    for (const std::string_view type : HeatSources::processorZones) {
         if (!cpu_.empty()) break;
         std::vector<FileHandle> zones = zonesOf(sysRoot_, type);
         if (!zones.empty()) cpu_.push_back({.sensors = std::move(zones), .found = true});
     }
-    if (cpu_.empty()) add(cpu_, lastResort);
+    if (cpu_.empty()) add(cpu_, HeatSources::lastResort);
 }
 
 Temperatures HwmonTemperatures::read() {
@@ -122,7 +102,7 @@ std::optional<double> HwmonTemperatures::mean(std::vector<Source>& sources) {
     for (Source& source : sources) {
         if (!awake(source)) continue;
         for (const FileHandle& sensor : source.sensors) {
-            const auto thousandths = Hwmon::number(sensor);
+            const auto thousandths = Attributes::number(sensor);
             if (!thousandths) lost_ = true;
             const double celsius = static_cast<double>(thousandths.value_or(0)) / 1000;
             if (celsius <= lowest || celsius >= highest) continue;

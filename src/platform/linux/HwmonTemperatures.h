@@ -2,10 +2,9 @@
 
 #include "core/FileHandle.h"
 #include "platform/TemperatureReader.h"
+#include "platform/linux/HeatSources.h"
 
-#include <array>
 #include <filesystem>
-#include <string_view>
 #include <vector>
 
 namespace tavrel {
@@ -18,9 +17,6 @@ namespace tavrel {
 /// them from resting.
 class HwmonTemperatures final : public TemperatureReader {
   public:
-    /// What precedes the labels of the sensors to use, best first; an empty one takes every sensor.
-    using Labels = std::array<std::string_view, 3>;
-
     explicit HwmonTemperatures(std::filesystem::path sysRoot = "/sys");
 
     [[nodiscard]] Temperatures read() override;
@@ -28,7 +24,7 @@ class HwmonTemperatures final : public TemperatureReader {
   private:
     struct Source {
         std::filesystem::path folder;
-        Labels labels;
+        HeatSources::Labels labels;
         FileHandle powerState;  // empty where the device has none
         std::vector<FileHandle> sensors;
         bool found = false;  // whether its sensors have been looked for; not while it sleeps

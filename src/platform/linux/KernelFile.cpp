@@ -1,8 +1,9 @@
 #include "platform/linux/KernelFile.h"
 
+#include "platform/linux/Attributes.h"
+
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace tavrel {
@@ -14,19 +15,9 @@ constexpr std::size_t firstBytes = 8192;
 }  // namespace
 
 std::optional<std::string_view> KernelFile::read() {
-    if (!handle_ && (!opened_ || lost_ == Lost::reopen)) open();
-    auto text = readOpened();
-    if (text || !handle_) return text;
-    handle_.close();
-    if (lost_ == Lost::tell) return std::nullopt;
-    open();
+    if (const auto text = readOpened()) return text;
+    handle_ = Attributes::open(path_);
     return readOpened();
-}
-
-void KernelFile::open() {
-    opened_ = true;
-    // Without O_NONBLOCK a pipe in the place of a file would hold the reader up.
-    handle_ = FileHandle(::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
 }
 
 std::optional<std::string_view> KernelFile::readOpened() {

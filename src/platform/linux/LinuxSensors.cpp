@@ -7,7 +7,6 @@
 #include "platform/linux/KernelText.h"
 #include "platform/linux/LoadedNvidiaLibrary.h"
 #include "platform/linux/MemoryFigures.h"
-#include "platform/linux/NetworkManager.h"
 #include "platform/linux/PowerFigures.h"
 #include "platform/linux/PowerSupply.h"
 #include "platform/linux/UPower.h"
@@ -131,7 +130,6 @@ std::optional<std::string> LinuxSensors::defaultInterface() const {
 }
 
 std::optional<std::string> LinuxSensors::connectionKind() {
-    if (auto kind = NetworkManager::connectionKind(bus_)) return kind;
     const auto name = defaultInterface();
     if (!name) return std::nullopt;
     constexpr std::int64_t ethernet = 1;  // ARPHRD_ETHER
@@ -149,21 +147,25 @@ std::optional<double> LinuxSensors::loadAverage() {
 }
 
 std::optional<Sensors::Battery> LinuxSensors::battery() {
-    auto battery = PowerFigures::battery(PowerSupply::readAll(roots_.sys));
+    auto battery = PowerFigures::battery(PowerSupply::readAll(roots_.sys, PowerSupply::Of::machine));
     if (battery && !battery->pluggedIn) {
         if (const auto minutes = UPower(bus_).minutesLeft()) battery->minutesLeft = minutes;
     }
     return battery;
 }
 
-std::vector<Sensors::Accessory> LinuxSensors::accessories() {
-    auto devices = UPower(bus_).inputDevices();
-    return devices ? std::move(*devices) : PowerFigures::accessories(PowerSupply::readAll(roots_.sys));
+// What may run beside the other questions asks the bus by a connection of its own.
+
+std::vector<Sensors::Accessory> LinuxSensors::accessories() const {
+    SystemBus bus(roots_.bus);
+    auto devices = UPower(bus).inputDevices();
+    if (devices) return std::move(*devices);
+    return PowerFigures::accessories(PowerSupply::readAll(roots_.sys, PowerSupply::Of::devices));
 }
 
 std::vector<Sensors::Accessory> LinuxSensors::bluetoothBatteries() const {
-    SystemBus bus(roots_.bus);  // its own, as this may run beside the other questions
-    return UPower(bus).audioDevices().value_or(std::vector<Accessory>());
+    SystemBus bus(roots_.bus);
+    return UPower(bus).otherDevices().value_or(std::vector<Accessory>());
 }
 
 std::unique_ptr<Sensors> linuxSensors(const fs::path& home) {

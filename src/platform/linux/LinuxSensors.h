@@ -50,7 +50,7 @@ class LinuxSensors final : public Sensors {
     [[nodiscard]] std::optional<std::string> connectionKind() override;
     [[nodiscard]] std::optional<double> loadAverage() override;
     [[nodiscard]] std::optional<Battery> battery() override;
-    [[nodiscard]] std::vector<Accessory> accessories() override;
+    [[nodiscard]] std::vector<Accessory> accessories() const override;
     [[nodiscard]] std::vector<Accessory> bluetoothBatteries() const override;
     [[nodiscard]] std::optional<ThermalState> thermalState() override { return heat_.state(); }
 

@@ -1,6 +1,7 @@
 #include "platform/linux/PowerFigures.h"
 
 #include "core/Text.h"
+#include "platform/AccessoriesByName.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,8 +13,6 @@ namespace {
 
 using Batteries = std::vector<const PowerSupply*>;
 using Number = std::optional<double>;
-
-constexpr double percent = 100;
 
 /// What a battery's driver counts: watt-hours or ampere-hours, both in millionths. The two never meet in one
 /// sum unless the voltage turns one into the other.
@@ -102,28 +101,36 @@ double sumOf(const std::vector<Content>& contents, double Content::*field) {
     return sum;
 }
 
-std::int64_t wholePercent(double share) {
-    return static_cast<std::int64_t>(std::clamp(share * percent, 0.0, percent));
+constexpr double hundred = 100;
+
+/// Multiplied first: 0.29 times 100 would fall just short of 29.
+double percentOf(double part, double whole) {
+    return std::clamp(hundred * part / whole, 0.0, hundred);
 }
 
-Number shareOf(const PowerSupply& battery) {
+/// Cut off, but not for what a sum of voltages times charges has lost by rounding.
+std::int64_t wholePercent(double percent) {
+    constexpr double roundingError = 1e-9;
+    return static_cast<std::int64_t>(percent + roundingError);
+}
+
+Number percentOf(const PowerSupply& battery) {
     if (const auto unit = unitOf(battery)) {
         const auto content = contentOf(battery, *unit);
-        if (content) return std::min(content->now / content->full, 1.0);
+        if (content) return percentOf(content->now, content->full);
     }
-    const Number capacity = battery.capacity();
-    return capacity ? std::optional(*capacity / percent) : std::nullopt;
+    return battery.capacity();
 }
 
 /// Of batteries that cannot be added up, the mean of what each says of itself.
-Number shareOf(const Batteries& batteries, const std::vector<Content>& contents) {
-    if (!contents.empty()) return sumOf(contents, &Content::now) / sumOf(contents, &Content::full);
+Number percentOf(const Batteries& batteries, const std::vector<Content>& contents) {
+    if (!contents.empty()) return percentOf(sumOf(contents, &Content::now), sumOf(contents, &Content::full));
     double sum = 0;
     int count = 0;
     for (const PowerSupply* each : batteries) {
-        const Number share = shareOf(*each);
-        if (!share) continue;
-        sum += *share;
+        const Number percent = percentOf(*each);
+        if (!percent) continue;
+        sum += *percent;
         ++count;
     }
     return count > 0 ? std::optional(sum / count) : std::nullopt;
@@ -137,7 +144,7 @@ std::optional<std::int64_t> healthOf(const std::vector<Content>& contents) {
         full += each.full;
         design += *each.design;
     }
-    return design > 0 ? std::optional(wholePercent(full / design)) : std::nullopt;
+    return design > 0 ? std::optional(wholePercent(percentOf(full, design))) : std::nullopt;
 }
 
 std::optional<std::int64_t> minutesOf(const std::vector<Content>& contents) {
@@ -170,9 +177,25 @@ Number temperatureOf(const Batteries& batteries) {
     return highest;
 }
 
+bool isPlug(const PowerSupply& supply) {
+    return !supply.isBattery() && supply.text("type") != "UPS";
+}
+
 bool isOnline(const PowerSupply& supply) {
-    return !supply.isBattery() && !supply.isBesideTheMachine() && supply.text("type") != "UPS" &&
-           supply.number("online").value_or(0) >= 1;
+    return isPlug(supply) && supply.number("online").value_or(0) >= 1;
+}
+
+/// A battery may drain beside a plug that is too weak, or full: the plug is in all the same. Where no plug
+/// says so, batteries tell by not draining; of two in one machine, though, one may wait while the other
+/// drains.
+bool isPluggedIn(const std::vector<PowerSupply>& supplies, const Batteries& batteries) {
+    const auto anyIs = [&](const char* status) {
+        return std::any_of(batteries.begin(), batteries.end(),
+                           [&](const PowerSupply* each) { return each->text("status") == status; });
+    };
+    if (anyIs("Charging") || std::any_of(supplies.begin(), supplies.end(), isOnline)) return true;
+    if (anyIs("Discharging")) return false;
+    return anyIs("Not charging") || (anyIs("Full") && std::none_of(supplies.begin(), supplies.end(), isPlug));
 }
 
 std::optional<std::int64_t> adapterWatts(const std::vector<PowerSupply>& supplies) {
@@ -195,17 +218,16 @@ std::optional<Sensors::Battery> battery(const std::vector<PowerSupply>& supplies
     for (const PowerSupply& each : supplies) {
         // An empty bay shows a battery that is not present.
         const bool isHere = each.number("present").value_or(1) != 0;
-        if (each.isBattery() && !each.isBesideTheMachine() && isHere) batteries.push_back(&each);
+        if (each.isBattery() && isHere) batteries.push_back(&each);
     }
     const std::vector<Content> contents = contentsOf(batteries);
-    const Number share = shareOf(batteries, contents);
-    if (!share) return std::nullopt;
+    const Number percent = percentOf(batteries, contents);
+    if (!percent) return std::nullopt;
     const bool charging = std::any_of(batteries.begin(), batteries.end(), [](const PowerSupply* each) {
         return each->text("status") == "Charging";
     });
-    // A battery may drain beside a plug that is too weak, or full: the plug is in all the same.
-    const bool pluggedIn = charging || std::any_of(supplies.begin(), supplies.end(), isOnline);
-    return Sensors::Battery{.percent = wholePercent(*share),
+    const bool pluggedIn = isPluggedIn(supplies, batteries);
+    return Sensors::Battery{.percent = wholePercent(*percent),
                             .charging = charging,
                             .pluggedIn = pluggedIn,
                             .minutesLeft = pluggedIn ? std::nullopt : minutesOf(contents),
@@ -218,15 +240,14 @@ std::optional<Sensors::Battery> battery(const std::vector<PowerSupply>& supplies
 std::vector<Sensors::Accessory> accessories(const std::vector<PowerSupply>& supplies) {
     std::vector<Sensors::Accessory> found;
     for (const PowerSupply& each : supplies) {
-        if (!each.isBattery() || !each.isBesideTheMachine()) continue;
+        if (!each.isBattery()) continue;
         const Number capacity = each.capacity();
         if (!capacity) continue;
         const std::string model = each.text("model_name");
         found.push_back(
             {Text::repaired(model.empty() ? each.name : model), static_cast<std::int64_t>(*capacity)});
     }
-    std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
-    return found;
+    return accessoriesByName(found);
 }
 
 }  // namespace tavrel::PowerFigures

@@ -9,10 +9,10 @@
 /// What the power supplies of a machine come to.
 namespace tavrel::PowerFigures {
 
-/// The batteries of the machine as one; nothing without any.
+/// The batteries among the supplies of the machine as one; nothing without any.
 [[nodiscard]] std::optional<Sensors::Battery> battery(const std::vector<PowerSupply>& supplies);
 
-/// The batteries of devices beside it, sorted by name.
+/// The batteries among the supplies of devices beside it, sorted by name.
 [[nodiscard]] std::vector<Sensors::Accessory> accessories(const std::vector<PowerSupply>& supplies);
 
 }  // namespace tavrel::PowerFigures

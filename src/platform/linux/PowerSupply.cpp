@@ -6,12 +6,14 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 
 namespace tavrel {
 
 namespace {
 
-constexpr const char* common[] = {"type", "scope", "online", "model_name"};
+// These tell of a driver; whatever else is read of a device beside the machine, the kernel may ask it for.
+constexpr const char* ofAll[] = {"type", "scope"};
 
 constexpr const char* ofBatteries[] = {
     "present",     "status",      "capacity",           "capacity_level",  //
@@ -20,7 +22,9 @@ constexpr const char* ofBatteries[] = {
     "voltage_now", "cycle_count", "voltage_min_design", "temp",            //
 };
 
-constexpr const char* ofMains[] = {"voltage_max", "current_max"};
+constexpr const char* ofPlugs[] = {"online", "voltage_max", "current_max"};
+
+constexpr const char* ofDevices[] = {"model_name", "capacity", "capacity_level"};
 
 struct Level {
     std::string_view name;
@@ -31,6 +35,13 @@ struct Level {
 constexpr Level levels[] = {
     {"Critical", 5}, {"Low", 15}, {"Normal", 55}, {"High", 75}, {"Full", 100},
 };
+
+void read(const std::filesystem::path& folder, std::span<const char* const> attributes, PowerSupply& supply) {
+    for (const char* attribute : attributes) {
+        auto value = Attributes::text(folder / supply.name / attribute);
+        if (value) supply.attributes.emplace(attribute, std::move(*value));
+    }
+}
 
 }  // namespace
 
@@ -51,23 +62,22 @@ std::optional<double> PowerSupply::capacity() const {
     return level == std::end(levels) ? std::nullopt : std::optional(level->percent);
 }
 
-std::vector<PowerSupply> PowerSupply::readAll(const std::filesystem::path& sys) {
+std::vector<PowerSupply> PowerSupply::readAll(const std::filesystem::path& sys, Of owner) {
     const std::filesystem::path folder = sys / "class/power_supply";
     std::vector<PowerSupply> supplies;
     for (const std::string& name : Files::names(folder)) {
-        PowerSupply& supply = supplies.emplace_back(PowerSupply{name, {}});
-        const auto read = [&](const auto& attributes) {
-            for (const char* attribute : attributes) {
-                auto value = Attributes::text(folder / name / attribute);
-                if (value) supply.attributes.emplace(attribute, std::move(*value));
-            }
-        };
-        read(common);
-        if (supply.isBattery()) {
-            read(ofBatteries);
+        PowerSupply supply{name, {}};
+        read(folder, ofAll, supply);
+        if ((supply.text("scope") == "Device") != (owner == Of::devices)) continue;
+        if (owner == Of::devices) {
+            read(folder, ofDevices, supply);
         } else {
-            read(ofMains);
+            read(folder,
+                 supply.isBattery() ? std::span<const char* const>(ofBatteries)
+                                    : std::span<const char* const>(ofPlugs),
+                 supply);
         }
+        supplies.push_back(std::move(supply));
     }
     return supplies;
 }

@@ -21,13 +21,14 @@ struct PowerSupply {
     [[nodiscard]] std::optional<double> number(std::string_view attribute) const;
 
     [[nodiscard]] bool isBattery() const { return text("type") == "Battery"; }
-    /// Of a mouse or the like.
-    [[nodiscard]] bool isBesideTheMachine() const { return text("scope") == "Device"; }
     /// Percent; a level in words counts as what it usually stands for.
     [[nodiscard]] std::optional<double> capacity() const;
 
+    /// Of the machine itself, or of a mouse and the like. Devices may sleep, and to wait for their answers
+    /// takes long: those of the machine are read without asking any.
+    enum class Of { machine, devices };
     /// In ascending order of their names.
-    [[nodiscard]] static std::vector<PowerSupply> readAll(const std::filesystem::path& sys);
+    [[nodiscard]] static std::vector<PowerSupply> readAll(const std::filesystem::path& sys, Of owner);
 };
 
 }  // namespace tavrel

@@ -66,12 +66,15 @@ void forEachProcess(int procFolder, const Visit& visit) {
     }
 }
 
-/// The whole name where the kernel has cut it: that of the program in the first argument.
+/// The whole name where the kernel has cut it: that of the program in the first argument. Who has written
+/// something else over the arguments joins them by blanks.
 std::string wholeName(int procFolder, std::int32_t pid, const std::string& kept) {
     if (kept.size() == keptNameLength) {
         Buffer buffer;
         std::string_view program = read(procFolder, pid, "cmdline", buffer);
         program = program.substr(0, program.find('\0'));
+        const std::size_t at = program.find(kept);
+        if (at != std::string_view::npos) program = program.substr(0, program.find(' ', at + kept.size()));
         program.remove_prefix(program.rfind('/') + 1);  // nothing when there is no slash
         if (program.starts_with(kept)) return Text::repaired(program);
     }

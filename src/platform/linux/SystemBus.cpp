@@ -97,13 +97,6 @@ std::string SystemBus::systemAddress() {
     return named != nullptr && *named != '\0' ? named : "unix:path=/run/dbus/system_bus_socket";
 }
 
-std::optional<BusValue> SystemBus::property(const BusObject& object, const std::string& name) {
-    const Message reply = ask(object, propertiesInterface, "Get", {object.interface, name});
-    std::optional<BusValue> value;
-    if (!reply || readVariant(reply.get(), value) < 0) return std::nullopt;
-    return value;
-}
-
 std::optional<BusProperties> SystemBus::properties(const BusObject& object) {
     const Message reply = ask(object, propertiesInterface, "GetAll", {object.interface});
     if (!reply || sd_bus_message_enter_container(reply.get(), SD_BUS_TYPE_ARRAY, "{sv}") < 0) {

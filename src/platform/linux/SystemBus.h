@@ -39,8 +39,7 @@ class SystemBus {
     /// Where the system's bus listens, unless the environment names another place.
     [[nodiscard]] static std::string systemAddress();
 
-    [[nodiscard]] std::optional<BusValue> property(const BusObject& object, const std::string& name);
-    /// All of them; those that are no basic value are left out.
+    /// Those that are no basic value are left out.
     [[nodiscard]] std::optional<BusProperties> properties(const BusObject& object);
     /// What a method without parameters gives that answers with a list of objects.
     [[nodiscard]] std::optional<std::vector<std::string>> objects(const BusObject& object,

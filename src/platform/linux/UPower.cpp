@@ -1,5 +1,7 @@
 #include "platform/linux/UPower.h"
 
+#include "platform/AccessoriesByName.h"
+
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -17,17 +19,16 @@ constexpr std::size_t mostDevices = 32;
 
 /// Its kinds of devices, as far as they are told apart here.
 enum Kind : std::int64_t {
+    linePower = 1,
     battery = 2,
+    ups = 3,
+    monitor = 4,
     mouse = 5,
     keyboard = 6,
     tablet = 10,
     gamingInput = 12,
     pen = 13,
     touchpad = 14,
-    headset = 17,
-    speakers = 18,
-    headphones = 19,
-    otherAudio = 21,
 };
 
 bool isInput(std::int64_t kind) {
@@ -35,8 +36,9 @@ bool isInput(std::int64_t kind) {
            kind == touchpad;
 }
 
-bool isAudio(std::int64_t kind) {
-    return kind == headset || kind == speakers || kind == headphones || kind == otherAudio;
+/// Headphones, phones, remote controls, watches and what there will be.
+bool isOtherDevice(std::int64_t kind) {
+    return kind != linePower && kind != battery && kind != ups && kind != monitor && !isInput(kind);
 }
 
 std::string nameOf(const BusProperties& device) {
@@ -57,8 +59,8 @@ std::optional<std::vector<Sensors::Accessory>> UPower::inputDevices() {
     return devices(isInput);
 }
 
-std::optional<std::vector<Sensors::Accessory>> UPower::audioDevices() {
-    return devices(isAudio);
+std::optional<std::vector<Sensors::Accessory>> UPower::otherDevices() {
+    return devices(isOtherDevice);
 }
 
 std::optional<std::vector<Sensors::Accessory>> UPower::devices(bool (*isWanted)(std::int64_t kind)) {
@@ -68,15 +70,14 @@ std::optional<std::vector<Sensors::Accessory>> UPower::devices(bool (*isWanted)(
     std::vector<Sensors::Accessory> found;
     for (const std::string& path : *paths) {
         const auto device = bus_.properties({service, path, deviceInterface});
-        if (!device || !isWanted(valueOf<std::int64_t>(*device, "Type").value_or(0))) continue;
+        if (!device || !isWanted(valueOf<std::int64_t>(*device, "Type").value_or(linePower))) continue;
         const std::string name = nameOf(*device);
         const double percent = valueOf<double>(*device, "Percentage").value_or(-1);
         const bool isPresent = valueOf<bool>(*device, "IsPresent").value_or(true);
         if (name.empty() || !isPresent || !(percent >= 0)) continue;
         found.push_back({name, std::llround(std::min(percent, 100.0))});
     }
-    std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
-    return found;
+    return accessoriesByName(found);
 }
 
 }  // namespace tavrel

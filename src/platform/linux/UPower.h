@@ -18,9 +18,9 @@ class UPower {
 
     /// Until the machine's batteries are empty; nothing while they are not, or while UPower is not asked.
     [[nodiscard]] std::optional<std::int64_t> minutesLeft();
-    /// Input devices, and what plays sound; each sorted by name. Nothing where UPower does not answer.
+    /// Input devices, and those of any other kind; each sorted by name. Nothing where UPower does not answer.
     [[nodiscard]] std::optional<std::vector<Sensors::Accessory>> inputDevices();
-    [[nodiscard]] std::optional<std::vector<Sensors::Accessory>> audioDevices();
+    [[nodiscard]] std::optional<std::vector<Sensors::Accessory>> otherDevices();
 
   private:
     [[nodiscard]] std::optional<std::vector<Sensors::Accessory>> devices(bool (*isWanted)(std::int64_t kind));

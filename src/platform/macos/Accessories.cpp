@@ -1,20 +1,17 @@
 #include "platform/macos/Accessories.h"
 
-#include <map>
+#include "platform/AccessoriesByName.h"
 
 namespace tavrel {
 
 std::vector<Sensors::Accessory> accessoriesAmong(const std::vector<Property>& services) {
-    std::map<std::string, std::int64_t> percents;
+    std::vector<Sensors::Accessory> found;
     for (const Property& service : services) {
         const std::string* product = service["Product"].text();
         const auto percent = service["BatteryPercent"].integer();
-        if (product != nullptr && percent) percents.insert_or_assign(*product, *percent);
+        if (product != nullptr && percent) found.push_back({*product, *percent});
     }
-    std::vector<Sensors::Accessory> accessories;
-    accessories.reserve(percents.size());
-    for (const auto& [name, percent] : percents) accessories.push_back({name, percent});
-    return accessories;
+    return accessoriesByName(found);
 }
 
 }  // namespace tavrel

@@ -141,7 +141,7 @@ std::optional<Sensors::Battery> MacSensors::battery() {
     return BatteryReading::battery(source, controller, calls_.externalAdapter());
 }
 
-std::vector<Sensors::Accessory> MacSensors::accessories() {
+std::vector<Sensors::Accessory> MacSensors::accessories() const {
     const auto services =
         calls_.services("AppleDeviceManagementHIDEventService", {"Product", "BatteryPercent"});
     return services ? accessoriesAmong(*services) : std::vector<Accessory>();

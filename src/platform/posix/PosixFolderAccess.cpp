@@ -36,10 +36,8 @@ std::error_code moveFolder(int fromFolder, const std::string& fromName, int toFo
     return failed;
 }
 
-/// A new link fails where its name is taken; the old name must be one that nobody else knows.
-std::error_code relink(int folder, const std::string& privateName, int toFolder, const std::string& toName) {
-    if (::linkat(folder, privateName.c_str(), toFolder, toName.c_str(), 0) != 0) return lastError();
-    return ::unlinkat(folder, privateName.c_str(), 0) == 0 ? std::error_code() : lastError();
+std::error_code unlinkFile(int folder, const std::string& name) {
+    return ::unlinkat(folder, name.c_str(), 0) == 0 ? std::error_code() : lastError();
 }
 
 }  // namespace
@@ -126,9 +124,26 @@ std::error_code PosixFolderAccess::moveExclusively(int fromFolder, const std::st
                               : moveFile(fromFolder, fromName, toFolder, toName);
 }
 
+std::error_code PosixFolderAccess::link(int fromFolder, const std::string& fromName, int toFolder,
+                                        const std::string& toName) const {
+    return ::linkat(fromFolder, fromName.c_str(), toFolder, toName.c_str(), 0) == 0 ? std::error_code()
+                                                                                    : lastError();
+}
+
+std::error_code PosixFolderAccess::relink(int folder, const std::string& hidden, int toFolder,
+                                          const std::string& toName) const {
+    const auto failed = link(folder, hidden, toFolder, toName);
+    return failed ? failed : unlinkFile(folder, hidden);
+}
+
 std::error_code PosixFolderAccess::moveFile(int fromFolder, const std::string& fromName, int toFolder,
                                             const std::string& toName) const {
     if (identify(toFolder, toName)) return std::make_error_code(std::errc::file_exists);
+    // A file that cannot be linked would find no way out of its hidden name, neither on nor back.
+    const std::string probe = privateName();
+    if (const auto failed = link(fromFolder, fromName, toFolder, probe)) return failed;
+    if (const auto failed = unlinkFile(toFolder, probe)) return failed;
+
     const std::string hidden = privateName();
     if (::renameat(fromFolder, fromName.c_str(), toFolder, hidden.c_str()) != 0) return lastError();
     const auto failed = relink(toFolder, hidden, toFolder, toName);
@@ -136,7 +151,8 @@ std::error_code PosixFolderAccess::moveFile(int fromFolder, const std::string& f
 
     const auto arrived = identify(toFolder, hidden);
     const bool folderCame = arrived && arrived->isFolder();
-    const auto stranded = (folderCame ? moveFolder : relink)(toFolder, hidden, fromFolder, fromName);
+    const auto stranded = folderCame ? moveFolder(toFolder, hidden, fromFolder, fromName)
+                                     : relink(toFolder, hidden, fromFolder, fromName);
     return stranded ? stranded : failed;
 }
 

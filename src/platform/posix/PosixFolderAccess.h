@@ -10,8 +10,9 @@ namespace tavrel {
 /// What any POSIX system can do: folders opened one component at a time, each compared with the one before.
 ///
 /// Its limits: a mount of the same device over itself cannot be told from a plain folder, a folder that may
-/// not be read cannot be opened, and a file moves by way of a hidden name and a hard link, so it cannot move
-/// on file systems without those, and a crash in between leaves it under the hidden name.
+/// not be read cannot be opened, and a file moves by way of a hidden name and a hard link. On file systems
+/// without those it stays where it is; a crash in between, or another program that swaps the file and then
+/// takes its old name, leaves a file under the hidden name.
 class PosixFolderAccess : public FolderAccess {
   public:
     [[nodiscard]] Outcome<FileHandle> openAnchor(const std::filesystem::path& root) const override;
@@ -32,8 +33,15 @@ class PosixFolderAccess : public FolderAccess {
     /// Opens one folder with the strongest handle that its permissions allow. ELOOP for a link.
     [[nodiscard]] virtual Outcome<FileHandle> openFolder(int at, const std::string& name) const;
 
+    /// Gives a file a second name; EEXIST rather than replace anything.
+    [[nodiscard]] virtual std::error_code link(int fromFolder, const std::string& fromName, int toFolder,
+                                               const std::string& toName) const;
+
   private:
     [[nodiscard]] Outcome<FileHandle> openOnSameMount(int at, const std::string& name) const;
+    /// A rename that replaces nothing; the old name must be one that nobody else knows.
+    [[nodiscard]] std::error_code relink(int folder, const std::string& hidden, int toFolder,
+                                         const std::string& toName) const;
     [[nodiscard]] std::error_code moveFile(int fromFolder, const std::string& fromName, int toFolder,
                                            const std::string& toName) const;
 };

@@ -45,8 +45,8 @@ Property SimulatedMachine::firstService(const std::string& className,
     return all && !all->empty() ? all->front() : Property();
 }
 
-Property SimulatedMachine::storeValue(const std::string& /*session*/, const std::string& key) const {
-    return valueAt(store, key).value_or(Property());
+Property SimulatedMachine::storeValue(const std::string& session, const std::string& key) const {
+    return valueAt(store, std::pair(session, key)).value_or(Property());
 }
 
 MachineCalls::VolumeCapacity SimulatedMachine::volumeCapacity(const std::filesystem::path& folder) const {

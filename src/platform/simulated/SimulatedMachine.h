@@ -39,7 +39,7 @@ class SimulatedMachine final : public MachineCalls {
     std::map<std::string, std::vector<Property::Dictionary>> registry;  // services by class
     std::vector<Property> sources;
     Property adapter;
-    std::map<std::string, Property, std::less<>> store;
+    std::map<std::pair<std::string, std::string>, Property> store;  // by session and key
     std::optional<std::string> wifi;
     std::vector<double> averages;
     std::map<std::filesystem::path, VolumeCapacity> volumes;  // by the folder asked about

@@ -10,7 +10,7 @@
 
 namespace tavrel {
 
-/// The icon of a file. The images are kept by the finder of icons, so that rows of one kind share one.
+/// The icon of a file. Rows of one kind share one image.
 class FileIconItem : public QQuickPaintedItem {
     Q_OBJECT
     QML_NAMED_ELEMENT(FileIcon)

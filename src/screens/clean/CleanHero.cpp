@@ -7,7 +7,9 @@ namespace tavrel {
 void CleanHero::setModel(CleanListModel* model) {
     if (model_ == model) return;
     if (model_) model_->disconnect(this);
+    if (feed_) feed_->disconnect(this);
     model_ = model;
+    resealed_ = true;
     if (model_) {
         for (const auto signal : {&CleanListModel::phaseChanged, &CleanListModel::itemsChanged,
                                   &CleanListModel::selectionChanged}) {
@@ -21,9 +23,9 @@ void CleanHero::setModel(CleanListModel* model) {
 }
 
 void CleanHero::watchFeed() {
-    if (SwallowFeed* feed = model_->feed()) {
-        connect(feed, &SwallowFeed::remainingChanged, this, &CleanHero::changed, Qt::UniqueConnection);
-    }
+    if (feed_) feed_->disconnect(this);
+    feed_ = model_->feed();
+    if (feed_) connect(feed_, &SwallowFeed::remainingChanged, this, &CleanHero::changed);
     Q_EMIT changed();
 }
 

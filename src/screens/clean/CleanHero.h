@@ -41,6 +41,7 @@ class CleanHero : public QObject {
     [[nodiscard]] CleanTexts::Idle idle() const;
 
     QPointer<CleanListModel> model_;
+    QPointer<SwallowFeed> feed_;
     QString idleTitle_;
     QString idleSubtitle_;
     bool resealed_ = true;

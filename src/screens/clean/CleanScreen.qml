@@ -17,6 +17,8 @@ FocusScope {
     property color glow: Theme.glows[0]
     readonly property bool rests: model.stage === CleanListModel.Stage.Ready || model.stage === CleanListModel.Stage.Done
 
+    onModelChanged: reseal.stop()
+
     CleanHero {
         id: hero
 
@@ -62,7 +64,7 @@ FocusScope {
             feed: screen.model.feed
             shockwave: screen.app.shockwave
             animated: !Theme.reduceMotion
-            paused: Theme.paused
+            paused: Theme.paused || review.opacity === 1
             Accessible.ignored: true
         }
         HeroText {
@@ -105,6 +107,8 @@ FocusScope {
     }
 
     ReviewPanel {
+        id: review
+
         anchors.fill: parent
         anchors.topMargin: Theme.gap
         app: screen.app

@@ -14,6 +14,12 @@ constexpr double frameRate = 60;
 /// A still picture shows the hole as it rests, at a moment when it looks well.
 constexpr double stillTime = 4.2;  // seconds
 
+/// A window that is drawn larger does not need new pictures at each step.
+int pictureSide(double pixels) {
+    constexpr int step = 64;
+    return static_cast<int>(std::ceil(pixels / step)) * step;
+}
+
 double secondsOf(Instant moment) {
     return std::chrono::duration<double>(moment.time_since_epoch()).count();
 }
@@ -82,7 +88,7 @@ QSGNode* BlackHoleItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
         return nullptr;
     }
     if (canvas == nullptr) canvas = sceneCanvas(*window());
-    const int side = static_cast<int>(std::ceil(size * window()->effectiveDevicePixelRatio()));
+    const int side = pictureSide(size * window()->effectiveDevicePixelRatio());
     if (!pictures_ || pictureSide_ != side) {
         pictures_ = std::make_unique<ScenePictures>(side, glow_);
         pictureSide_ = side;

@@ -14,7 +14,9 @@ namespace tavrel {
 namespace {
 
 constexpr double degrees = 180 / std::numbers::pi;
-constexpr double discTilt = 0.5;  // how flat the disc's circles look
+constexpr double discTilt = 0.5;     // how flat the disc's circles look
+constexpr double lastOfFall = 0.05;  // of a fall, in which what is left of an icon fades
+constexpr double softness = 12;      // points by which the soft ring is wider
 
 double secondsOf(Instant moment) {
     return std::chrono::duration<double>(moment.time_since_epoch()).count();
@@ -31,7 +33,6 @@ class Frame {
         backdrop();
         if (probe.behind) body(probe);
         disc();
-        knots();
         flashes();
         if (state_.scanning) {
             ripples();
@@ -52,9 +53,8 @@ class Frame {
     }
 
     void backdrop() {
-        const double width = state_.size * 1.7;
-        put(pictures_.backdrop, state_.middle, width, width,
-            BlackHole::backdropOpacity(state_.intensity) * 0.55);
+        const double width = state_.size * 2 * ScenePictures::backdropReach;
+        put(pictures_.backdrop, state_.middle, width, width, BlackHole::backdropOpacity(state_.intensity));
     }
 
     void disc() {
@@ -65,17 +65,18 @@ class Frame {
                                               .opacity = std::min(0.8 + 0.2 * state_.intensity, 1.0),
                                               .rotation = BlackHole::roll(state_.time) * degrees};
         canvas_.add(pictures_.art, whole);
-        put(pictures_.glow, state_.middle, width * 1.06, width * 1.06,
+        put(pictures_.glow, state_.middle, width, width,
             BlackHole::glowOpacity(state_.time, energy) + 0.14 * std::max(state_.intensity - energy, 0.0));
         const double across = width * 0.92;
         canvas_.add(pictures_.sheen, {.centre = state_.middle,
                                       .size = {across, across},
-                                      .opacity = (0.3 + 0.15 * energy) * 0.8,
+                                      .opacity = 0.3 + 0.15 * energy,
                                       .rotation = -state_.motion.phase * 360 * 0.6,
                                       .squash = 0.36});
+        knots();
         canvas_.add(pictures_.shadow, whole);
-        // One band of light gives way to the other, and back.
-        const double turn = 0.5 + 0.5 * std::sin(state_.motion.phase * 0.9);
+        // One band of light gives way to the other, and back; whole turns in the span of the phase.
+        const double turn = 0.5 + 0.5 * std::sin(state_.motion.phase * 0.143 * 2 * std::numbers::pi);
         SceneCanvas::Placement shine = whole;
         for (std::size_t i = 0; i < pictures_.shines.size(); ++i) {
             shine.opacity = (0.25 + 0.15 * energy) * (i == 0 ? turn : 1 - turn);
@@ -95,8 +96,8 @@ class Frame {
     void flashes() {
         const double strength = std::min(state_.motion.energy, 1.0);
         for (auto flash : DiscLights::flashes(state_.time, size_)) {
-            flash.opacity *= 0.6 * strength;
-            light(flash);
+            flash.opacity *= strength;
+            put(pictures_.flash, at(flash.x, flash.y), flash.diameter, flash.diameter, flash.opacity);
         }
     }
 
@@ -110,13 +111,13 @@ class Frame {
 
     void dust() {
         const auto pixels = static_cast<double>(pictures_.dust.height());
-        const double side = state_.size * 0.04;
+        const double side = state_.size * 0.05;
         for (const auto& particle : DustFall::particles()) {
             const DustFall::Drawn drawn = DustFall::drawn(particle, state_.time, state_.size);
             canvas_.add(pictures_.dust,
                         {.centre = at(drawn.x, drawn.y),
                          .size = {side * drawn.widthFactor, side * drawn.heightFactor},
-                         .opacity = drawn.opacity * 0.8,
+                         .opacity = drawn.opacity,
                          .rotation = drawn.rotation * degrees,
                          .part = {static_cast<double>(particle.symbol) * pixels, 0, pixels, pixels}});
         }
@@ -130,16 +131,17 @@ class Frame {
             return put(event.icon, at(whole.x, whole.y), whole.side, whole.side, whole.opacity);
         }
         const double pixels = static_cast<double>(event.icon.width()) / SwallowStream::cellsAcross;
+        const double left = std::min((1 - whole.progress) / lastOfFall, 1.0);
         eachCell(whole, event.id, [&](const SwallowStream::Cell& cell, int row, int column) {
             canvas_.add(event.icon, {.centre = at(cell.x, cell.y),
                                      .size = {cell.side, cell.side},
-                                     .opacity = 1 - 0.8 * cell.flight,
+                                     .opacity = left * (1 - 0.8 * cell.flight),
                                      .part = {column * pixels, row * pixels, pixels, pixels}});
         });
         // The light on them after them all, so that a shower is two pictures many times over.
-        eachCell(whole, event.id, [&](const SwallowStream::Cell& cell, int row, int column) {
-            if (cell.flight <= 0 || (row + column) % 4 != 0) return;
-            put(pictures_.spark, at(cell.x, cell.y), cell.side * 2.4, cell.side * 2.4, cell.glow * 0.6);
+        eachCell(whole, event.id, [&](const SwallowStream::Cell& cell, int, int) {
+            if (cell.flight > 0)
+                put(pictures_.heat, at(cell.x, cell.y), cell.side, cell.side, left * cell.glow * 0.6);
         });
     }
 
@@ -153,8 +155,7 @@ class Frame {
     }
 
     void body(const DiscLights::Probe& probe) {
-        const double side = probe.diameter * (probe.behind ? 0.8 : 1);
-        put(pictures_.probe, at(probe.x, probe.y), side, side, probe.opacity);
+        put(pictures_.probe, at(probe.x, probe.y), probe.diameter, probe.diameter, probe.opacity);
     }
 
     void shockwave() {
@@ -162,11 +163,12 @@ class Frame {
         const double age = state_.time - state_.shock->start;
         const auto ring = DiscLights::shockwave(age, state_.shock->strength, state_.size);
         if (!ring) return;
-        const double across = 2 * ring->radius + ring->lineWidth;
-        const QPointF centre = at(0, -ring->raised);
-        const double line = ring->lineWidth / ring->radius;
-        put(pictures_.ring(line), centre, across, across, ring->opacity);
-        put(pictures_.ring(line * 3), centre, across * 1.03, across * 1.03, ring->opacity * 0.35);
+        const auto drawn = [&](double line, double opacity) {
+            const double across = 2 * ring->radius + line;
+            put(pictures_.ring(line / ring->radius), at(0, -ring->raised), across, across, opacity);
+        };
+        drawn(ring->lineWidth, ring->opacity);
+        drawn(ring->lineWidth + softness, ring->opacity * 0.35);
     }
 
     const SceneState& state_;

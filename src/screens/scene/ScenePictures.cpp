@@ -20,8 +20,11 @@ using namespace Painting;
 
 constexpr int sparkSide = 64;
 constexpr int ringSide = 512;
+constexpr int backdropSide = 512;
 constexpr int symbolSide = 48;
-constexpr std::array lineParts = {0.012, 0.03, 0.06, 0.11, 0.19, 0.3};  // of the radius
+constexpr double ringStep = 1.1;  // from the line of a ring to that of the next
+constexpr double thinnest = 0.008;
+constexpr double thickest = 0.5;  // of the radius
 
 QImage fromResource(const char* name, int side) {
     const QImage image(QLatin1String(":/art/") + QLatin1String(name));
@@ -35,9 +38,9 @@ QImage paintedRing(double lineOfRadius) {
     QPainter painter(&image);
     QRadialGradient light(outer, outer, outer);
     const double line = lineOfRadius / (1 + lineOfRadius / 2);
-    const double middle = 1 - line / 2;
-    light.setColorAt(std::max(0.0, middle - line / 2 - 0.02), faded(peach, 0));
-    light.setColorAt(middle, Qt::white);
+    light.setColorAt(1 - line, faded(peach, 0));
+    light.setColorAt(1 - line * 0.6, Qt::white);
+    light.setColorAt(1 - line * 0.4, Qt::white);
     light.setColorAt(1, faded(peach, 0));
     painter.fillRect(image.rect(), light);
     return image;
@@ -129,12 +132,17 @@ QImage paintedDust() {
 ScenePictures::ScenePictures(int pixels, const QColor& tint)
     : art(fromResource("BlackHoleArt.png", pixels)),
       glow(fromResource("BlackHoleGlow.png", pixels / 2)),
-      backdrop(roundLight(
-          pixels / 2, {{0, tint}, {0.35, faded(tint, 0.45)}, {0.7, faded(tint, 0.12)}, {1, faded(tint, 0)}})),
+      backdrop(roundLight(backdropSide, {{0, tint},
+                                         {0.2, faded(tint, 0.62)},
+                                         {0.5, faded(tint, 0.34)},
+                                         {0.85, faded(tint, 0.22)},
+                                         {1, faded(tint, 0)}})),
       spark(roundLight(sparkSide, {{0, faded(Qt::white, 1)},
                                    {0.2, faded(peach, 0.75)},
                                    {0.5, faded(peach, 0.22)},
                                    {1, faded(peach, 0)}})),
+      flash(roundLight(sparkSide, {{0, faded(peach, 0.6)}, {1, faded(peach, 0)}})),
+      heat(4, 4, QImage::Format_ARGB32_Premultiplied),
       sheen(paintedSheen(pixels / 2)),
       shines{paintedShine(art, 0.13), paintedShine(art, 0.26)},
       shadow(paintedShadow(art)),
@@ -142,14 +150,15 @@ ScenePictures::ScenePictures(int pixels, const QColor& tint)
           sparkSide,
           {{0, Qt::white}, {0.28, QColor(255, 244, 232)}, {0.4, faded(peach, 0.5)}, {1, faded(peach, 0)}})),
       dust(paintedDust()) {
-    std::transform(lineParts.begin(), lineParts.end(), rings_.begin(), paintedRing);
+    heat.fill(peach);
 }
 
 const QImage& ScenePictures::ring(double lineOfRadius) const {
-    const auto* nearest = std::min_element(lineParts.begin(), lineParts.end(), [=](double a, double b) {
-        return std::abs(a - lineOfRadius) < std::abs(b - lineOfRadius);
-    });
-    return rings_.at(static_cast<std::size_t>(nearest - lineParts.begin()));
+    const double line = std::clamp(lineOfRadius, thinnest, thickest);
+    const int step = static_cast<int>(std::lround(std::log(line) / std::log(ringStep)));
+    const auto [at, isNew] = rings_.try_emplace(step);
+    if (isNew) at->second = paintedRing(std::pow(ringStep, step));
+    return at->second;
 }
 
 }  // namespace tavrel

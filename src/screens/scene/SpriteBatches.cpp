@@ -86,8 +86,11 @@ class SpriteBatches::Batch final : public QSGGeometryNode {
 
     void show(QSGTexture* texture, const std::vector<Vertex>& vertices) {
         const auto count = static_cast<int>(vertices.size());
-        if (geometry_.vertexCount() != count) index(count);
-        std::memcpy(geometry_.vertexData(), vertices.data(), vertices.size() * sizeof(Vertex));
+        if (geometry_.vertexCount() < count) index(std::min(2 * count, static_cast<int>(most) * corners));
+        auto* kept = static_cast<Vertex*>(geometry_.vertexData());
+        std::copy(vertices.begin(), vertices.end(), kept);
+        // What the frame before had more of is drawn without an extent.
+        std::fill(kept + count, kept + geometry_.vertexCount(), Vertex{});
         markDirty(DirtyGeometry);
         if (material_.texture != texture) {
             material_.texture = texture;

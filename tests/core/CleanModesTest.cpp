@@ -58,7 +58,7 @@ const std::array modes = {
           {"~/Downloads/Yesterday.pkg", false, toTheTrash}}},
 };
 
-void fill(const testing::SampleMac& mac) {
+void fill(const sample::SampleMac& mac) {
     constexpr int files = 12;
     constexpr std::int64_t size = 20'000;
     mac.folder("~/Library/Caches/com.spotify.client", files, size, 3);

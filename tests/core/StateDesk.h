@@ -7,10 +7,10 @@
 #include "presentation/FakeIconSource.h"
 #include "presentation/FileIcons.h"
 #include "presentation/Sounds.h"
+#include "sample/SampleMac.h"
 #include "support/EventLoop.h"
 #include "support/FakeMachine.h"
 #include "support/ManualClock.h"
-#include "support/SampleMac.h"
 #include "support/Sandbox.h"
 
 #include <memory>
@@ -61,7 +61,7 @@ class StateDesk {
         return std::filesystem::exists(mac.at("~/.Trash/" + name));
     }
     const Sandbox sandbox;
-    const SampleMac mac;
+    const sample::SampleMac mac;
     const Profile profile;
     UserDefaults defaults{profile.places.preferences()};
     Preferences preferences{defaults, profile.places.home()};

@@ -25,8 +25,7 @@ class ProjectPurgerTest : public ::testing::Test {
 };
 
 TEST_F(ProjectPurgerTest, TakesAnArtifactOnlyBesideItsMarker) {
-    const auto linked = mac.folder("~/Code/tool/deep", 0, 0);
-    disk.link("Users/ana/Code/shop/dist", linked.parent_path());
+    disk.link("Users/ana/Code/shop/dist", mac.at("~/Code/tool"));
     expect(R"(
         ~/Code/shop/package.json                  | 10    | 60
         ~/Code/shop/node_modules/                 | 70000 |    | safe

@@ -27,7 +27,7 @@ void expectScan(const sample::SampleMac& mac, const std::string& table,
         const double age = days.empty() ? 0 : std::stod(days);
         if (!bytes.empty())
             isFolder ? mac.folder(path, 1, std::stoll(bytes), age) : mac.file(path, std::stoll(bytes), age);
-        if (!risk.empty()) expected.emplace(mac.at(path), risk + " | " + note);
+        if (!risk.empty()) expected.emplace(mac.at(path), risk.append(" | ").append(note));
     }
     std::multimap<std::string, std::string> found;
     for (const CleanItem& item : scan()) {

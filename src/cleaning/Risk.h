@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 namespace tavrel {
@@ -10,6 +11,12 @@ enum class Risk { safe = 0, review = 1 };
 
 [[nodiscard]] constexpr std::string_view rawText(Risk risk) {
     return risk == Risk::safe ? "safe" : "review";
+}
+
+[[nodiscard]] constexpr std::optional<Risk> riskFromRawValue(int value) {
+    if (value == 0) return Risk::safe;
+    if (value == 1) return Risk::review;
+    return std::nullopt;
 }
 
 }  // namespace tavrel

@@ -72,6 +72,7 @@ QVariant AnalyzeRows::data(const QModelIndex& index, int role) const {
 QVariant AnalyzeRows::value(Id id, Role role) const {
     const AnalyzeContent& content = source_->content();
     const AnalyzeEntry& entry = content.entry(id);
+    const std::string* refusal = source_->knownRefusal(id);
     switch (role) {
         case Role::name:
             return nameOf(entry);
@@ -96,9 +97,9 @@ QVariant AnalyzeRows::value(Id id, Role role) const {
         case Role::selected:
             return source_->isSelected(id);
         case Role::removable:
-            return source_->refusal(id).empty();
+            return refusal != nullptr && refusal->empty();
         case Role::reason:
-            return text(source_->refusal(id));
+            return refusal != nullptr ? text(*refusal) : QString();
         case Role::lit:
             return source_->lit() == id;
         case Role::folderPath:
@@ -233,6 +234,7 @@ void AnalyzeRows::update() {
 void AnalyzeRows::removeGone() {
     const AnalyzeContent& content = source_->content();
     if (rows_.size() == content.entries().size()) return;
+    if (rows_.size() - content.entries().size() > mostMoves) gatherGone();
     for (std::size_t end = rows_.size(); end > 0;) {
         std::size_t begin = end;
         while (begin > 0 && !content.holds(rows_[begin - 1])) --begin;
@@ -247,6 +249,13 @@ void AnalyzeRows::removeGone() {
         end = begin;
     }
     Q_EMIT countChanged();
+}
+
+/// Many that went go behind the others first, so that they are removed as one.
+void AnalyzeRows::gatherGone() {
+    RowOrder::Ids kept = rows_;
+    std::stable_partition(kept.begin(), kept.end(), [this](Id id) { return source_->content().holds(id); });
+    if (kept != rows_) replaceOrder(kept);
 }
 
 void AnalyzeRows::reorder(const RowOrder::Ids& wanted) {

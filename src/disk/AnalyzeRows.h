@@ -89,6 +89,7 @@ class AnalyzeRows : public QAbstractListModel {
     void reset();
     void update();
     void removeGone();
+    void gatherGone();
     void reorder(const RowOrder::Ids& wanted);
     void moveMovers(const RowOrder::Ids& wanted, const RowOrder::Ids& movers);
     void replaceOrder(const RowOrder::Ids& wanted);

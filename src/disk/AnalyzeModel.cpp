@@ -10,6 +10,7 @@
 #include <QCoroFuture>
 #include <QPointer>
 #include <algorithm>
+#include <span>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -402,21 +403,13 @@ CleanJob AnalyzeModel::job(Items items) const {
     };
 }
 
-/// Forgetting the figures and taking the rows out each take their time, so that they are events of their own.
 void AnalyzeModel::finishRemoval(const CleanRunner::Report& report, std::size_t asked) {
     lastRemoval_ = report;
     if (report->dryRun || report->skipped.size() >= asked) return endRemoval();
-    forget(*report);
+    if (report->trashed > 0) forget({services_.places.trash().native()});
     // What was gone before is in neither list.
     const bool isComplete = report->removed.size() + report->skipped.size() >= asked;
-    const auto takeOutNext = [this, report, isComplete] {
-        if (!leaveRemoved(*report)) {
-            // A list on its way may still hold what went.
-            isComplete && !listing_ ? takeOut(*report) : load();
-        }
-        endRemoval();
-    };
-    QMetaObject::invokeMethod(this, takeOutNext, Qt::QueuedConnection);
+    forgetAll({.isComplete = isComplete, .contentNumber = contentNumber_, .ids = {}});
 }
 
 void AnalyzeModel::endRemoval() {
@@ -424,13 +417,37 @@ void AnalyzeModel::endRemoval() {
     Q_EMIT removalChanged();
 }
 
-void AnalyzeModel::forget(const CleanReport& report) {
+/// The figures of what went are forgotten by and by, and the rows go after that: no event is a long one.
+void AnalyzeModel::forgetAll(Leaving leaving) {
+    const std::span all(lastRemoval_->removed);
+    const auto some =
+        all.subspan(leaving.forgotten, std::min(forgottenAtOnce, all.size() - leaving.forgotten));
     std::vector<std::string_view> paths;
-    paths.reserve(report.removed.size() + 1);
-    for (const CleanItem& item : report.removed) paths.push_back(item.id());
-    const std::string trash = services_.places.trash().native();
-    if (report.trashed > 0) paths.push_back(trash);
+    paths.reserve(some.size());
+    for (const CleanItem& item : some) {
+        paths.push_back(item.id());
+        if (const auto id = content_.find(item.id())) leaving.ids.push_back(*id);
+    }
+    forget(paths);
+    leaving.forgotten += some.size();
+    const bool isAll = leaving.forgotten == all.size();
+    auto next = [this, isAll, leaving = std::move(leaving)]() mutable {
+        isAll ? leave(leaving) : forgetAll(std::move(leaving));
+    };
+    QMetaObject::invokeMethod(this, std::move(next), Qt::QueuedConnection);
+}
+
+void AnalyzeModel::forget(const std::vector<std::string_view>& paths) {
     services_.work.discard(std::make_shared<SizeCache::Forgotten>(services_.sizes.invalidate(paths)));
+}
+
+void AnalyzeModel::leave(const Leaving& leaving) {
+    if (!leaveRemoved(*lastRemoval_)) {
+        // A list on its way may still hold what went.
+        const bool isSame = leaving.contentNumber == contentNumber_;
+        leaving.isComplete&& isSame && !listing_ ? takeOut(leaving.ids) : load();
+    }
+    endRemoval();
 }
 
 /// Whether the folder that is shown went with something: then the one that held that is shown.
@@ -445,16 +462,12 @@ bool AnalyzeModel::leaveRemoved(const CleanReport& report) {
     return true;
 }
 
-void AnalyzeModel::takeOut(const CleanReport& report) {
-    std::vector<Id> ids;
-    ids.reserve(report.removed.size());
-    for (const CleanItem& item : report.removed) {
-        subSlices_.erase(item.id());
-        const auto id = content_.find(item.id());
-        if (!id) continue;
-        ids.push_back(*id);
-        waits_.erase(*id);
-        selection_.select(*id, false);
+void AnalyzeModel::takeOut(const std::vector<Id>& ids) {
+    for (const Id id : ids) {
+        const std::string& path = (*content_.paths())[id];
+        if (!subSlices_.empty()) subSlices_.erase(path);
+        waits_.erase(id);
+        selection_.select(id, false);
         if (lit_ == id) setFocus(std::nullopt);
     }
     content_.remove(ids);

@@ -27,6 +27,7 @@
 #include <set>
 #include <stop_token>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -167,6 +168,15 @@ class AnalyzeModel final : public QObject {
     void refusalsChanged();
 
   private:
+    /// What a removal took, on its way out of what is shown.
+    struct Leaving {
+        bool isComplete = true;           // whether the report tells of everything
+        std::uint64_t contentNumber = 0;  // to which the ids belong
+        std::vector<Id> ids;
+        std::size_t forgotten = 0;  // of those in the report
+    };
+    static constexpr std::size_t forgottenAtOnce = 4000;
+
     void move(bool moved);
     void show(AnalyzeContent content);
     void measurePending();
@@ -183,8 +193,10 @@ class AnalyzeModel final : public QObject {
     [[nodiscard]] QCoro::Task<> remove(std::vector<CleanItem> items);
     [[nodiscard]] CleanJob job(std::vector<CleanItem> items) const;
     void finishRemoval(const CleanRunner::Report& report, std::size_t asked);
-    void forget(const CleanReport& report);
-    void takeOut(const CleanReport& report);
+    void forgetAll(Leaving leaving);
+    void forget(const std::vector<std::string_view>& paths);
+    void leave(const Leaving& leaving);
+    void takeOut(const std::vector<Id>& ids);
     [[nodiscard]] bool leaveRemoved(const CleanReport& report);
     void endRemoval();
 

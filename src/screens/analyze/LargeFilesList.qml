@@ -52,6 +52,7 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Large files")
         onMovingChanged: files.app.motion.scrolling = moving
+        Component.onDestruction: if (moving) files.app.motion.scrolling = false
 
         Keys.onSpacePressed: rows.toggle(currentIndex)
         Keys.onDeletePressed: rows.trash(currentIndex)

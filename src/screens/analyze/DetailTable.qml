@@ -137,6 +137,7 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Contents")
         onMovingChanged: table.app.motion.scrolling = moving
+        Component.onDestruction: if (moving) table.app.motion.scrolling = false
         onActiveFocusChanged: if (activeFocus && currentIndex < 0 && count > 0) currentIndex = 0
 
         Keys.onSpacePressed: event => table.typed === "" ? rows.toggle(rows.url(currentIndex)) : table.find(" ")

@@ -61,6 +61,7 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Large files")
         onMovingChanged: files.app.motion.scrolling = moving
+        Component.onDestruction: if (moving) files.app.motion.scrolling = false
 
         Keys.onSpacePressed: rows.toggle(rows.url(currentIndex))
         Keys.onDeletePressed: event => { if (!event.isAutoRepeat) rows.trash(rows.url(currentIndex)) }

@@ -1,9 +1,10 @@
-// Opens one folder in the explorer, without a window, until all of it is measured; prints what that took as
-// JSON.
+// Opens one folder in the explorer, without a window, until all of it is measured, or removes every second
+// thing of it from there; prints what that took as JSON.
 #include "cleaning/CleanRunner.h"
 #include "core/Preferences.h"
 #include "core/UserDefaults.h"
 #include "disk/AnalyzeModel.h"
+#include "disk/AnalyzeRows.h"
 #include "disk/BackgroundDiskWork.h"
 #include "disk/SizeService.h"
 #include "profiles/Profile.h"
@@ -11,6 +12,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QPromise>
 #include <algorithm>
 #include <ctime>
 #include <filesystem>
@@ -41,6 +43,7 @@ class Watched final : public QCoreApplication {
   public:
     using QCoreApplication::QCoreApplication;
 
+    void beginAnew() { longest_ = longestOnProcessor_ = 0; }
     [[nodiscard]] double longest() const { return longest_; }
     [[nodiscard]] double longestOnProcessor() const { return longestOnProcessor_; }
 
@@ -63,10 +66,20 @@ class Watched final : public QCoreApplication {
     double longestOnProcessor_ = 0;
 };
 
-/// Nothing is removed here.
+/// Nothing is removed here, though it says so of everything.
 class NoRemoval final : public CleanRunner {
   public:
-    QFuture<Report> clean(CleanJob /*job*/) override { return {}; }
+    QFuture<Report> clean(CleanJob job) override {
+        auto promise = std::make_shared<QPromise<Report>>();
+        promise->start();
+        const auto report = std::make_shared<const CleanReport>(CleanReport{.removed = std::move(job.items)});
+        const auto tell = [promise, report] {
+            promise->addResult(report);
+            promise->finish();
+        };
+        QMetaObject::invokeMethod(QCoreApplication::instance(), tell, Qt::QueuedConnection);
+        return promise->future();
+    }
     QFuture<std::int64_t> emptyTrash() override { return {}; }
 };
 
@@ -82,45 +95,64 @@ std::size_t rememberedBelow(const SizeCache& cache, const std::string& folder) {
     return count;
 }
 
-int explore(Watched& application, const std::filesystem::path& folder) {
-    const Profile profile = Profiles::linux("/", folder);
-    const auto clock = systemClock();
-    UserDefaults defaults(profile.places.preferences());
-    Preferences preferences(defaults, folder);
+/// The explorer of one folder with all that it is made over.
+struct Desk {
+    explicit Desk(const std::filesystem::path& folder)
+        : profile(Profiles::linux("/", folder)),
+          defaults(profile.places.preferences()),
+          preferences(defaults, folder) {}
+
+    /// Opens the folder until all of it is measured. When the first rows came, in milliseconds.
+    double load() {
+        QElapsedTimer timer;
+        double firstRows = 0;
+        QEventLoop loop;
+        QObject::connect(&model, &AnalyzeModel::entriesChanged, &loop, [&] {
+            if (model.count() == 0) return;
+            if (firstRows == 0) firstRows = milliseconds(timer);
+            if (model.pendingCount() == 0) loop.quit();
+        });
+        timer.start();
+        model.load();
+        loop.exec();
+        return firstRows;
+    }
+
+    Profile profile;
+    std::unique_ptr<Clock> clock = systemClock();
+    UserDefaults defaults;
+    Preferences preferences;
     NoRemoval runner;
-    const std::size_t walks = SizeService::parallelWalks(std::thread::hardware_concurrency());
-    BackgroundDiskWork work(profile.packages, walks);
-    SizeService sizes([&work](auto path, auto stop,
-                              auto done) { work.measure(std::move(path), std::move(stop), std::move(done)); },
-                      walks);
-    AnalyzeModel model({
+    std::size_t walks = SizeService::parallelWalks(std::thread::hardware_concurrency());
+    BackgroundDiskWork work{profile.packages, walks};
+    SizeService sizes{[this](auto path, auto stop, auto done) {
+                          work.measure(std::move(path), std::move(stop), std::move(done));
+                      },
+                      walks};
+    AnalyzeModel model{{
         .places = profile.places,
         .clock = *clock,
         .preferences = preferences,
         .sizes = sizes,
         .work = work,
         .runner = runner,
-        .safetyGuard = [&] { return profile.safetyGuard(preferences.values(), {}); },
-    });
+        .safetyGuard = [this] { return profile.safetyGuard(preferences.values(), {}); },
+    }};
+};
 
+int explore(Watched& application, const std::filesystem::path& folder) {
+    Desk desk(folder);
+    const AnalyzeModel& model = desk.model;
     const double heapBefore = heapBytes();
     QElapsedTimer timer;
-    double firstRows = 0;
-    QEventLoop loop;
-    QObject::connect(&model, &AnalyzeModel::entriesChanged, &loop, [&] {
-        if (model.count() == 0) return;
-        if (firstRows == 0) firstRows = milliseconds(timer);
-        if (model.pendingCount() == 0) loop.quit();
-    });
     timer.start();
-    model.load();
-    loop.exec();
+    const double firstRows = desk.load();
     const double allFigures = milliseconds(timer);
     const double heap = heapBytes() - heapBefore;
 
     std::size_t remembered = 0;
     for (const AnalyzeEntry& entry : model.entries())
-        remembered += 1 + rememberedBelow(sizes.cache(), entry.url.native());
+        remembered += 1 + rememberedBelow(desk.sizes.cache(), entry.url.native());
     std::cout << fmt::format(
         R"({{"firstRows": {:.3f}, "allFigures": {:.3f}, "longestBlock": {:.3f}, "longestBlockCpu": {:.3f}, )"
         R"("heap": {:.0f}, "remembered": {}, "size": {}, "files": {}}})"
@@ -130,13 +162,39 @@ int explore(Watched& application, const std::filesystem::path& folder) {
     return EXIT_SUCCESS;
 }
 
+/// Marks every second thing of the folder and removes it.
+int removeHalf(Watched& application, const std::filesystem::path& folder) {
+    Desk desk(folder);
+    AnalyzeRows rows;
+    rows.setSource(&desk.model);
+    desk.load();
+    rows.sortBy(AnalyzeRows::Column::Name);
+    const int before = rows.count();
+    for (int row = 0; row < before; row += 2) desk.model.toggleSelection(*rows.entry(row));
+
+    QEventLoop loop;
+    QObject::connect(&desk.model, &AnalyzeModel::removalChanged, &loop, [&] {
+        if (!desk.model.isRemoving()) loop.quit();
+    });
+    QMetaObject::invokeMethod(&desk.model, &AnalyzeModel::trashSelected, Qt::QueuedConnection);
+    application.beginAnew();
+    loop.exec();
+    std::cout << fmt::format(R"({{"removed": {}, "longestBlock": {:.3f}, "longestBlockCpu": {:.3f}}})"
+                             "\n",
+                             before - rows.count(), application.longest(), application.longestOnProcessor());
+    return EXIT_SUCCESS;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::cerr << "usage: tavrel_bench_explorer FOLDER\n";
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const bool removes = arguments.size() == 2 && arguments.front() == "--remove";
+    if (!removes && arguments.size() != 1) {
+        std::cerr << "usage: tavrel_bench_explorer [--remove] FOLDER\n";
         return 2;
     }
     Watched application(argc, argv);
-    return explore(application, std::filesystem::canonical(argv[1]));
+    const auto folder = std::filesystem::canonical(arguments.back());
+    return removes ? removeHalf(application, folder) : explore(application, folder);
 }

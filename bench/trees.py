@@ -48,6 +48,17 @@ def vast(root, files):
         fill(root / folder, 40, (0, 0, 0, 100))
 
 
+def wide(root, things):
+    """One folder of things, files and folders by turns of two; each folder holds another one."""
+    root.mkdir()
+    for at in range(things):
+        path = root / f"{'folder' if at % 4 < 2 else 'file'}-{at:06}"
+        if at % 4 < 2:
+            (path / "inner").mkdir(parents=True)
+        else:
+            path.touch()
+
+
 def chain(root, depth):
     """One folder in the other, far past what a path can name, with a file in each."""
     root.mkdir()

@@ -2,7 +2,7 @@
 #include "app/Launch.h"
 #include "app/Program.h"
 #include "cleaning/ReviewRows.h"
-#include "support/SampleMac.h"
+#include "sample/SampleMac.h"
 #include "support/Sandbox.h"
 
 #include <QElapsedTimer>
@@ -80,7 +80,7 @@ class Shown {
   private:
     Launch::Application application_;
     testing::Sandbox disk_;
-    testing::SampleMac mac_;
+    sample::SampleMac mac_;
     Program program_;
     QQuickWindow* window_;
 };

@@ -37,9 +37,11 @@ constexpr std::array<Row, count> rows = {{
 }};
 // clang-format on
 
-const Row& row(CleanCategory category) {
+constexpr const Row& row(CleanCategory category) {
     return rows[static_cast<std::size_t>(category)];
 }
+static_assert(row(CleanCategory::iosBackups).rawValue == "iosBackups" &&
+              row(CleanCategory::aiModels).rawValue == "aiModels");
 
 constexpr auto inOrder = [] {
     std::array<CleanCategory, count> cases{};

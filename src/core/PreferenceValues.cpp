@@ -27,6 +27,11 @@ constexpr std::array metricRows = {
     MetricRow{MenuBarMetric::battery, "battery", "Battery", "battery.75percent"},
 };
 
+static_assert(metricRows.size() == allMenuBarMetrics.size());
+static_assert(std::ranges::all_of(allMenuBarMetrics, [](MenuBarMetric metric) {
+    return metricRows.at(static_cast<std::size_t>(metric)).metric == metric;
+}));
+
 const MetricRow& row(MenuBarMetric metric) {
     return metricRows.at(static_cast<std::size_t>(metric));
 }

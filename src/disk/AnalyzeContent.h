@@ -54,7 +54,6 @@ class AnalyzeContent {
     [[nodiscard]] std::optional<std::size_t> colorIndex(std::size_t position) const;
 
     void measured(Id id, const DiskIndex::Info& info) { arrived_.emplace_back(id, info); }
-    [[nodiscard]] bool hasArrivals() const { return !arrived_.empty(); }
     /// Lets what arrived be seen.
     void publish();
     void remove(const std::vector<Id>& ids);

@@ -3,14 +3,14 @@
 #include "cleaning/CleanRefusal.h"
 #include "cleaning/CleanTexts.h"
 #include "core/ByteCount.h"
-#include "core/CheckedSum.h"
-#include "core/Paths.h"
+#include "core/PathUrl.h"
 #include "core/Text.h"
 #include "disk/AnalyzeTexts.h"
 
 #include <QCoroFuture>
 #include <QPointer>
 #include <algorithm>
+#include <span>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -85,7 +85,8 @@ void AnalyzeModel::goTo(int index) {
 }
 
 void AnalyzeModel::navigateTo(const QUrl& folder) {
-    if (folder.isLocalFile()) navigate(folder.toLocalFile().toStdString());
+    const Path to = PathUrl::pathOf(folder);
+    if (!to.empty()) navigate(to);
 }
 
 void AnalyzeModel::navigate(const Path& to) {
@@ -178,13 +179,10 @@ void AnalyzeModel::show(AnalyzeContent content) {
     ++contentNumber_;
     subSlices_.clear();
     learnSubSlices();
-    selected_.assign(content_.idCount(), false);
-    selectedCount_ = 0;
-    selectedSize_ = 0;
-    lastPublish_ = services_.clock.now();
+    selection_.reset(content_.idCount());
+    nextPublish_ = distantPast;
     vet();
     Q_EMIT entriesChanged();
-    Q_EMIT subSlicesChanged();
     Q_EMIT selectionChanged();
 }
 
@@ -201,32 +199,32 @@ void AnalyzeModel::measurePending() {
         if (wait) waits_.emplace(id, std::move(wait));
     }
     asking_ = false;
+    if (waits_.empty() && content_.pendingCount() > 0) publish();  // nothing else is to come
 }
 
 void AnalyzeModel::measured(Id id, const DiskIndex::Info& info) {
     waits_.erase(id);
     content_.measured(id, info);
-    publishSoon();
     measurePending();
+    if (content_.pendingCount() > 0) publishSoon();
 }
 
 void AnalyzeModel::publishSoon() {
-    if (publishDue_) return;
-    publishDue_ = true;
-    const auto left = std::max<Clock::Duration>(lastPublish_ + publishPause - services_.clock.now(), {});
+    if (std::exchange(publishDue_, true)) return;
+    const Instant now = services_.clock.now();
+    const Clock::Duration left = nextPublish_ > now ? nextPublish_ - now : Clock::Duration::zero();
     services_.clock.after(left, [self = QPointer<AnalyzeModel>(this), generation = generation_] {
-        if (self && self->generation_ == generation) self->publish();
+        if (self && self->generation_ == generation && self->publishDue_) self->publish();
     });
 }
 
 void AnalyzeModel::publish() {
     publishDue_ = false;
-    lastPublish_ = services_.clock.now();
+    nextPublish_ = services_.clock.now() + publishPause;
     content_.publish();
     learnSubSlices();
     Q_EMIT entriesChanged();
-    Q_EMIT subSlicesChanged();
-    if (selectedCount_ > 0) selectionWasChanged();
+    if (selection_.sumUp(content_)) Q_EMIT selectionChanged();
 }
 
 /// Only what has an arc of its own can show slices, which bounds their number.
@@ -282,19 +280,18 @@ std::string AnalyzeModel::refusal(const AnalyzeEntry& entry) const {
     return id ? refusal(*id) : services_.safetyGuard().check(entry.url).reason();
 }
 
-/// What is asked for before all is vetted, a few rows in sight, is vetted here.
+/// What a person acts on before all is vetted is vetted here.
 const std::string& AnalyzeModel::refusal(Id id) const {
-    std::optional<std::string>& known = refusals_[id];
-    if (!known) known = services_.safetyGuard().check((*content_.paths())[id]).reason();
-    return *known;
+    if (selection_.refusal(id) == nullptr)
+        selection_.learn(id, services_.safetyGuard().check((*content_.paths())[id]).reason());
+    return *selection_.refusal(id);
 }
 
 /// The guard looks at links, so a long list is put to it elsewhere.
 void AnalyzeModel::vet() {
     vetStop_.request_stop();
     vetStop_ = {};
-    knowsRefusals_ = false;
-    refusals_.assign(content_.idCount(), std::nullopt);
+    selection_.forgetRefusals();
     if (entries().empty()) return;
     const QPointer<AnalyzeModel> self = this;
     const std::stop_token stop = vetStop_.get_token();
@@ -305,13 +302,7 @@ void AnalyzeModel::vet() {
 }
 
 void AnalyzeModel::vetted(const DiskWork::Reasons& reasons) {
-    std::transform(reasons.begin(), reasons.end(), refusals_.begin(),
-                   [](const std::string& reason) { return std::optional(reason); });
-    knowsRefusals_ = true;
-    for (Id id = 0; id < selected_.size(); ++id) {
-        if (selected_[id] && !refusals_[id]->empty()) setSelected(id, false);
-    }
-    if (selectsAllOnceVetted_) selectAll();
+    selection_.learnAll(reasons, content_);
     selectionWasChanged();
     Q_EMIT refusalsChanged();
 }
@@ -320,119 +311,85 @@ void AnalyzeModel::vetted(const DiskWork::Reasons& reasons) {
 
 std::set<std::string> AnalyzeModel::selection() const {
     std::set<std::string> paths;
-    for (const AnalyzeEntry& entry : selectedEntries()) paths.insert(entry.url.native());
+    for (Id id = 0; id < content_.idCount(); ++id) {
+        if (selection_.holds(id)) paths.insert((*content_.paths())[id]);
+    }
     return paths;
 }
 
-Entries AnalyzeModel::selectedEntries() const {
-    Entries chosen;
-    chosen.reserve(selectedCount_);
-    for (std::size_t at = 0; at < entries().size(); ++at) {
-        if (selected_[content_.id(at)]) chosen.push_back(entries()[at]);
-    }
-    return chosen;
-}
-
 bool AnalyzeModel::allSelected() const {
-    if (!knowsRefusals_ || selectedCount_ == 0) return false;
-    for (std::size_t at = 0; at < entries().size(); ++at) {
-        const Id id = content_.id(at);
-        if (!selected_[id] && refusals_[id]->empty()) return false;
-    }
-    return true;
+    return selection_.isAll(content_);
 }
 
 void AnalyzeModel::toggleSelection(const AnalyzeEntry& entry) {
     const auto id = content_.find(entry.url.native());
     if (!id || !refusal(*id).empty()) return;
-    selectsAllOnceVetted_ = false;
-    setSelected(*id, !selected_[*id]);
+    selection_.select(*id, !selection_.holds(*id));
     selectionWasChanged();
 }
 
 void AnalyzeModel::toggleAll() {
     if (allSelected()) return clearSelection();
-    selectsAllOnceVetted_ = !knowsRefusals_;
-    if (selectsAllOnceVetted_) return;
-    selectAll();
+    selection_.selectAll(content_);
     selectionWasChanged();
 }
 
 void AnalyzeModel::clearSelection() {
-    selectsAllOnceVetted_ = false;
-    if (selectedCount_ == 0) return;
-    selected_.assign(content_.idCount(), false);
-    selectedCount_ = 0;
-    selectionWasChanged();
-}
-
-void AnalyzeModel::selectAll() {
-    selectsAllOnceVetted_ = false;
-    for (std::size_t at = 0; at < entries().size(); ++at) {
-        const Id id = content_.id(at);
-        if (refusals_[id]->empty()) setSelected(id, true);
-    }
-}
-
-void AnalyzeModel::setSelected(Id id, bool on) {
-    if (selected_[id] == on) return;
-    selected_[id] = on;
-    on ? ++selectedCount_ : --selectedCount_;
+    if (selection_.clear()) selectionWasChanged();
 }
 
 void AnalyzeModel::selectionWasChanged() {
-    selectedSize_ = 0;
-    for (std::size_t at = 0; selectedCount_ > 0 && at < entries().size(); ++at) {
-        if (selected_[content_.id(at)])
-            selectedSize_ = addBytes(selectedSize_, entries()[at].size.value_or(0));
-    }
+    selection_.sumUp(content_);
     Q_EMIT selectionChanged();
 }
 
 QString AnalyzeModel::selectionText() const {
-    return text(AnalyzeTexts::selection(selectedCount_, selectedSize_));
+    return text(AnalyzeTexts::selection(selection_.count(), selection_.size()));
 }
 
 QString AnalyzeModel::questionText() const {
-    return text(AnalyzeTexts::question(selectedCount_, selectedSize_));
+    return text(AnalyzeTexts::question(selection_.count(), selection_.size()));
 }
 
 // The removal
 
+/// What is shown of one folder cannot lie in each other, nor can large files; what is named here may.
 void AnalyzeModel::trash(const Entries& entries) {
     Items items;
     items.reserve(entries.size());
     for (const AnalyzeEntry& entry : entries) items.push_back(itemOf(entry));
-    begin(std::move(items));
+    begin(outermost(std::move(items)));
 }
 
+/// In the order of the names, so that what went is found again in one pass.
 void AnalyzeModel::trashSelected() {
     Items items;
-    items.reserve(selectedCount_);
-    for (std::size_t at = 0; at < entries().size(); ++at) {
-        if (selected_[content_.id(at)]) items.push_back(itemOf(entries()[at]));
+    items.reserve(selection_.count());
+    for (Id id = 0; id < content_.idCount(); ++id) {
+        if (selection_.holds(id)) items.push_back(itemOf(content_.entry(id)));
     }
     begin(std::move(items));
 }
 
 void AnalyzeModel::begin(Items items) {
     if (items.empty() || removing_) return;
-    QCoro::connect(remove(outermost(std::move(items))), this, [] {});
+    QCoro::connect(remove(std::move(items)), this, [] {});
 }
 
 QCoro::Task<> AnalyzeModel::remove(Items items) {
     const QPointer<AnalyzeModel> self = this;
+    const std::size_t asked = items.size();
     removing_ = true;
     Q_EMIT removalChanged();
     if (!services_.preferences.knowsProtectedPaths() && !services_.preferences.dryRun()) {
-        finishRemoval(std::make_shared<const CleanReport>(refusalWithoutProtectedPaths(items)));
+        finishRemoval(std::make_shared<const CleanReport>(refusalWithoutProtectedPaths(items)), asked);
         co_return;
     }
     CleanJob work = job(std::move(items));
     QFuture<CleanRunner::Report> removal = services_.runner.clean(std::move(work));
     const CleanRunner::Report report = co_await removal;
     if (!self) co_return;
-    finishRemoval(report);
+    finishRemoval(report, asked);
 }
 
 CleanJob AnalyzeModel::job(Items items) const {
@@ -442,43 +399,81 @@ CleanJob AnalyzeModel::job(Items items) const {
         .action = "analyze",
         .guard = services_.safetyGuard(),
         .options = {.dryRun = preferences.dryRun(), .alwaysTrash = preferences.alwaysTrash()},
-        .progress = [](double) {},
+        .progress = {},
     };
 }
 
-void AnalyzeModel::finishRemoval(const CleanRunner::Report& report) {
-    removing_ = false;
+void AnalyzeModel::finishRemoval(const CleanRunner::Report& report, std::size_t asked) {
     lastRemoval_ = report;
-    if (!report->dryRun) takeOut(*report);
+    if (report->dryRun || report->skipped.size() >= asked) return endRemoval();
+    if (report->trashed > 0) forget({services_.places.trash().native()});
+    // What was gone before is in neither list.
+    const bool isComplete = report->removed.size() + report->skipped.size() >= asked;
+    forgetAll({.isComplete = isComplete, .contentNumber = contentNumber_, .ids = {}});
+}
+
+void AnalyzeModel::endRemoval() {
+    removing_ = false;
     Q_EMIT removalChanged();
 }
 
-void AnalyzeModel::takeOut(const CleanReport& report) {
-    std::vector<Id> ids;
-    for (const CleanItem& item : report.removed) {
-        services_.sizes.invalidate(item.id());
-        subSlices_.erase(item.id());
-        if (const auto id = content_.find(item.id())) ids.push_back(*id);
+/// The figures of what went are forgotten by and by, and the rows go after that: no event is a long one.
+void AnalyzeModel::forgetAll(Leaving leaving) {
+    const std::span all(lastRemoval_->removed);
+    const auto some =
+        all.subspan(leaving.forgotten, std::min(forgottenAtOnce, all.size() - leaving.forgotten));
+    std::vector<std::string_view> paths;
+    paths.reserve(some.size());
+    for (const CleanItem& item : some) {
+        paths.push_back(item.id());
+        if (const auto id = content_.find(item.id())) leaving.ids.push_back(*id);
     }
-    if (listing_) return load();  // the list on its way may still hold what went
+    forget(paths);
+    leaving.forgotten += some.size();
+    const bool isAll = leaving.forgotten == all.size();
+    auto next = [this, isAll, leaving = std::move(leaving)]() mutable {
+        isAll ? leave(leaving) : forgetAll(std::move(leaving));
+    };
+    QMetaObject::invokeMethod(this, std::move(next), Qt::QueuedConnection);
+}
+
+void AnalyzeModel::forget(const std::vector<std::string_view>& paths) {
+    services_.work.discard(std::make_shared<SizeCache::Forgotten>(services_.sizes.invalidate(paths)));
+}
+
+void AnalyzeModel::leave(const Leaving& leaving) {
+    if (!leaveRemoved(*lastRemoval_)) {
+        // A list on its way may still hold what went.
+        const bool isSame = leaving.contentNumber == contentNumber_;
+        leaving.isComplete&& isSame && !listing_ ? takeOut(leaving.ids) : load();
+    }
+    endRemoval();
+}
+
+/// Whether the folder that is shown went with something: then the one that held that is shown.
+bool AnalyzeModel::leaveRemoved(const CleanReport& report) {
+    const auto& stack = path_.stack();
+    const auto went = std::find_if(stack.begin(), stack.end(), [&](const Path& folder) {
+        return std::any_of(report.removed.begin(), report.removed.end(),
+                           [&](const CleanItem& item) { return item.id() == folder.native(); });
+    });
+    if (went == stack.begin() || went == stack.end()) return false;
+    move(path_.cutTo(static_cast<std::size_t>(went - stack.begin()) - 1));
+    return true;
+}
+
+void AnalyzeModel::takeOut(const std::vector<Id>& ids) {
     for (const Id id : ids) {
+        const std::string& path = (*content_.paths())[id];
+        if (!subSlices_.empty()) subSlices_.erase(path);
         waits_.erase(id);
-        setSelected(id, false);
+        selection_.select(id, false);
         if (lit_ == id) setFocus(std::nullopt);
     }
     content_.remove(ids);
     measurePending();
     Q_EMIT entriesChanged();
-    Q_EMIT subSlicesChanged();
     selectionWasChanged();
-}
-
-int AnalyzeModel::lastRemovalCount() const {
-    return lastRemoval_ ? static_cast<int>(lastRemoval_->removed.size()) : 0;
-}
-
-int AnalyzeModel::lastRemovalSkipped() const {
-    return lastRemoval_ ? static_cast<int>(lastRemoval_->skipped.size()) : 0;
 }
 
 QString AnalyzeModel::lastRemovalText() const {

@@ -9,6 +9,7 @@
 #include "core/Preferences.h"
 #include "disk/AnalyzeContent.h"
 #include "disk/AnalyzeEntry.h"
+#include "disk/AnalyzeSelection.h"
 #include "disk/DiskWork.h"
 #include "disk/FolderPath.h"
 #include "disk/SizeService.h"
@@ -26,6 +27,7 @@
 #include <set>
 #include <stop_token>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -47,31 +49,23 @@ struct AnalyzeServices {
 /// thread.
 class AnalyzeModel final : public QObject {
     Q_OBJECT
-    Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY pathChanged)
+    Q_PROPERTY(bool atRoot READ isAtRoot NOTIFY pathChanged)
     Q_PROPERTY(QStringList crumbs READ crumbs NOTIFY pathChanged)
     Q_PROPERTY(QString title READ title NOTIFY pathChanged)
     Q_PROPERTY(QString folder READ folder NOTIFY pathChanged)
     Q_PROPERTY(Mode mode READ mode WRITE setMode NOTIFY modeChanged)
     Q_PROPERTY(bool listing READ isListing NOTIFY listingChanged)
     Q_PROPERTY(int count READ count NOTIFY entriesChanged)
-    Q_PROPERTY(int pendingCount READ pendingCount NOTIFY entriesChanged)
-    Q_PROPERTY(qint64 total READ total NOTIFY entriesChanged)
-    Q_PROPERTY(qint64 totalFiles READ totalFiles NOTIFY entriesChanged)
     Q_PROPERTY(QString totalText READ totalText NOTIFY entriesChanged)
     Q_PROPERTY(QString countText READ countText NOTIFY entriesChanged)
     Q_PROPERTY(QString filesText READ filesText NOTIFY entriesChanged)
     Q_PROPERTY(QString measuringText READ measuringText NOTIFY entriesChanged)
     Q_PROPERTY(int selectedCount READ selectedCount NOTIFY selectionChanged)
-    Q_PROPERTY(qint64 selectedSize READ selectedSize NOTIFY selectionChanged)
     Q_PROPERTY(QString selectionText READ selectionText NOTIFY selectionChanged)
     Q_PROPERTY(QString questionText READ questionText NOTIFY selectionChanged)
     Q_PROPERTY(bool allSelected READ allSelected NOTIFY selectionChanged)
     Q_PROPERTY(bool removing READ isRemoving NOTIFY removalChanged)
     Q_PROPERTY(bool hasLastRemoval READ hasLastRemoval NOTIFY removalChanged)
-    Q_PROPERTY(bool lastRemovalWasPreview READ lastRemovalWasPreview NOTIFY removalChanged)
-    Q_PROPERTY(int lastRemovalCount READ lastRemovalCount NOTIFY removalChanged)
-    Q_PROPERTY(int lastRemovalSkipped READ lastRemovalSkipped NOTIFY removalChanged)
-    Q_PROPERTY(qint64 lastRemovalFreed READ lastRemovalFreed NOTIFY removalChanged)
     Q_PROPERTY(QString lastRemovalText READ lastRemovalText NOTIFY removalChanged)
     Q_PROPERTY(QString lastRemovalReasons READ lastRemovalReasons NOTIFY removalChanged)
 
@@ -103,9 +97,7 @@ class AnalyzeModel final : public QObject {
     /// The report of the last removal; nullptr before the first.
     [[nodiscard]] const CleanReport* lastRemoval() const { return lastRemoval_.get(); }
     [[nodiscard]] std::set<std::string> selection() const;
-    [[nodiscard]] Entries selectedEntries() const;
 
-    [[nodiscard]] bool canGoBack() const { return !path_.isAtRoot(); }
     [[nodiscard]] QStringList crumbs() const;
     [[nodiscard]] QString title() const;
     [[nodiscard]] QString folder() const;  // its path, for reading
@@ -119,18 +111,14 @@ class AnalyzeModel final : public QObject {
     [[nodiscard]] QString countText() const;
     [[nodiscard]] QString filesText() const;
     [[nodiscard]] QString measuringText() const;  // empty when all is measured
-    [[nodiscard]] int selectedCount() const { return static_cast<int>(selectedCount_); }
-    [[nodiscard]] std::int64_t selectedSize() const { return selectedSize_; }
+    [[nodiscard]] int selectedCount() const { return static_cast<int>(selection_.count()); }
+    [[nodiscard]] std::int64_t selectedSize() const { return selection_.size(); }
     [[nodiscard]] QString selectionText() const;
     [[nodiscard]] QString questionText() const;
     /// Whether everything that can be removed is selected; never before that is known of everything.
     [[nodiscard]] bool allSelected() const;
     [[nodiscard]] bool isRemoving() const { return removing_; }
     [[nodiscard]] bool hasLastRemoval() const { return lastRemoval_ != nullptr; }
-    [[nodiscard]] bool lastRemovalWasPreview() const { return lastRemoval_ && lastRemoval_->dryRun; }
-    [[nodiscard]] int lastRemovalCount() const;
-    [[nodiscard]] int lastRemovalSkipped() const;
-    [[nodiscard]] std::int64_t lastRemovalFreed() const { return lastRemoval_ ? lastRemoval_->freed : 0; }
     [[nodiscard]] QString lastRemovalText() const;
     [[nodiscard]] QString lastRemovalReasons() const;
 
@@ -156,9 +144,10 @@ class AnalyzeModel final : public QObject {
     [[nodiscard]] bool canRemove(const AnalyzeEntry& entry) const { return refusal(entry).empty(); }
     /// The guard's words on why an entry cannot be removed; empty when it can.
     [[nodiscard]] std::string refusal(const AnalyzeEntry& entry) const;
-    [[nodiscard]] const std::string& refusal(Id id) const;
+    /// The same without asking the guard: nullptr while its words are awaited.
+    [[nodiscard]] const std::string* knownRefusal(Id id) const { return selection_.refusal(id); }
 
-    [[nodiscard]] bool isSelected(Id id) const { return id < selected_.size() && selected_[id]; }
+    [[nodiscard]] bool isSelected(Id id) const { return selection_.holds(id); }
     void toggleSelection(const AnalyzeEntry& entry);
     /// Selects everything that can be removed or, when all of it is selected, nothing.
     Q_INVOKABLE void toggleAll();
@@ -173,13 +162,21 @@ class AnalyzeModel final : public QObject {
     void modeChanged();
     void listingChanged();
     void entriesChanged();
-    void subSlicesChanged();
     void focusChanged();
     void selectionChanged();
     void removalChanged();
     void refusalsChanged();
 
   private:
+    /// What a removal took, on its way out of what is shown.
+    struct Leaving {
+        bool isComplete = true;           // whether the report tells of everything
+        std::uint64_t contentNumber = 0;  // to which the ids belong
+        std::vector<Id> ids;
+        std::size_t forgotten = 0;  // of those in the report
+    };
+    static constexpr std::size_t forgottenAtOnce = 4000;
+
     void move(bool moved);
     void show(AnalyzeContent content);
     void measurePending();
@@ -189,15 +186,19 @@ class AnalyzeModel final : public QObject {
     void learnSubSlices();
     void vet();
     void vetted(const DiskWork::Reasons& reasons);
-    void setSelected(Id id, bool on);
-    void selectAll();
+    [[nodiscard]] const std::string& refusal(Id id) const;
     void selectionWasChanged();
     void setListing(bool on);
     void begin(std::vector<CleanItem> items);
     [[nodiscard]] QCoro::Task<> remove(std::vector<CleanItem> items);
     [[nodiscard]] CleanJob job(std::vector<CleanItem> items) const;
-    void finishRemoval(const CleanRunner::Report& report);
-    void takeOut(const CleanReport& report);
+    void finishRemoval(const CleanRunner::Report& report, std::size_t asked);
+    void forgetAll(Leaving leaving);
+    void forget(const std::vector<std::string_view>& paths);
+    void leave(const Leaving& leaving);
+    void takeOut(const std::vector<Id>& ids);
+    [[nodiscard]] bool leaveRemoved(const CleanReport& report);
+    void endRemoval();
 
     AnalyzeServices services_;
     FolderPath path_;
@@ -217,14 +218,9 @@ class AnalyzeModel final : public QObject {
     std::unordered_map<Id, std::shared_ptr<SizeService::Wait>> waits_;
     bool asking_ = false;
     bool publishDue_ = false;
-    Instant lastPublish_ = distantPast;
+    Instant nextPublish_ = distantPast;  // not before
 
-    std::vector<bool> selected_;  // by id, as the following
-    mutable std::vector<std::optional<std::string>> refusals_;
-    std::size_t selectedCount_ = 0;
-    std::int64_t selectedSize_ = 0;
-    bool knowsRefusals_ = false;
-    bool selectsAllOnceVetted_ = false;
+    mutable AnalyzeSelection selection_;  // keeps what the guard was asked
     std::stop_source vetStop_;
 
     bool removing_ = false;

@@ -1,6 +1,8 @@
 #include "disk/SizeCache.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_set>
 #include <utility>
 
 namespace tavrel {
@@ -62,40 +64,59 @@ std::vector<SizeCache::Child> SizeCache::children(std::string_view path, std::si
     return children;
 }
 
-void SizeCache::store(std::string_view path, SizeFindings findings) {
-    families_.merge(findings.families);  // moves what is new; what is left over meets older figures
-    for (auto& [folder, family] : findings.families) add(families_.find(folder)->second, std::move(family));
+void SizeCache::storeBelow(SizeFamily::ByFolder families) {
+    families_.merge(families);  // moves what is new; what is left over meets older figures
+    for (auto& [folder, family] : families) add(families_.find(folder)->second, std::move(family));
+}
 
+void SizeCache::store(std::string_view path, SizeFindings findings) {
+    storeBelow(std::move(findings.families));
     const SizeKey key = SizeKey::of(path);
     Figure& figure = makeFamily(key.folder).figures.try_emplace(std::string(key.name)).first->second;
     figure.info = findings.total;
     figure.known = true;
 }
 
-void SizeCache::forget(std::string_view path) {
-    if (path == "/") return clear();
-    drop(path);
-    for (std::string_view above = SizeKey::of(path).folder; above.size() > 1;
-         above = SizeKey::of(above).folder) {
-        unlearn(above);
+SizeCache::Forgotten SizeCache::forget(std::span<const std::string_view> paths) {
+    Forgotten forgotten;
+    std::unordered_set<std::string_view> above;
+    auto near = families_.begin();
+    for (auto path = paths.begin(); path != paths.end();) {
+        const std::string_view folder = SizeKey::of(*path).folder;
+        const auto siblings = families_.find(folder);
+        for (; path != paths.end() && SizeKey::of(*path).folder == folder; ++path) {
+            if (siblings != families_.end()) {
+                auto& figures = siblings->second.figures;
+                const auto own = figures.find(SizeKey::of(*path).name);
+                if (own != figures.end()) forgotten.figures.push_back(figures.extract(own));
+            }
+            forgetBelow(*path, near, forgotten);
+        }
+        for (std::string_view each = folder; above.insert(each).second; each = SizeKey::of(each).folder)
+            unlearn(each);
     }
-    unlearn("/");
+    return forgotten;
 }
 
-/// The thing itself, and all families below it.
-void SizeCache::drop(std::string_view path) {
-    const SizeKey key = SizeKey::of(path);
-    const auto beside = families_.find(key.folder);
-    if (beside != families_.end()) {
-        const auto own = beside->second.figures.find(key.name);
-        if (own != beside->second.figures.end()) beside->second.figures.erase(own);
-    }
-    const auto first = families_.lower_bound(path);
-    if (first == families_.end() || !first->first.starts_with(path)) return;
-    const std::string below = std::string(path) + '/';
-    const std::string beyond = std::string(path) + static_cast<char>('/' + 1);
-    if (first->first == path) families_.erase(first);
-    families_.erase(families_.lower_bound(below), families_.lower_bound(beyond));
+/// All families below a path. `near` is where the last search ended: where the paths come in their order and
+/// nothing is known below them, there is nothing to search.
+void SizeCache::forgetBelow(std::string_view path, SizeFamily::ByFolder::iterator& near,
+                            Forgotten& forgotten) {
+    const auto begins = [](SizeFamily::ByFolder::iterator at, std::string_view with) {
+        return at->first.starts_with(with);
+    };
+    for (int steps = 0; steps < 4 && near != families_.end() && near->first < path; ++steps) ++near;
+    const bool isBehind = near == families_.end() || near->first >= path;
+    const bool isFirst = near == families_.begin() || std::prev(near)->first < path;
+    if (!isBehind || !isFirst) near = families_.lower_bound(path);
+    if (near == families_.end() || !begins(near, path)) return;
+    if (near->first == path) forgotten.families.push_back(families_.extract(near++));
+    // Between a folder and what lies below it stand those whose names go on with a lesser letter.
+    const std::string below = joined(path, "");
+    auto at = near != families_.end() && begins(near, below) ? near : families_.lower_bound(below);
+    const bool isNext = at == near;
+    while (at != families_.end() && begins(at, below)) forgotten.families.push_back(families_.extract(at++));
+    if (isNext) near = at;
 }
 
 /// A folder above stays known as the sub-folder that it is; its figure does not.

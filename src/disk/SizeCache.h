@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,14 +43,22 @@ class SizeCache {
     /// Keeps what a walk of `path` found. Its own figure replaces an older one; below it older figures stand.
     void store(std::string_view path, SizeFindings findings);
 
-    /// Forgets the path, everything below it and every folder above it; what stands beside it stays.
-    void forget(std::string_view path);
-    void clear() { families_.clear(); }
+    /// Keeps the figures of folders that a walk had finished when it was cut off.
+    void storeBelow(SizeFamily::ByFolder families);
+
+    /// What was forgotten: letting go of it may take long.
+    struct Forgotten {
+        std::vector<SizeFamily::Figures::node_type> figures;
+        std::vector<SizeFamily::ByFolder::node_type> families;
+    };
+    /// Forgets the paths, everything below them and every folder above them; what stands beside them stays.
+    /// Fastest for paths in their order.
+    [[nodiscard]] Forgotten forget(std::span<const std::string_view> paths);
 
   private:
     [[nodiscard]] const SizeFamily* family(std::string_view folder) const;
     [[nodiscard]] SizeFamily& makeFamily(std::string_view folder);
-    void drop(std::string_view path);
+    void forgetBelow(std::string_view path, SizeFamily::ByFolder::iterator& near, Forgotten& forgotten);
     void unlearn(std::string_view path);
 
     SizeFamily::ByFolder families_;

@@ -11,7 +11,8 @@ struct SizeService::Task {
     std::vector<std::weak_ptr<Wait>> waits;  // in the order of their coming; some may have been given up
     std::size_t waiters = 0;                 // those that were not
     std::stop_source stop;
-    Tasks* holder = nullptr;  // the list that it stands in
+    std::size_t forgettings = 0;  // those before it
+    Tasks* holder = nullptr;      // the list that it stands in
     Tasks::iterator place;
 };
 
@@ -46,12 +47,23 @@ std::shared_ptr<SizeService::Wait> SizeService::info(const std::string& of, Answ
     if (isNew) {
         task = std::make_shared<Task>();
         task->path = of;
+        task->forgettings = forgettings_;
     }
     auto wait = std::make_shared<Wait>(*this, task, std::move(answer));
     task->waits.push_back(wait);
     ++task->waiters;
     if (isNew) begin(task);
     return wait;
+}
+
+SizeCache::Forgotten SizeService::invalidate(std::span<const std::string_view> paths) {
+    ++forgettings_;
+    return cache_.forget(paths);
+}
+
+SizeCache SizeService::forgetAll() {
+    ++forgettings_;
+    return std::exchange(cache_, {});
 }
 
 /// With a permit if there is one, else in the queue for one.
@@ -67,7 +79,11 @@ void SizeService::begin(const std::shared_ptr<Task>& task) {
 }
 
 void SizeService::finish(const std::shared_ptr<Task>& task, SizeFindings findings) {
-    if (task->stop.stop_requested()) return handOnPermit(task);  // what was cut off says nothing
+    if (task->stop.stop_requested()) {
+        // Nobody is told; what it found stands unless some of it was to be forgotten meanwhile.
+        if (task->forgettings == forgettings_) cache_.storeBelow(std::move(findings.families));
+        return handOnPermit(task);
+    }
     const Info info = findings.total;
     cache_.store(task->path, std::move(findings));
     inflight_.erase(task->path);

@@ -10,6 +10,7 @@
 #include <list>
 #include <memory>
 #include <optional>
+#include <span>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -20,7 +21,8 @@
 namespace tavrel {
 
 /// The shared front of the walker: remembers what was measured, lets everybody who asks for one folder wait
-/// for one walk, and bounds how many walks run at once. A walk that nobody waits for any more is stopped.
+/// for one walk, and bounds how many walks run at once. A walk that nobody waits for any more is stopped; the
+/// folders in it that were finished by then are remembered.
 /// Confined to one thread; the walks themselves run elsewhere.
 class SizeService {
   public:
@@ -71,11 +73,11 @@ class SizeService {
     [[nodiscard]] std::size_t running() const { return running_.size(); }
     [[nodiscard]] std::size_t waiting() const { return waiting_.size(); }
 
-    /// Forgets a path with everything below and above it. A walk under way still tells what it finds.
-    void invalidate(std::string_view path) { cache_.forget(path); }
+    /// Forgets paths with everything below and above them. A walk under way still tells what it finds.
+    [[nodiscard]] SizeCache::Forgotten invalidate(std::span<const std::string_view> paths);
     /// Forgets everything, so that all is measured anew. What it was is handed over: letting go of it may
     /// take long.
-    SizeCache forgetAll() { return std::exchange(cache_, {}); }
+    [[nodiscard]] SizeCache forgetAll();
 
   private:
     using Tasks = std::list<std::shared_ptr<Task>>;
@@ -88,6 +90,7 @@ class SizeService {
     Walk walk_;
     std::size_t maxParallel_;
     SizeCache cache_;
+    std::size_t forgettings_ = 0;
     std::unordered_map<std::string, std::shared_ptr<Task>> inflight_;  // what may still be joined
     Tasks running_;  // each holds a permit, stopped ones too
     Tasks waiting_;  // for a permit, longest first

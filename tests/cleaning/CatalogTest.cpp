@@ -24,18 +24,5 @@ TEST(CatalogTest, ScansSpecialPlacesBeforeTheFoldersThatHoldThem) {
     }
 }
 
-TEST(CatalogTest, TheMacsTableBeginsAndEndsWhereScanningDoes) {
-    const auto rules = Profiles::macos("/", "/Users/ana").catalog.rules();
-    EXPECT_EQ(rules.front().path, "~/Library/Developer/Xcode/DerivedData");
-    EXPECT_EQ(rules.back().path, "~/.Trash");
-
-    const auto editor = std::find_if(rules.begin(), rules.end(), [](const CleanRule& rule) {
-        return rule.path == "~/Library/Application Support/Code - Insiders/User/workspaceStorage";
-    });
-    ASSERT_NE(editor, rules.end());
-    EXPECT_EQ(editor->note, "Code - Insiders · per-workspace state (open tabs, local history)");
-    EXPECT_EQ(editor->risk, Risk::review);
-}
-
 }  // namespace
 }  // namespace tavrel

@@ -3,12 +3,12 @@
 #include "cleaning/CleanListModel.h"
 #include "core/Preferences.h"
 #include "core/UserDefaults.h"
-#include "platform/SoundPlayer.h"
 #include "presentation/FakeIconSource.h"
 #include "presentation/FileIcons.h"
 #include "presentation/Shockwave.h"
 #include "presentation/Sounds.h"
 #include "support/EventLoop.h"
+#include "support/FakeSoundPlayer.h"
 #include "support/ManualClock.h"
 #include "support/Sandbox.h"
 
@@ -17,7 +17,6 @@
 #include <memory>
 #include <optional>
 #include <set>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -65,12 +64,6 @@ class HeldRunner final : public CleanRunner {
     void report(const CleanReport& report) { cleaning.end(std::make_shared<const CleanReport>(report)); }
 };
 
-class CountingPlayer final : public SoundPlayer {
-  public:
-    int sounds = 0;
-    void play(std::span<const float> /*samples*/, int /*sampleRate*/) override { ++sounds; }
-};
-
 /// A list of removable things whose searches and removals end when the test says so, with everything that it
 /// asks for, in time that stands still.
 class CleanDesk {
@@ -105,7 +98,7 @@ class CleanDesk {
     FakeIconSource iconSource;
     FileIcons icons{iconSource, {}};
     Shockwave shockwave;
-    CountingPlayer player;
+    FakeSoundPlayer player;
     Sounds sounds{preferences, shockwave, player, clock};
     HeldRunner runner;
     Held<CleanListModel::Found> search;

@@ -15,33 +15,24 @@ using ::testing::UnorderedElementsAre;
 using Stage = CleanListModel::Stage;
 using Ids = std::vector<std::string>;
 
-/// The stages that the list goes through from now on, each change once.
-class Stages {
-  public:
-    explicit Stages(const CleanListModel& list) {
-        QObject::connect(&list, &CleanListModel::phaseChanged, [this, &list] {
-            if (all.empty() || all.back() != list.stage()) all.push_back(list.stage());
-        });
-    }
-    std::vector<Stage> all;
-};
-
 TEST(CleanListModel, NothingBeginsWhileSomethingGoesOn) {
     struct Row {
         Stage stage;
         bool scans;
         bool cleans;
+        bool working;
     };
     constexpr Row rows[] = {
-        {Stage::Idle, true, false},  // nothing is selected before the first scan
-        {Stage::Scanning, false, false}, {Stage::Ready, true, true},
-        {Stage::Cleaning, false, false}, {Stage::Done, true, true},
+        {Stage::Idle, true, false, false},  // nothing is selected before the first scan
+        {Stage::Scanning, false, false, true}, {Stage::Ready, true, true, false},
+        {Stage::Cleaning, false, false, true}, {Stage::Done, true, true, false},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(static_cast<int>(row.stage));
         CleanDesk scanned;
         scanned.reach(row.stage);
         ASSERT_EQ(scanned.list->stage(), row.stage);
+        EXPECT_EQ(scanned.list->isWorking(), row.working);
         const int searches = scanned.search.begun;
         scanned.list->scan();
         EXPECT_EQ(scanned.search.begun, searches + (row.scans ? 1 : 0));
@@ -54,25 +45,6 @@ TEST(CleanListModel, NothingBeginsWhileSomethingGoesOn) {
         EXPECT_EQ(cleaned.runner.jobs.size(), runs + (row.cleans ? 1 : 0));
         EXPECT_EQ(cleaned.list->stage(), row.cleans ? Stage::Cleaning : row.stage);
     }
-}
-
-TEST(CleanListModel, TheStagesFollowOneAnotherAndTheWorkIsTold) {
-    CleanDesk desk;
-    const Stages stages(*desk.list);
-    EXPECT_FALSE(desk.list->isWorking());
-    desk.list->scan();
-    EXPECT_TRUE(desk.list->isWorking());
-    desk.endScan({safeItem("/a/b")});
-    EXPECT_FALSE(desk.list->isWorking());
-    desk.list->clean();
-    EXPECT_TRUE(desk.list->isWorking());
-    desk.runner.report({.removed = {safeItem("/a/b")}});
-    EXPECT_TRUE(desk.list->isWorking());
-    desk.clock.drain();
-    EXPECT_FALSE(desk.list->isWorking());
-    desk.list->scan();
-    EXPECT_THAT(stages.all,
-                ElementsAre(Stage::Scanning, Stage::Ready, Stage::Cleaning, Stage::Done, Stage::Scanning));
 }
 
 TEST(CleanListModel, AScanSelectsWhatIsSafeAndNothingElse) {

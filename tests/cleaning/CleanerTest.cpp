@@ -2,9 +2,9 @@
 #include "cleaning/History.h"
 #include "cleaning/Stage.h"
 #include "platform/linux/LinuxFolderAccess.h"
+#include "support/FakeAdministrator.h"
 
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,22 +20,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::Layout;
 using testing::Stage;
-
-/// Plays the person at the password prompt and what the script then does.
-class ScriptedAdministrator : public Administrator {
-  public:
-    CommandResult answer;
-    std::function<void()> act = [] {};
-    fs::path barred;  // what others than root can change
-    std::vector<std::string> scripts;
-
-    CommandResult run(const std::string& script, std::chrono::duration<double> /*timeout*/) override {
-        scripts.push_back(script);
-        act();
-        return answer;
-    }
-    bool mayName(const fs::path& path) const override { return path != barred; }
-};
 
 class CleanerTest : public ::testing::Test {
   protected:
@@ -77,7 +61,7 @@ class CleanerTest : public ::testing::Test {
     const FolderAccess* access = &systemFolderAccess();
     SafetyGuard safety = stage.guard();
     std::unique_ptr<Trash> trash = makeTrash(Layout::freedesktop, systemFolderAccess(), stage.home());
-    ScriptedAdministrator administrator;
+    testing::FakeAdministrator administrator;
     std::vector<double> fractions;
 };
 

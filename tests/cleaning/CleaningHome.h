@@ -3,6 +3,7 @@
 #include "cleaning/BackgroundCleaner.h"
 #include "cleaning/Stage.h"
 #include "platform/FolderAccess.h"
+#include "support/FakeAdministrator.h"
 
 #include <filesystem>
 #include <memory>
@@ -10,16 +11,6 @@
 #include <utility>
 
 namespace tavrel::testing {
-
-/// Nobody answers the prompt for the password.
-class AbsentAdministrator final : public Administrator {
-  public:
-    [[nodiscard]] CommandResult run(const std::string& /*script*/,
-                                    std::chrono::duration<double> /*timeout*/) override {
-        return {.status = 1, .output = Administrator::dismissed};
-    }
-    [[nodiscard]] bool mayName(const std::filesystem::path& /*path*/) const override { return true; }
-};
 
 /// A home with a Trash, and the cleaner that works in it on a thread of its own.
 class CleaningHome {
@@ -50,7 +41,7 @@ class CleaningHome {
 
     Stage stage;
     std::unique_ptr<Trash> trash;
-    AbsentAdministrator administrator;
+    FakeAdministrator administrator;
     std::unique_ptr<BackgroundCleaner> cleaner;
 };
 

@@ -41,7 +41,7 @@ class HistoryModelTest : public ::testing::Test {
 };
 
 TEST_F(HistoryModelTest, TellsEachRunAsAUserReadsItNewestFirst) {
-    record("clean", {"/home/ana/one"}, 1'000);
+    record("clean\n\x1b[31m", {"/home/ana/one"}, 1'000);  // no action can forge what is read
     record("purge", {"/home/ana/two\nlines", "/home/ana/\\xFF", "/home/ana/tail\\\\"}, 2'500'000);
     EXPECT_EQ(model.count(), 0);  // read when the sheet opens, not before
     model.load();
@@ -52,14 +52,8 @@ TEST_F(HistoryModelTest, TellsEachRunAsAUserReadsItNewestFirst) {
     EXPECT_EQ(at(0, Role::paths).toString().split('\n'),
               QStringList({"/home/ana/two\\nlines", "/home/ana/\\xFF", "/home/ana/tail\\"}));
     EXPECT_EQ(text(0, Role::date), dateAndTime(date));
-    EXPECT_EQ(text(1, Role::action), "clean");
+    EXPECT_EQ(text(1, Role::action), "clean\\n\\x1B[31m");
     EXPECT_EQ(text(1, Role::countText), "1 item");
-}
-
-TEST_F(HistoryModelTest, NoActionCanForgeWhatIsRead) {
-    record("clean\n\x1b[31m", {"/a"}, 1);
-    model.load();
-    EXPECT_EQ(text(0, Role::action), "clean\\n\\x1B[31m");
 }
 
 TEST_F(HistoryModelTest, ReadsTheFileAnewEachTimeItIsAsked) {

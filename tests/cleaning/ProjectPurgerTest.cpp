@@ -1,5 +1,6 @@
 #include "cleaning/ProjectPurger.h"
-#include "support/SampleMac.h"
+#include "cleaning/ScanTable.h"
+#include "sample/SampleMac.h"
 #include "support/Sandbox.h"
 
 #include <gtest/gtest.h>
@@ -7,22 +8,16 @@
 namespace tavrel {
 namespace {
 
-using testing::itemAt;
-using testing::SampleMac;
+using sample::SampleMac;
 using testing::Sandbox;
 
 class ProjectPurgerTest : public ::testing::Test {
   protected:
-    /// A project with a marker of a certain age and an artifact that is large enough.
-    std::filesystem::path project(const std::string& path, const std::string& marker,
-                                  const std::string& artifact, double daysOld,
-                                  std::int64_t bytes = 70000) const {
-        mac.file(path + "/" + marker, 10, daysOld);
-        return mac.folder(path + "/" + artifact, 1, bytes, 0);
-    }
-
     std::vector<CleanItem> scan() const {
         return ProjectPurger::scan({mac.at("~/Code")}, 30, mac.guard(), testing::now());
+    }
+    void expect(const std::string& table) const {
+        testing::expectScan(mac, table, [&] { return scan(); });
     }
 
     Sandbox disk;
@@ -30,56 +25,46 @@ class ProjectPurgerTest : public ::testing::Test {
 };
 
 TEST_F(ProjectPurgerTest, TakesAnArtifactOnlyBesideItsMarker) {
-    const auto modules = project("~/Code/shop", "package.json", "node_modules", 60);
-    const auto nested = mac.folder("~/Code/shop/node_modules/x/node_modules", 1, 70000);
-    mac.file("~/Code/shop/node_modules/x/package.json", 10);
-    const auto unmarked = mac.folder("~/Code/shop/build", 1, 70000);
-    const auto inUnmarked = mac.folder("~/Code/shop/build/__pycache__", 1, 70000);
-    const auto python = mac.folder("~/Code/tool/deep/__pycache__", 1, 70000);
-    const auto linked = mac.at("~/Code/shop/dist");
-    std::filesystem::create_symlink(mac.at("~/Code/tool"), linked);
-    const auto items = scan();
-    EXPECT_EQ(items.size(), 3U);
-    EXPECT_EQ(itemAt(items, nested), nullptr);
-    EXPECT_EQ(itemAt(items, unmarked), nullptr);
-    EXPECT_EQ(itemAt(items, linked), nullptr);
-    for (const auto& path : {modules, inUnmarked, python}) EXPECT_NE(itemAt(items, path), nullptr) << path;
+    disk.link("Users/ana/Code/shop/dist", mac.at("~/Code/tool"));
+    expect(R"(
+        ~/Code/shop/package.json                  | 10    | 60
+        ~/Code/shop/node_modules/                 | 70000 |    | safe
+        ~/Code/shop/node_modules/x/node_modules/  | 70000
+        ~/Code/shop/node_modules/x/package.json   | 10
+        ~/Code/shop/build/                        | 70000
+        ~/Code/shop/build/__pycache__/            | 70000 |    | review
+        ~/Code/tool/deep/__pycache__/             | 70000 |    | safe)");
 }
 
 TEST_F(ProjectPurgerTest, AProjectInUseIsForReview) {
-    const auto staleModules = project("~/Code/old", "package.json", "node_modules", 31);
-    const auto staleDist = project("~/Code/old", "package.json", "dist", 31);
-    const auto fresh = project("~/Code/new", "package.json", "node_modules", 1);
-    const auto onlyArtifacts = mac.folder("~/Code/bare/DerivedData", 1, 70000);
-    const auto items = scan();
-    ASSERT_EQ(items.size(), 4U);
-    EXPECT_EQ(itemAt(items, staleModules)->risk, Risk::safe);
-    EXPECT_EQ(itemAt(items, staleModules)->note, "old · npm install restores it");
-    EXPECT_EQ(itemAt(items, staleDist)->risk, Risk::review);
-    EXPECT_EQ(itemAt(items, fresh)->risk, Risk::review);
-    EXPECT_EQ(itemAt(items, fresh)->note, "new · used recently");
-    EXPECT_EQ(itemAt(items, onlyArtifacts)->risk, Risk::safe) << "nobody ever worked there";
+    // Nobody ever worked where there are artifacts alone.
+    expect(R"(
+        ~/Code/old/package.json      | 10    | 31
+        ~/Code/old/node_modules/     | 70000 |    | safe   | old · npm install restores it
+        ~/Code/old/dist/             | 70000 |    | review
+        ~/Code/new/package.json      | 10    | 1
+        ~/Code/new/node_modules/     | 70000 |    | review | new · used recently
+        ~/Code/bare/DerivedData/     | 70000 |    | safe)");
 }
 
 TEST_F(ProjectPurgerTest, BoundsItsWalk) {
-    const auto six = project("~/Code/1/2/3/4/5/6", "package.json", "node_modules", 60);
-    const auto seven = project("~/Code/1/2/3/4/5/6/7", "package.json", "node_modules", 60);
-    const auto small = project("~/Code/small", "package.json", "node_modules", 60, 61440);
-    const auto inSmall = mac.folder("~/Code/small/node_modules/__pycache__", 1, 0);
-    const auto inGit = mac.folder("~/Code/shop/.git/__pycache__", 1, 70000);
-    const auto inHidden = mac.folder("~/Code/shop/.idea/__pycache__", 1, 70000);
-    const auto inUnmarkedHidden = mac.folder("~/Code/shop/.cache/__pycache__", 1, 70000);
-    const auto items = scan();
-    EXPECT_EQ(items.size(), 2U);
-    EXPECT_NE(itemAt(items, six), nullptr);
-    EXPECT_NE(itemAt(items, inUnmarkedHidden), nullptr)
-        << "a hidden folder of the table that lacks its marker";
-    for (const auto& path : {seven, small, inSmall, inGit, inHidden})
-        EXPECT_EQ(itemAt(items, path), nullptr) << path;
+    // A hidden folder of the table that lacks its marker is walked, others are not.
+    expect(R"(
+        ~/Code/1/2/3/4/5/6/package.json         | 10    | 60
+        ~/Code/1/2/3/4/5/6/node_modules/        | 70000 |    | review
+        ~/Code/1/2/3/4/5/6/7/package.json       | 10    | 60
+        ~/Code/1/2/3/4/5/6/7/node_modules/      | 70000
+        ~/Code/small/package.json               | 10    | 60
+        ~/Code/small/node_modules/              | 61440
+        ~/Code/small/node_modules/__pycache__/  | 0
+        ~/Code/shop/.git/__pycache__/           | 70000
+        ~/Code/shop/.idea/__pycache__/          | 70000
+        ~/Code/shop/.cache/__pycache__/         | 70000 |    | safe)");
 }
 
 TEST_F(ProjectPurgerTest, WalksEachFolderOnceAndOffersNothingRefused) {
-    const auto modules = project("~/Code/shop", "package.json", "node_modules", 60);
+    mac.file("~/Code/shop/package.json", 10, 60);
+    mac.folder("~/Code/shop/node_modules", 1, 70000);
     const auto twice =
         ProjectPurger::scan({mac.at("~/Code"), mac.at("~/Code/shop")}, 30, mac.guard(), testing::now());
     EXPECT_EQ(twice.size(), 1U);

@@ -1,5 +1,5 @@
 #include "cleaning/SafetyGuard.h"
-#include "support/SampleMac.h"
+#include "sample/SampleMac.h"
 #include "support/Sandbox.h"
 
 #include <string>
@@ -10,7 +10,7 @@
 namespace tavrel {
 namespace {
 
-using testing::SampleMac;
+using sample::SampleMac;
 using testing::Sandbox;
 
 /// A verdict in one word: "allowed", or the reason.

@@ -1,23 +1,26 @@
+#include "cleaning/ScanTable.h"
 #include "cleaning/SpecialScanners.h"
-#include "support/SampleMac.h"
+#include "sample/SampleMac.h"
 #include "support/Sandbox.h"
 #include "support/ScriptedShell.h"
 
-#include <algorithm>
+#include <functional>
 
 #include <gtest/gtest.h>
 
 namespace tavrel {
 namespace {
 
+using sample::SampleMac;
 using testing::daysAgo;
-using testing::itemAt;
-using testing::SampleMac;
 using testing::Sandbox;
 using testing::ScriptedShell;
 
 class SpecialScannersTest : public ::testing::Test {
   protected:
+    void expect(const std::string& table, const std::function<std::vector<CleanItem>()>& scan) const {
+        testing::expectScan(mac, table, scan);
+    }
     std::vector<CleanItem> ai(int sessionAgeDays = 90) const {
         return SpecialScanners::ai(mac.home(), mac.guard(), sessionAgeDays, testing::now());
     }
@@ -33,37 +36,30 @@ class SpecialScannersTest : public ::testing::Test {
 };
 
 TEST_F(SpecialScannersTest, EditorExtensionsAreComparedByNumberWithinOneFolder) {
-    const std::string base = "~/.vscode/extensions/";
-    const auto older = mac.folder(base + "foo.bar-1.2.0", 1, 10);
-    const auto newest = mac.folder(base + "foo.bar-1.10.0", 1, 10);
-    const auto shorter = mac.folder(base + "a.b-1.2", 1, 10);
-    const auto longer = mac.folder(base + "a.b-1.2.0-darwin-arm64", 1, 10);
-    mac.folder(base + "single-3.0.0", 1, 10);
-    mac.folder(base + "foo-1", 1, 10);
-    mac.file(base + ".obsolete", 10);
-    mac.folder("~/.cursor/extensions/single-2.0.0", 1, 10);
-    const auto items = SpecialScanners::oldEditorExtensions(mac.home(), mac.guard());
-    ASSERT_EQ(items.size(), 2U);
-    EXPECT_EQ(itemAt(items, older)->note, "Superseded by foo.bar-1.10.0");
-    EXPECT_EQ(itemAt(items, shorter)->note, "Superseded by a.b-1.2.0-darwin-arm64");
-    EXPECT_EQ(itemAt(items, newest), nullptr);
-    EXPECT_EQ(itemAt(items, longer), nullptr);
+    expect(R"(
+        ~/.vscode/extensions/foo.bar-1.2.0/          | 10 | | safe | Superseded by foo.bar-1.10.0
+        ~/.vscode/extensions/foo.bar-1.10.0/         | 10
+        ~/.vscode/extensions/a.b-1.2/                | 10 | | safe | Superseded by a.b-1.2.0-darwin-arm64
+        ~/.vscode/extensions/a.b-1.2.0-darwin-arm64/ | 10
+        ~/.vscode/extensions/single-3.0.0/           | 10
+        ~/.vscode/extensions/foo-1/                  | 10
+        ~/.vscode/extensions/.obsolete               | 10
+        ~/.cursor/extensions/single-2.0.0/           | 10)",
+           [&] { return SpecialScanners::oldEditorExtensions(mac.home(), mac.guard()); });
 }
 
 TEST_F(SpecialScannersTest, WebCachesBelongToApplicationsThatHaveNoRows) {
-    const std::string support = "~/Library/Application Support/";
-    const auto slack = mac.folder(support + "Slack/Code Cache", 1, 70000);
-    const auto worker = mac.folder(support + "Slack/Service Worker/CacheStorage", 1, 70000);
-    for (const char* other : {"Slack/Local Storage", "Code/Cache", "com.apple.x/Cache"}) {
-        mac.folder(support + other, 1, 70000);
-    }
-    mac.folder(support + "Small/Cache", 1, 60000);
-    const auto items =
-        SpecialScanners::appWebCaches(mac.profile().scan.webCaches, mac.home(), {}, mac.guard());
-    ASSERT_EQ(items.size(), 2U);
-    EXPECT_EQ(items[0].url, slack);
-    EXPECT_EQ(items[0].note, "Slack · rebuilt on next launch");
-    EXPECT_EQ(items[1].url, worker);
+    expect(R"(
+        ~/Library/Application Support/Slack/Code Cache/                  | 70000 | | safe | Slack · rebuilt on next launch
+        ~/Library/Application Support/Slack/Service Worker/CacheStorage/ | 70000 | | safe
+        ~/Library/Application Support/Slack/Local Storage/               | 70000
+        ~/Library/Application Support/Code/Cache/                        | 70000
+        ~/Library/Application Support/com.apple.x/Cache/                 | 70000
+        ~/Library/Application Support/Small/Cache/                       | 60000)",
+           [&] {
+               return SpecialScanners::appWebCaches(mac.profile().scan.webCaches, mac.home(), {},
+                                                    mac.guard());
+           });
 }
 
 TEST_F(SpecialScannersTest, ContainersAreNamedAsPeopleKnowThem) {
@@ -73,40 +69,33 @@ TEST_F(SpecialScannersTest, ContainersAreNamedAsPeopleKnowThem) {
             return std::nullopt;
         }
     };
-    for (const char* container : {"com.apple.Notes", "com.apple.Mystery", ".hidden"}) {
-        mac.folder("~/Library/Containers/" + std::string(container) + "/Data/Library/Caches", 1, 70000);
-    }
-    const auto items = SpecialScanners::containerCaches(mac.profile().scan.containers, mac.home(),
-                                                        {"com.apple.Notes"}, true, Names(), mac.guard());
-    ASSERT_EQ(items.size(), 2U);
-    EXPECT_EQ(items[0].note, "com.apple.Mystery · rebuilt by the app on demand");
-    EXPECT_EQ(items[1].note, "Notes · running; quit it first");
-    EXPECT_EQ(items[1].risk, Risk::review);
+    expect(R"(
+        ~/Library/Containers/com.apple.Mystery/Data/Library/Caches/ | 70000 | | safe   | com.apple.Mystery · rebuilt by the app on demand
+        ~/Library/Containers/com.apple.Notes/Data/Library/Caches/   | 70000 | | review | Notes · running; quit it first
+        ~/Library/Containers/.hidden/Data/Library/Caches/           | 70000)",
+           [&] {
+               return SpecialScanners::containerCaches(mac.profile().scan.containers, mac.home(),
+                                                       {"com.apple.Notes"}, true, Names(), mac.guard());
+           });
 }
 
 TEST_F(SpecialScannersTest, OldSessionsAreSafeAndYoungOnesAreNotListed) {
-    const std::string projects = "~/.claude/projects/";
-    const auto old = mac.file(projects + "-Users-ana-code-shop/1.jsonl", 20000, 91);
-    const auto unnamed = mac.file(projects + "---/1.jsonl", 20000, 91);
-    const auto young = mac.file(projects + "-Users-ana-code-shop/2.jsonl", 20000, 89);
-    const auto small = mac.file(projects + "-Users-ana-code-shop/3.jsonl", 12288, 300);
-    const auto other = mac.file(projects + "-Users-ana-code-shop/4.txt", 20000, 300);
-    const auto month = mac.folder("~/.codex/sessions/2025/11/03", 1, 20000, 200).parent_path();
-    mac.folder("~/.codex/sessions/2026/11/03", 1, 20000, 2);
-    for (const auto* path : {"~/.codex/sessions/2025/11", "~/.codex/sessions/2026/11"}) {
-        Sandbox::date(mac.at(path), daysAgo(200));
-    }
-    const auto items = ai();
-    ASSERT_EQ(items.size(), 3U);
-    EXPECT_EQ(itemAt(items, old)->note, "Claude Code · shop");
-    EXPECT_EQ(itemAt(items, unnamed)->note, "Claude Code · ");
-    EXPECT_EQ(itemAt(items, month)->note, "Codex · sessions from 2025-11");
-    for (const auto& path : {young, small, other}) EXPECT_EQ(itemAt(items, path), nullptr) << path;
+    const auto old = mac.folder("~/.codex/sessions/2025/11/03", 1, 20000, 200);
+    const auto young = mac.folder("~/.codex/sessions/2026/11/03", 1, 20000, 2);
+    for (const auto& day : {old, young}) Sandbox::date(day.parent_path(), daysAgo(200));
+    expect(R"(
+        ~/.claude/projects/-Users-ana-code-shop/1.jsonl | 20000 | 91  | safe | Claude Code · shop
+        ~/.claude/projects/---/1.jsonl                  | 20000 | 91  | safe
+        ~/.claude/projects/-Users-ana-code-shop/2.jsonl | 20000 | 89
+        ~/.claude/projects/-Users-ana-code-shop/3.jsonl | 12288 | 300
+        ~/.claude/projects/-Users-ana-code-shop/4.txt   | 20000 | 300
+        ~/.codex/sessions/2025/11                       |       |     | safe | Codex · sessions from 2025-11)",
+           [&] { return ai(); });
     EXPECT_EQ(ai(88).size(), 4U);
 }
 
 TEST_F(SpecialScannersTest, WorktreesAgeByWhatIsNearTheirTopWhateverTheSessionsDo) {
-    const auto stale = mac.folder("~/.claude/worktrees/stale", 1, 20000, 31);
+    mac.folder("~/.claude/worktrees/stale", 1, 20000, 31);
     const auto touched = mac.folder("~/.claude/worktrees/touched", 1, 20000, 31);
     mac.file("~/.claude/worktrees/touched/a/b.txt", 10, 29);
     const auto deep = mac.folder("~/.codex/worktrees/deep", 1, 20000, 31);
@@ -114,58 +103,47 @@ TEST_F(SpecialScannersTest, WorktreesAgeByWhatIsNearTheirTopWhateverTheSessionsD
     for (const auto& folder : {touched, touched / "a", deep, deep / "a", deep / "a/b"})
         Sandbox::date(folder, daysAgo(31));
     for (const int sessionAge : {1, 400}) {
-        const auto items = ai(sessionAge);
-        ASSERT_EQ(items.size(), 2U);
-        EXPECT_EQ(itemAt(items, stale)->risk, Risk::review);
-        EXPECT_NE(itemAt(items, deep), nullptr);
+        expect(R"(
+            ~/.claude/worktrees/stale | | | review
+            ~/.codex/worktrees/deep   | | | review)",
+               [&] { return ai(sessionAge); });
     }
 }
 
-TEST_F(SpecialScannersTest, TheNewestVersionOfAToolStays) {
-    const std::string versions = "~/.local/share/claude/versions/";
-    const auto older = mac.file(versions + "2.0.0", 10, 9);
-    mac.file(versions + "1.9.0", 10, 3);
-    mac.file(versions + ".partial", 10, 99);
-    mac.file("~/.local/share/cursor-agent/versions/only", 10, 300);
-    const auto items = ai();
-    ASSERT_EQ(items.size(), 1U);
-    EXPECT_EQ(items[0].url, older) << "the date decides, not the number";
-    EXPECT_EQ(items[0].note, "Claude Code · older version; the newest stays");
-}
-
-TEST_F(SpecialScannersTest, ModelsAreForReview) {
-    mac.file("~/.lmstudio/models/publisher/small-7b/weights", 20000);
-    mac.file("~/.cache/huggingface/hub/models--a--b/blob", 20000);
-    mac.file("~/.cache/huggingface/hub/version.txt", 20000);
-    mac.file("~/.ollama/models/blobs/1", 20000);
-    const auto items = ai();
-    EXPECT_EQ(items.size(), 3U);
-    for (const CleanItem& item : items) {
-        EXPECT_EQ(item.category, CleanCategory::aiModels);
-        EXPECT_EQ(item.risk, Risk::review);
+TEST_F(SpecialScannersTest, TheNewestVersionOfAToolStaysAndModelsAreForReview) {
+    // Of the versions the date decides, not the number.
+    expect(R"(
+        ~/.local/share/claude/versions/2.0.0            | 10    | 9  | safe | Claude Code · older version; the newest stays
+        ~/.local/share/claude/versions/1.9.0            | 10    | 3
+        ~/.local/share/claude/versions/.partial         | 10    | 99
+        ~/.local/share/cursor-agent/versions/only       | 10    | 300
+        ~/.lmstudio/models/publisher/small-7b/          | 20000 |    | review
+        ~/.cache/huggingface/hub/models--a--b/          | 20000 |    | review
+        ~/.cache/huggingface/hub/version.txt            | 20000
+        ~/.ollama/models/blobs/1                        | 20000
+        ~/.ollama/models                                |       |    | review)",
+           [&] { return ai(); });
+    for (const CleanItem& item : ai()) {
+        EXPECT_EQ(item.category == CleanCategory::aiModels, item.risk == Risk::review) << item.url;
     }
 }
 
 TEST_F(SpecialScannersTest, SystemDataIsRotatedOrReportedAndOldEnough) {
-    const auto cache = mac.folder("/Library/Caches/com.vendor", 1, 70000);
-    mac.folder("/Library/Caches/com.apple.x", 1, 70000);
-    mac.folder("/Library/Caches/tiny", 1, 60000);
-    const auto rotated = mac.file("/private/var/log/system.log.3.gz", 10, 14);
-    mac.file("/private/var/log/system.log", 10, 14);
-    mac.file("/private/var/log/fresh.log.gz", 10, 6);
-    mac.file("/private/var/log/upper.GZ", 10, 14);
-    mac.file("/private/var/log/empty.gz", 0, 14);
-    const auto report = mac.file("/Library/Logs/DiagnosticReports/x.ips", 10, 14);
-    mac.file("/Library/Logs/DiagnosticReports/new.ips", 10, 1);
-    ScriptedShell shell(CommandResult{.status = 1, .output = "2026-01-02-030405\n"});
-    const auto items = system(shell);
-    EXPECT_EQ(items.size(), 3U) << "a tool that fails adds nothing";
-    for (const auto& path : {cache, rotated, report}) {
-        const CleanItem* item = itemAt(items, path);
-        ASSERT_NE(item, nullptr) << path;
-        EXPECT_TRUE(item->permanent && item->requiresAdmin) << path;
-        EXPECT_EQ(item->risk, Risk::safe);
-        EXPECT_EQ(item->adminCommand, std::nullopt);
+    ScriptedShell failing(CommandResult{.status = 1, .output = "2026-01-02-030405\n"});
+    expect(R"(
+        /Library/Caches/com.vendor/               | 70000 |    | safe
+        /Library/Caches/com.apple.x/              | 70000
+        /Library/Caches/tiny/                     | 60000
+        /private/var/log/system.log.3.gz          | 10    | 14 | safe
+        /private/var/log/system.log               | 10    | 14
+        /private/var/log/fresh.log.gz             | 10    | 6
+        /private/var/log/upper.GZ                 | 10    | 14
+        /private/var/log/empty.gz                 | 0     | 14
+        /Library/Logs/DiagnosticReports/x.ips     | 10    | 14 | safe
+        /Library/Logs/DiagnosticReports/new.ips   | 10    | 1)",
+           [&] { return system(failing); });
+    for (const CleanItem& item : system(failing)) {
+        EXPECT_TRUE(item.permanent && item.requiresAdmin && !item.adminCommand) << item.url;
     }
 }
 

@@ -1,6 +1,6 @@
 #include "core/AppDelegate.h"
 #include "core/UserDefaults.h"
-#include "platform/LaunchAtLogin.h"
+#include "support/FakeLogin.h"
 #include "support/ManualClock.h"
 #include "support/Sandbox.h"
 
@@ -14,6 +14,7 @@ namespace tavrel {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::FakeLogin;
 using ::testing::IsEmpty;
 using testing::ManualClock;
 using testing::Sandbox;
@@ -52,19 +53,6 @@ class Desktop final : public WindowSystem {
     Words done;
 };
 
-class Login final : public LaunchAtLogin {
-  public:
-    [[nodiscard]] bool launchedAsLoginItem() const override { return byLogin; }
-    [[nodiscard]] bool isEnabled() const override { return registrations > 0; }
-    bool set(bool on) override {
-        registrations += on ? 1 : -1;
-        return true;
-    }
-
-    bool byLogin = false;
-    int registrations = 0;
-};
-
 class AppDelegateTest : public ::testing::Test {
   protected:
     void launch() {
@@ -85,7 +73,7 @@ class AppDelegateTest : public ::testing::Test {
     ManualClock clock;
     UserDefaults defaults{sandbox.path("s.plist")};
     Desktop desktop;
-    Login login;
+    FakeLogin login;
     int statusItems = 0;
     std::vector<bool> hidden;
     AppDelegate delegate{desktop,
@@ -239,13 +227,6 @@ TEST_F(AppDelegateTest, TellsOnlyChangesOfWhetherTheMainWindowIsSeen) {
         EXPECT_EQ(hidden, step.told) << step.name;
         hidden.clear();
     }
-}
-
-TEST_F(AppDelegateTest, ClosingTheWindowStopsWhatMoves) {
-    desktop.main.visible = true;
-    closeMain();
-    clock.drain();
-    EXPECT_THAT(hidden, ElementsAre(true));
 }
 
 TEST_F(AppDelegateTest, OpeningTheProgramAgainBringsTheWindowBack) {

@@ -69,15 +69,6 @@ TEST(PreferenceValues, UnknownMetricsAreDroppedAndTheOrderKept) {
     EXPECT_THAT(PreferenceValues::unreadableKeys(defaults), ElementsAre());
 }
 
-TEST(PreferenceValues, EveryMetricHasItsOwnRow) {
-    for (const MenuBarMetric metric : allMenuBarMetrics) {
-        EXPECT_EQ(menuBarMetric(rawValue(metric)), metric);
-        EXPECT_FALSE(title(metric).empty());
-        EXPECT_FALSE(symbol(metric).empty());
-    }
-    EXPECT_EQ(menuBarMetric(""), std::nullopt);
-}
-
 TEST(PreferenceValues, OnlyCodeFoldersThatExistAreUsed) {
     const Sandbox sandbox;
     sandbox.folder("home/code");

@@ -3,43 +3,24 @@
 #include "cleaning/BackgroundCleaner.h"
 #include "core/AppState.h"
 #include "platform/FolderAccess.h"
-#include "platform/SoundPlayer.h"
 #include "presentation/FakeIconSource.h"
 #include "presentation/FileIcons.h"
 #include "presentation/Sounds.h"
+#include "sample/SampleMac.h"
 #include "support/EventLoop.h"
+#include "support/FakeLogin.h"
 #include "support/FakeMachine.h"
+#include "support/FakeSoundPlayer.h"
 #include "support/ManualClock.h"
-#include "support/SampleMac.h"
 #include "support/Sandbox.h"
 
 #include <memory>
 #include <set>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace tavrel::testing {
-
-/// A system that registers login items only while it is told to.
-class FakeLogin final : public LaunchAtLogin {
-  public:
-    bool works = true;
-    bool enabled = false;
-
-    [[nodiscard]] bool launchedAsLoginItem() const override { return false; }
-    [[nodiscard]] bool isEnabled() const override { return enabled; }
-    bool set(bool on) override {
-        if (works) enabled = on;
-        return works;
-    }
-};
-
-class SilentPlayer final : public SoundPlayer {
-  public:
-    void play(std::span<const float> /*samples*/, int /*sampleRate*/) override {}
-};
 
 /// The state of the whole program over a small sample disk: real searches and real removals, in stepped time
 /// and without a window.
@@ -61,7 +42,7 @@ class StateDesk {
         return std::filesystem::exists(mac.at("~/.Trash/" + name));
     }
     const Sandbox sandbox;
-    const SampleMac mac;
+    const sample::SampleMac mac;
     const Profile profile;
     UserDefaults defaults{profile.places.preferences()};
     Preferences preferences{defaults, profile.places.home()};
@@ -71,7 +52,7 @@ class StateDesk {
     FileIcons icons{iconSource, IconOwners::macos(profile.places.home())};
     MotionPause motion;
     Shockwave shockwave;
-    SilentPlayer player;
+    FakeSoundPlayer player;
     Sounds sounds{preferences, shockwave, player, clock};
     FakeLogin login;
     BackgroundCleaner cleaner{{

@@ -1,3 +1,4 @@
+#include "core/PathUrl.h"
 #include "disk/AnalyzeRows.h"
 #include "disk/ExplorerDesk.h"
 
@@ -48,6 +49,9 @@ TEST_F(AnalyzeRowsTest, ARowTellsItsFigures) {
     EXPECT_THAT(column(Role::measured), ElementsAre("true", "false", "false", "true"));
     EXPECT_THAT(column(Role::isFolder), ElementsAre("false", "true", "true", "false"));
     EXPECT_THAT(column(Role::colorIndex), ElementsAre("0", "-1", "-1", "-1"));  // tiny is under 0.4 %
+    EXPECT_THAT(column(Role::removable), ElementsAre("false", "false", "false", "false"));  // as yet
+    EXPECT_EQ(at(1, Role::reason).toString(), "");
+    desk.work.endVetting();
     EXPECT_THAT(column(Role::removable), ElementsAre("true", "false", "true", "true"));
     EXPECT_EQ(at(1, Role::reason).toString(), "system folder");
     EXPECT_EQ(at(0, Role::folderPath).toString().toStdString(), desk.home().native());
@@ -75,8 +79,17 @@ TEST_F(AnalyzeRowsTest, RowsMoveAndNeverBeginAnewWhileFiguresComeIn) {
         for (const auto& entry : desk.model->entries()) wanted.push_back(entry.url.filename());
         ASSERT_EQ(column(Role::name), wanted);
         EXPECT_EQ(rows.data(followed, static_cast<int>(Role::name)), "250");
+        EXPECT_EQ(rows.rowOf(PathUrl::of(desk.at("250"))), followed.row());
     }
     EXPECT_EQ(desk.model->pendingCount(), 0);
+
+    for (int row = 0; row < 200; row += 2) desk.model->toggleSelection(*rows.entry(row));
+    const QSignalSpy removals(&rows, &QAbstractItemModel::rowsRemoved);
+    desk.model->trashSelected();
+    desk.report({.removed = desk.runner.jobs.front().items});
+    EXPECT_EQ(rows.count(), 100);
+    EXPECT_EQ(removals.size(), 1);
+    EXPECT_EQ(followed.isValid(), rows.rowOf(PathUrl::of(desk.at("250"))) >= 0);
     EXPECT_EQ(resets.size(), 0);
 }
 
@@ -85,11 +98,11 @@ TEST_F(AnalyzeRowsTest, ColumnsSortBothWaysAndKeepDoingSo) {
     desk.measured("d", 20, 9);
     publish();
     EXPECT_THAT(column(Role::name), ElementsAre("b", "c", "d", "a"));
-    rows.setSortColumn(Column::Name);
-    rows.setAscending(true);
+    rows.sortBy(Column::Name);  // names from the first, figures from the largest
     EXPECT_THAT(column(Role::name), ElementsAre("a", "b", "c", "d"));
-    rows.setSortColumn(Column::Files);
-    rows.setAscending(false);
+    rows.sortBy(Column::Name);
+    EXPECT_THAT(column(Role::name), ElementsAre("d", "c", "b", "a"));
+    rows.sortBy(Column::Files);
     EXPECT_THAT(column(Role::name), ElementsAre("d", "c", "a", "b"));
     desk.measured("b", 1, 90);
     publish();
@@ -100,22 +113,24 @@ TEST_F(AnalyzeRowsTest, ColumnsSortBothWaysAndKeepDoingSo) {
 }
 
 TEST_F(AnalyzeRowsTest, WhatARowDoesIsDoneToItsEntry) {
-    desk.load({{"a", {}}, {"b", 5}, {"kept", 3}});
-    rows.enter(0);
+    const std::string odd = "b\xff%41 #?\n";
+    desk.load({{"a", {}}, {odd, 5}, {"kept", 3}});
+    rows.enter(rows.url(0));
     EXPECT_THAT(column(Role::lit), ElementsAre("true", "false", "false"));
     desk.model->setFocus(AnalyzeFocuses::Slice{{.url = desk.at("a/x")}});
     EXPECT_EQ(at(0, Role::lit), true);
-    rows.leave(0);  // the focus is not the row's own
+    rows.leave(rows.url(0));  // the focus is not the row's own
     EXPECT_TRUE(desk.model->focus());
-    for (const int row : {-1, 0, 2, 3}) rows.toggle(row);
+    for (const int row : {-1, 0, 2, 3}) rows.toggle(rows.url(row));
     EXPECT_THAT(column(Role::selected), ElementsAre("true", "false", "false"));
-    rows.trash(2);
+    rows.trash(rows.url(2));
     EXPECT_FALSE(desk.model->isRemoving());
-    rows.trash(1);
-    desk.runner.report({.removed = desk.runner.jobs.front().items});
+    rows.trash(rows.url(1));
+    EXPECT_EQ(desk.runner.jobs.front().items.front().url, desk.at(odd));
+    desk.report({.removed = desk.runner.jobs.front().items});
     EXPECT_THAT(column(Role::name), ElementsAre("a", "kept"));
-    rows.open(1);
-    rows.open(0);
+    rows.open(rows.url(1));
+    rows.open(rows.url(0));
     EXPECT_EQ(desk.model->currentFolder(), desk.at("a"));
     desk.endListing({});
     EXPECT_THAT(column(Role::name), IsEmpty());

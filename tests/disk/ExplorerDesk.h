@@ -121,6 +121,11 @@ class ExplorerDesk {
     void measured(const std::string& name, std::int64_t size, std::int64_t files = 1) {
         work.endWalk(at(name), {.size = size, .files = files, .folders = {}});
     }
+    /// The removal ends so; its rows go in an event of their own.
+    void report(const CleanReport& report) {
+        runner.report(report);
+        settle();
+    }
     [[nodiscard]] AnalyzeEntry entry(const std::string& name) const {
         const auto id = model->content().find(at(name).native());
         return id ? model->content().entry(*id) : AnalyzeEntry{.url = at(name)};

@@ -1,5 +1,7 @@
+#include "core/Paths.h"
 #include "disk/SizeService.h"
 
+#include <algorithm>
 #include <map>
 #include <utility>
 
@@ -38,6 +40,9 @@ class SizeServiceTest : public ::testing::Test {
     void measure(const std::string& path, std::int64_t size, const Folders& below = {}) {
         const Wait wait = ask(path);
         end(path, size, below);
+    }
+    void invalidate(const std::vector<std::string_view>& paths) {
+        static_cast<void>(service->invalidate(paths));
     }
     [[nodiscard]] bool isStopped(const std::string& path) const {
         return walks.at(path).stop.stop_requested();
@@ -90,7 +95,7 @@ TEST_F(SizeServiceTest, PermitsAreBoundedAndTheLastToComeIsServedFirst) {
     EXPECT_EQ(told.size(), 6U);
 }
 
-TEST_F(SizeServiceTest, AWalkThatNobodyWaitsForIsStoppedAndSaysNothing) {
+TEST_F(SizeServiceTest, AWalkThatNobodyWaitsForIsStoppedAndKeepsWhatItHadFinished) {
     make(1);
     Wait running = ask("/a");
     Wait alsoRunning = ask("/a");
@@ -107,7 +112,7 @@ TEST_F(SizeServiceTest, AWalkThatNobodyWaitsForIsStoppedAndSaysNothing) {
     const Wait anew = ask("/a");  // must not join the one that is stopping
     old.done(SizeFindings::of({.size = 3, .files = 1, .folders = {{"/a/x", {.size = 1, .files = 1}}}}));
     EXPECT_EQ(known("/a"), -1);
-    EXPECT_EQ(known("/a/x"), -1);
+    EXPECT_EQ(known("/a/x"), 1);
     EXPECT_THAT(begun, ElementsAre("/a", "/a"));
     EXPECT_FALSE(isStopped("/a"));
     end("/a", 9);
@@ -115,6 +120,12 @@ TEST_F(SizeServiceTest, AWalkThatNobodyWaitsForIsStoppedAndSaysNothing) {
     end("/c", 1);
     EXPECT_THAT(begun, ElementsAre("/a", "/a", "/c"));
     EXPECT_EQ(told, (std::map<std::string, std::int64_t>{{"/a", 9}, {"/c", 1}}));
+
+    Wait late = ask("/d");
+    late.reset();
+    invalidate({"/d/x"});  // it may have been measured before that
+    end("/d", 0, {{"/d/x", 1}});
+    EXPECT_EQ(known("/d/x"), -1);
 }
 
 TEST_F(SizeServiceTest, AnAnswerMayLetGoOfOthersAndAskAgain) {
@@ -164,7 +175,7 @@ TEST_F(SizeServiceTest, InvalidatingForgetsAboveAndBelowAndNothingBeside) {
     measure("/a", 100,
             {{"/a/b", 10}, {"/a/b/c", 4}, {"/a/bc", 5}, {"/a/bc/x", 3}, {"/a/b-", 2}, {"/a/d", 6}});
     measure("/a/b/c/y", 2, {{"/a/b/c/y/z", 1}});
-    service->invalidate("/a/b");
+    invalidate({"/a/b"});
     for (const char* gone : {"/a", "/a/b", "/a/b/c", "/a/b/c/y", "/a/b/c/y/z"})
         EXPECT_EQ(known(gone), -1) << gone;
     for (const char* kept : {"/a/bc", "/a/bc/x", "/a/b-", "/a/d"}) EXPECT_GT(known(kept), 0) << kept;
@@ -173,12 +184,36 @@ TEST_F(SizeServiceTest, InvalidatingForgetsAboveAndBelowAndNothingBeside) {
     EXPECT_THAT(children("/a"), ElementsAre("/a/d", "/a/bc", "/a/b-"));  // until a walk meets it there
 
     const Wait wait = ask("/a");
-    service->invalidate("/a/d");
+    invalidate({"/a/d"});
     end("/a", 50, {{"/a/b", 3}, {"/a/d", 1}});
     EXPECT_EQ(known("/a"), 50);  // it was under way, and still tells
     EXPECT_EQ(known("/a/d"), 1);
-    service->forgetAll();
+    static_cast<void>(service->forgetAll());
     EXPECT_EQ(known("/a"), -1);
+}
+
+TEST_F(SizeServiceTest, ManyAreForgottenAsEachWouldBe) {
+    const Folders tree = {{"/a/b", 9},   {"/a/b/c", 4},  {"/a/b/c/y", 2}, {"/a/b-", 2},    {"/a/b-/x", 1},
+                          {"/a/b0", 3},  {"/a/b0/x", 1}, {"/a/c", 5},     {"/a/c/x/y", 3}, {"/a/d", 6},
+                          {"/a/d/x", 1}, {"/e/f", 2},    {"/e/f/x", 1},   {"/e/g", 1}};
+    const std::vector<std::vector<std::string_view>> cases = {
+        {"/a/b", "/a/b-", "/a/c"},           {"/a/c", "/a/b-", "/a/b"},
+        {"/a/b0", "/e/f", "/a/d"},           {"/a", "/e/g"},
+        {"/a/b/c", "/a/d", "/a/none", "/e"}, {"/"}};
+    for (const auto& gone : cases) {
+        make(4);
+        measure("/a", 50, tree);
+        invalidate(gone);
+        for (const auto& [path, size] : tree) {
+            const bool stays =
+                std::none_of(gone.begin(), gone.end(), [&, &each = path](std::string_view one) {
+                    return Paths::isInside(each, one) || Paths::isInside(one, each);
+                });
+            EXPECT_EQ(known(path), stays ? size : -1)
+                << path << " without " << ::testing::PrintToString(gone);
+        }
+        EXPECT_EQ(known("/a"), -1);
+    }
 }
 
 TEST(SizeService, LeavesTwoProcessorsToOthersButWalksFourfoldAtLeast) {

@@ -74,7 +74,6 @@ TEST_F(FileIconsTest, TheOwnerIsTheNearestApplicationOrElseTheType) {
         const FileIcons::Owner owner = icons.owner(row.url);
         EXPECT_EQ(owner.key, row.key) << row.url;
         EXPECT_EQ(FakeIconSource::label(owner.image), row.picture) << row.url;
-        EXPECT_EQ(owner.isType(), std::string(row.key).starts_with("type:"));
     }
     EXPECT_EQ(icons.owner("/Users/ana/Library/Containers/com.example.mail/x").name, "Mail");
     EXPECT_EQ(icons.owner("/Applications/Big.app/Contents").name, "Big");

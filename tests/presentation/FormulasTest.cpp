@@ -1,5 +1,4 @@
 #include "presentation/FallTime.h"
-#include "presentation/WhoompStrength.h"
 
 #include <limits>
 
@@ -24,15 +23,6 @@ TEST(FallTime, GrowsWithThePowersOfTenBetweenItsEnds) {
         {std::numeric_limits<std::int64_t>::max(), 4.5},
     };
     for (const Row& row : rows) EXPECT_NEAR(fallTime(row.bytes), row.expected, 1e-6) << row.bytes;
-}
-
-TEST(WhoompStrength, IsFeltForAByteAndBoundedForADisk) {
-    constexpr Row rows[] = {{-1, 0.12},
-                            {1, 0.12},
-                            {1'000'000'000, 1.4 / 2.7},
-                            {10'000'000'000, 2.4 / 2.7},
-                            {40'000'000'000, 1.0}};
-    for (const Row& row : rows) EXPECT_NEAR(whoompStrength(row.bytes), row.expected, 1e-12) << row.bytes;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "platform/QtSoundPlayer.h"
 #include "presentation/Shockwave.h"
 #include "presentation/Sounds.h"
+#include "support/FakeSoundPlayer.h"
 #include "support/ManualClock.h"
 #include "support/Sandbox.h"
 
@@ -16,20 +17,12 @@ namespace {
 using testing::ManualClock;
 using testing::Sandbox;
 
-class Recorder final : public SoundPlayer {
-  public:
-    std::vector<double> durations;  // seconds
-    void play(std::span<const float> samples, int sampleRate) override {
-        durations.push_back(static_cast<double>(samples.size()) / sampleRate);
-    }
-};
-
 TEST(Sounds, TheWaveRunsWithOrWithoutItsSound) {
     const Sandbox box;
     UserDefaults defaults(box.path("settings.plist"));
     Preferences preferences(defaults, box.root());
     Shockwave wave;
-    Recorder player;
+    testing::FakeSoundPlayer player;
     ManualClock clock;
     Sounds sounds(preferences, wave, player, clock);
     int starts = 0;
@@ -42,13 +35,14 @@ TEST(Sounds, TheWaveRunsWithOrWithoutItsSound) {
     sounds.whoomp(0.4);
     EXPECT_EQ(wave.start(), clock.now());
     EXPECT_EQ(wave.strength(), 0.4);
-    EXPECT_TRUE(player.durations.empty());
+    EXPECT_EQ(player.sounds, 0);
 
     preferences.setSounds(true);
     clock.advance(5.0);
     sounds.whoomp(0.4);
     EXPECT_EQ(wave.start(), clock.now());
-    EXPECT_EQ(player.durations, std::vector<double>{1.7});
+    EXPECT_EQ(player.sounds, 1);
+    EXPECT_EQ(player.lasted, 1.7);
     EXPECT_EQ(starts, 2);
     EXPECT_EQ(strengths, 1);
 }

@@ -16,29 +16,11 @@ TEST(Starfield, IsTheSkyOfItsSeed) {
     const auto stars = Starfield{200, 42}.stars();
     EXPECT_EQ(stars, (Starfield{200, 42}.stars()));
     EXPECT_NE(stars, (Starfield{200, 43}.stars()));
-    for (const Star& star : stars) {
-        EXPECT_TRUE(star.x >= 0 && star.x < 1 && star.y >= 0 && star.y < 1);
-        EXPECT_TRUE(star.r >= 0.4 && star.r < 1.5);
-        EXPECT_TRUE(star.alpha >= 0.15 && star.alpha < 0.75);
-    }
     // Reckoned apart from this program: the second star shows that each takes four draws.
     EXPECT_DOUBLE_EQ(stars[0].x, 0.5674);
     EXPECT_DOUBLE_EQ(stars[0].y, 0.5471);
     EXPECT_DOUBLE_EQ(stars[1].r, 1.39825);
     EXPECT_DOUBLE_EQ(stars[1].alpha, 0.39684);
-}
-
-TEST(LiveStarfield, HasThirtyNearStarsAmongItsHundredAndTwenty) {
-    const auto stars = LiveStarfield::stars();
-    ASSERT_EQ(stars.size(), 120U);
-    EXPECT_EQ(std::count_if(stars.begin(), stars.end(), [](const Star& star) { return star.near; }), 30);
-    EXPECT_TRUE(stars[0].near && stars[4].near && !stars[1].near);
-    for (const Star& star : stars) {
-        EXPECT_TRUE(star.r >= 0.4 && star.r < 1.6);
-        EXPECT_TRUE(star.alpha >= 0.15 && star.alpha < 0.7);
-        EXPECT_TRUE(star.speed >= 0.4 && star.speed < 2.0);
-        EXPECT_TRUE(star.phase >= 0 && star.phase < 6.2832);
-    }
 }
 
 TEST(LiveStarfield, StarsGlideAndComeBackUnseen) {

@@ -1,5 +1,9 @@
 #include "core/Files.h"
+#include "disk/AnalyzeRows.h"
 #include "screens/Stage.h"
+
+#include <QKeyEvent>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -21,7 +25,9 @@ class AnalyzeScreenTest : public ::testing::Test {
 
     AnalyzeModel& model() { return *stage_.state().analyze(); }
     void untilMeasured() {
-        stage_.until("all figures", [this] { return model().count() > 0 && model().pendingCount() == 0; });
+        stage_.until("all figures", [this] {
+            return model().count() > 0 && model().pendingCount() == 0 && model().knownRefusal(0) != nullptr;
+        });
     }
     /// The row of the table with that name.
     QQuickItem* row(const QString& name) {
@@ -32,8 +38,11 @@ class AnalyzeScreenTest : public ::testing::Test {
     }
     void select(const QString& name) {
         ASSERT_NE(row(name), nullptr) << name.toStdString();
-        QMetaObject::invokeMethod(row(name), "toggled");
+        QMetaObject::invokeMethod(row(name), "toggled", Q_ARG(QUrl, row(name)->property("url").toUrl()));
         stage_.settle();
+    }
+    [[nodiscard]] static QPoint middleOf(const QQuickItem& item) {
+        return item.mapToScene(QPointF(item.width() / 2, item.height() / 2)).toPoint();
     }
 
     testing::Stage stage_;
@@ -58,7 +67,7 @@ TEST_F(AnalyzeScreenTest, ShowsAFolderAndLeadsThroughIt) {
     EXPECT_EQ(model().currentFolder(), stage_.mac().at("~/Films"));
     untilMeasured();
     stage_.press(QStringLiteral("Whole disk"));
-    EXPECT_FALSE(model().canGoBack());
+    EXPECT_TRUE(model().isAtRoot());
 
     stage_.press(QStringLiteral("Large files"));
     stage_.until("an empty result",
@@ -68,16 +77,76 @@ TEST_F(AnalyzeScreenTest, ShowsAFolderAndLeadsThroughIt) {
 TEST_F(AnalyzeScreenTest, ChartAndTableLightUpTogether) {
     QQuickItem* chart =
         stage_.items([](QQuickItem& item) { return item.inherits("tavrel::OrbitChartItem"); })[0];
-    QMetaObject::invokeMethod(row(QStringLiteral("Films")), "hoveredChanged");
-    QMetaObject::invokeMethod(chart, "hovered",
-                              Q_ARG(QString, QString::fromStdString(stage_.mac().at("~/Films").native())));
+    const QString films = QString::fromStdString(stage_.mac().at("~/Films").native());
+    const QString projects = QString::fromStdString(stage_.mac().at("~/Projects").native());
+    QTest::mouseMove(&stage_.window(), middleOf(*row(QStringLiteral("Projects"))));
+    stage_.settle();
+    EXPECT_EQ(chart->property("focusId").toString(), projects);
+    QMetaObject::invokeMethod(chart, "hovered", Q_ARG(QString, films));
     stage_.settle();
     EXPECT_TRUE(row(QStringLiteral("Films"))->property("lit").toBool());
-    EXPECT_TRUE(stage_.reads(QStringLiteral("13 MB")));
-    QMetaObject::invokeMethod(chart, "clicked",
-                              Q_ARG(QString, QString::fromStdString(stage_.mac().at("~/Films").native())));
+    EXPECT_FALSE(row(QStringLiteral("Projects"))->property("lit").toBool());
+    QMetaObject::invokeMethod(chart, "clicked", Q_ARG(QString, films));
     stage_.settle();
     EXPECT_EQ(model().currentFolder(), stage_.mac().at("~/Films"));
+}
+
+/// Whatever changes places under the hand of a person, what they meant is what goes.
+TEST_F(AnalyzeScreenTest, WhatWasMeantGoesThoughAllRowsChangePlaces) {
+    const auto folder = stage_.mac().at("~/Films");
+    for (int at = 100; at < 200; ++at) stage_.mac().file("~/Films/" + std::to_string(at), 10'000 * at);
+    model().navigate(folder);
+    stage_.until("all rows", [this] { return model().count() == 102; });
+    untilMeasured();
+    QQuickItem& list = *stage_.items([](QQuickItem& item) { return item.objectName() == "entryList"; })[0];
+    auto* rows = qobject_cast<AnalyzeRows*>(list.property("model").value<QObject*>());
+    ASSERT_NE(rows, nullptr);
+    const auto isThere = [&](const QString& name) { return Files::exists(folder / name.toStdString()); };
+    const auto reorder = [&] {
+        rows->sortBy(AnalyzeRows::Column::Name);
+        stage_.settle();
+    };
+    const auto untilGone = [&](const QString& name) {
+        stage_.until("a removal", [&] { return !model().isRemoving() && !isThere(name); });
+    };
+    list.forceActiveFocus();
+    for (int step = 0; step < 6; ++step) stage_.type(Qt::Key_Down);
+    auto* current = list.property("currentItem").value<QQuickItem*>();
+    const QString walkedTo = current->property("name").toString();
+    reorder();
+    current = list.property("currentItem").value<QQuickItem*>();
+    EXPECT_EQ(current->property("name").toString(), walkedTo);
+    stage_.type(Qt::Key_Delete);
+    untilGone(walkedTo);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(&stage_.window(), &held);
+    EXPECT_FALSE(model().isRemoving());
+
+    const QString underMenu = QStringLiteral("103");
+    list.setProperty("contentY", 0);
+    stage_.settle();
+    ASSERT_NE(row(underMenu), nullptr);
+    QTest::mouseClick(&stage_.window(), Qt::RightButton, Qt::NoModifier, middleOf(*row(underMenu)));
+    reorder();
+    stage_.press(QStringLiteral("Move to Trash"));
+    untilGone(underMenu);
+
+    reorder();
+    list.setProperty("contentY", 0);
+    stage_.settle();
+    const QString pressed = QStringLiteral("104");
+    ASSERT_NE(row(pressed), nullptr);
+    QTest::mouseMove(&stage_.window(), middleOf(*row(pressed)));
+    stage_.settle();
+    const auto buttons = stage_.items([](QQuickItem& item) {
+        return item.inherits("QQuickAbstractButton") && item.property("text") == "Move to Trash";
+    });
+    ASSERT_EQ(buttons.size(), 1U);
+    QTest::mousePress(&stage_.window(), Qt::LeftButton, Qt::NoModifier, middleOf(*buttons[0]));
+    reorder();
+    QTest::mouseRelease(&stage_.window(), Qt::LeftButton, Qt::NoModifier, middleOf(*buttons[0]));
+    untilGone(pressed);
+    EXPECT_EQ(model().count(), 99);
 }
 
 TEST_F(AnalyzeScreenTest, RemovesToTheTrashAfterAsking) {

@@ -2,6 +2,7 @@
 
 #include "platform/linux/LinuxLaunchAtLogin.h"
 #include "presentation/FakeIconSource.h"
+#include "support/FakeSoundPlayer.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -13,11 +14,6 @@
 namespace tavrel::testing {
 
 namespace {
-
-class Silence final : public SoundPlayer {
-  public:
-    void play(std::span<const float>, int) override {}
-};
 
 bool canBeSeen(const QQuickItem& item) {
     for (const QQuickItem* each = &item; each != nullptr; each = each->parentItem()) {
@@ -56,7 +52,7 @@ void Stage::start() {
         .profile = std::move(profile),
         .clock = std::move(clock),
         .launchAtLogin = std::move(login),
-        .soundPlayer = std::make_unique<Silence>(),
+        .soundPlayer = std::make_unique<FakeSoundPlayer>(),
         .icons = std::make_unique<FakeIconSource>(),
         .machine = FakeMachine::readers(machine_),
     });

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Program.h"
+#include "sample/SampleMac.h"
 #include "support/FakeMachine.h"
 #include "support/ManualClock.h"
-#include "support/SampleMac.h"
 #include "support/Sandbox.h"
 
 #include <QQuickItem>
@@ -28,7 +28,7 @@ class Stage {
     void restart();
 
     [[nodiscard]] AppState& state() { return program_->state(); }
-    [[nodiscard]] const SampleMac& mac() const { return mac_; }
+    [[nodiscard]] const sample::SampleMac& mac() const { return mac_; }
     /// The machine whose figures the program shows.
     [[nodiscard]] FakeMachine& machine() { return *machine_; }
     [[nodiscard]] QQuickWindow& window() { return *window_; }
@@ -57,7 +57,7 @@ class Stage {
     void start();
 
     Sandbox disk_;
-    SampleMac mac_;
+    sample::SampleMac mac_;
     std::shared_ptr<FakeMachine> machine_ = std::make_shared<FakeMachine>();
     ManualClock* clock_ = nullptr;  // owned by the program
     std::unique_ptr<Program> program_;

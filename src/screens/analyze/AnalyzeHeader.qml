@@ -18,7 +18,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         symbol: "chevron.left"
         text: qsTr("Back")
-        enabled: header.model.canGoBack
+        enabled: !header.model.atRoot
         onClicked: header.explorer.goBack()
     }
     Breadcrumbs {

@@ -10,8 +10,8 @@ T.AbstractButton {
     id: row
 
     required property int index
+    required property url url
     required property string name
-    required property string path
     required property string sizeText
     required property string filesText
     required property real share
@@ -23,7 +23,6 @@ T.AbstractButton {
     required property bool removable
     required property string reason
     required property bool lit
-    property url url
     required property AppState app
     property bool current: false
     property bool compact: false  // without the bar
@@ -33,8 +32,18 @@ T.AbstractButton {
     ]
     readonly property color colour: colorIndex < 0 ? Qt.rgba(0.55, 0.55, 0.55, 1) : palette[colorIndex % 8]
 
-    signal toggled()
-    signal trashed()
+    signal opened(entry: url)
+    signal toggled(entry: url)
+    signal trashed(entry: url)
+
+    // The entry that was there when the press began: the row may show another when it ends.
+    property url meant: url
+    function press(): void { meant = url }
+    function release(): url {
+        const entry = meant
+        meant = Qt.binding(() => url)
+        return entry
+    }
 
     text: name
     implicitHeight: 30
@@ -43,6 +52,9 @@ T.AbstractButton {
     Accessible.role: Accessible.ListItem
     Accessible.name: name + ", " + (measured ? sizeText + ", " + percentText + " %, " + filesText : qsTr("being measured")) + (reason === "" ? "" : ", " + protectedText)
     Accessible.selected: selected
+    onPressed: row.press()
+    onCanceled: row.release()
+    onClicked: row.opened(row.release())
     readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
 
     background: Rectangle {
@@ -65,7 +77,9 @@ T.AbstractButton {
             opacity: enabled ? 1 : 0.3
             mark: row.selected ? CheckBox.Mark.On : CheckBox.Mark.Off
             colour: Theme.glows[3]
-            onClicked: row.toggled()
+            onPressed: row.press()
+            onCanceled: row.release()
+            onClicked: row.toggled(row.release())
         }
         FileIcon {
             id: icon
@@ -117,7 +131,9 @@ T.AbstractButton {
             visible: row.removable && row.hovered
             symbol: "trash"
             text: qsTr("Move to Trash")
-            onClicked: row.trashed()
+            onPressed: row.press()
+            onCanceled: row.release()
+            onClicked: row.trashed(row.release())
         }
         Item {
             id: size

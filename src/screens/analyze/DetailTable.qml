@@ -14,10 +14,6 @@ FocusScope {
     property bool compact: false  // without the bars
     property string typed
 
-    function sortBy(column: int): void {
-        if (rows.sortColumn === column) rows.ascending = !rows.ascending
-        else rows.sortColumn = column
-    }
     function find(text: string): void {
         typed += text
         forget.restart()
@@ -48,8 +44,9 @@ FocusScope {
         hoverEnabled: true
         focusPolicy: Qt.StrongFocus
         Accessible.name: qsTr("Sort by %1").arg(text)
-        onClicked: table.sortBy(column)
+        onClicked: rows.sortBy(column)
         Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
 
         background: Item {
             FocusRing { shown: heading.visualFocus; gap: -2 }
@@ -63,6 +60,16 @@ FocusScope {
             verticalAlignment: Text.AlignVCenter
             Accessible.ignored: true
         }
+    }
+
+    FollowedRow {
+        list: list
+        rows: rows
+    }
+    EntryMenu {
+        id: menu
+
+        onTrashed: entry => rows.trash(entry)
     }
 
     Item {
@@ -130,11 +137,13 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Contents")
         onMovingChanged: table.app.motion.scrolling = moving
+        Component.onDestruction: if (moving) table.app.motion.scrolling = false
         onActiveFocusChanged: if (activeFocus && currentIndex < 0 && count > 0) currentIndex = 0
 
-        Keys.onSpacePressed: event => table.typed === "" ? rows.toggle(currentIndex) : table.find(" ")
-        Keys.onReturnPressed: rows.open(currentIndex)
-        Keys.onDeletePressed: rows.trash(currentIndex)
+        Keys.onSpacePressed: event => table.typed === "" ? rows.toggle(rows.url(currentIndex)) : table.find(" ")
+        Keys.onReturnPressed: rows.open(rows.url(currentIndex))
+        Keys.onEnterPressed: rows.open(rows.url(currentIndex))
+        Keys.onDeletePressed: event => { if (!event.isAutoRepeat) rows.trash(rows.url(currentIndex)) }
         Keys.onPressed: event => {
             const plain = event.modifiers === Qt.NoModifier || event.modifiers === Qt.ShiftModifier
             if (!plain || event.text === "" || event.text < " " || event.key === Qt.Key_Delete) return
@@ -149,22 +158,15 @@ FocusScope {
             compact: table.compact
             current: list.activeFocus && ListView.isCurrentItem
             app: table.app
-            url: rows.url(index)
-            onClicked: rows.open(index)
-            onToggled: rows.toggle(index)
-            onTrashed: rows.trash(index)
-            onHoveredChanged: hovered ? rows.enter(index) : rows.leave(index)
+            onOpened: entry => rows.open(entry)
+            onToggled: entry => rows.toggle(entry)
+            onTrashed: entry => rows.trash(entry)
+            onHoveredChanged: hovered ? rows.enter(url) : rows.leave(url)
+            onUrlChanged: if (hovered) rows.enter(url)
 
             TapHandler {
                 acceptedButtons: Qt.RightButton
-                onTapped: menu.popup()
-            }
-            EntryMenu {
-                id: menu
-
-                path: row.path
-                removable: row.removable
-                onTrashed: rows.trash(row.index)
+                onTapped: menu.show(row.url, row.removable)
             }
         }
         T.ScrollBar.vertical: SlimScrollBar {}

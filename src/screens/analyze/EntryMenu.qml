@@ -1,22 +1,28 @@
 import QtQuick
 import Tavrel.Controls
 
-// What can be done with an entry.
+// What can be done with the entry that was pointed at: its row may have changed places since.
 ContextMenu {
     id: menu
 
-    required property string path
-    required property bool removable
+    property url entry
+    property bool removable: false
 
-    signal trashed()
+    signal trashed(entry: url)
+
+    function show(entry: url, removable: bool): void {
+        menu.entry = entry
+        menu.removable = removable
+        popup()
+    }
 
     ContextMenuItem {
         text: qsTr("Show in Finder")
-        onTriggered: Desktop.reveal(menu.path)
+        onTriggered: Desktop.revealFile(menu.entry)
     }
     ContextMenuItem {
         text: qsTr("Move to Trash")
         enabled: menu.removable
-        onTriggered: menu.trashed()
+        onTriggered: menu.trashed(menu.entry)
     }
 }

@@ -2,6 +2,7 @@
 
 #include "core/ByteCount.h"
 #include "core/Files.h"
+#include "core/PathUrl.h"
 #include "core/Text.h"
 #include "monitoring/MachineFigures.h"
 #include "screens/analyze/OrbitChartItem.h"
@@ -20,14 +21,10 @@ QString shown(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-QUrl urlOf(const Path& path) {
-    return QUrl::fromEncoded("file://" + QByteArray::fromStdString(path.native()).toPercentEncoding("/"));
-}
-
 QVariantMap placeOf(const Path& path, const std::string& title, std::string_view symbol, bool selected) {
     return {{QStringLiteral("title"), shown(title)},
             {QStringLiteral("symbol"), shown(std::string(symbol))},
-            {QStringLiteral("url"), urlOf(path)},
+            {QStringLiteral("url"), PathUrl::of(path)},
             {QStringLiteral("selected"), selected}};
 }
 
@@ -67,7 +64,6 @@ void Explorer::setApp(AppState* app) {
     app_ = app;
     if (app_) {
         connect(&model(), &AnalyzeModel::entriesChanged, this, &Explorer::layOut);
-        connect(&model(), &AnalyzeModel::subSlicesChanged, this, &Explorer::layOut);
         connect(&model(), &AnalyzeModel::focusChanged, this, &Explorer::readoutChanged);
         connect(&model(), &AnalyzeModel::pathChanged, this, &Explorer::pathHasChanged);
         connect(app_->monitor(), &Monitor::sampled, this, &Explorer::diskChanged);
@@ -162,7 +158,7 @@ QString Explorer::diskText() const {
 }
 
 QUrl Explorer::folderUrl() const {
-    return app_ ? urlOf(model().currentFolder()) : QUrl();
+    return app_ ? PathUrl::of(model().currentFolder()) : QUrl();
 }
 
 QString Explorer::trashFolder() const {
@@ -197,7 +193,7 @@ void Explorer::open(const QString& id) {
 }
 
 void Explorer::goBack() {
-    if (!model().canGoBack()) return;
+    if (model().isAtRoot()) return;
     ahead_.push_back(model().currentFolder());
     walking_ = true;
     model().goBack();

@@ -16,6 +16,15 @@ FocusScope {
 
         source: files.model
     }
+    FollowedRow {
+        list: list
+        rows: rows
+    }
+    EntryMenu {
+        id: menu
+
+        onTrashed: entry => rows.trash(entry)
+    }
     Label {
         anchors.centerIn: parent
         visible: files.model.listing || list.count === 0
@@ -52,9 +61,10 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Large files")
         onMovingChanged: files.app.motion.scrolling = moving
+        Component.onDestruction: if (moving) files.app.motion.scrolling = false
 
-        Keys.onSpacePressed: rows.toggle(currentIndex)
-        Keys.onDeletePressed: rows.trash(currentIndex)
+        Keys.onSpacePressed: rows.toggle(rows.url(currentIndex))
+        Keys.onDeletePressed: event => { if (!event.isAutoRepeat) rows.trash(rows.url(currentIndex)) }
 
         delegate: LargeFileRow {
             id: row
@@ -62,20 +72,12 @@ FocusScope {
             width: list.width - 12
             current: list.activeFocus && ListView.isCurrentItem
             app: files.app
-            url: rows.url(index)
-            onToggled: rows.toggle(index)
-            onTrashed: rows.trash(index)
+            onToggled: entry => rows.toggle(entry)
+            onTrashed: entry => rows.trash(entry)
 
             TapHandler {
                 acceptedButtons: Qt.RightButton
-                onTapped: menu.popup()
-            }
-            EntryMenu {
-                id: menu
-
-                path: row.path
-                removable: row.removable
-                onTrashed: rows.trash(row.index)
+                onTapped: menu.show(row.url, row.removable)
             }
         }
         T.ScrollBar.vertical: SlimScrollBar {}

@@ -14,11 +14,12 @@ Card {
     readonly property bool wanted: hasSelection || model.hasLastRemoval
     // What a removal did is told before anything else, until something else is marked.
     property bool tells: false
+    readonly property int marked: model.selectedCount
+    onMarkedChanged: tells = false
 
     Connections {
         target: bar.model
         function onRemovalChanged(): void { bar.tells = bar.model.hasLastRemoval && !bar.model.removing }
-        function onSelectionChanged(): void { bar.tells = false }
     }
 
     implicitHeight: 52

@@ -22,6 +22,7 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Found items")
     onMovingChanged: app.motion.scrolling = moving
+    Component.onDestruction: if (moving) app.motion.scrolling = false
 
     Keys.onSpacePressed: rows.toggle(currentIndex)
     Keys.onReturnPressed: rows.toggleExpanded(currentIndex)

@@ -67,6 +67,13 @@ void BackdropItem::geometryChange(const QRectF& now, const QRectF& before) {
     update();
 }
 
+void BackdropItem::itemChange(ItemChange change, const ItemChangeData& data) {
+    QQuickItem::itemChange(change, data);
+    if (change != ItemDevicePixelRatioHasChanged) return;
+    stale_ = true;
+    update();
+}
+
 QImage BackdropItem::painted(const QSize& pixels) const {
     QImage image(pixels, QImage::Format_RGBX64);
     QPainter painter(&image);

@@ -25,6 +25,7 @@ class BackdropItem : public QQuickItem {
   protected:
     QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
     void geometryChange(const QRectF& now, const QRectF& before) override;
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
 
   private:
     void assign(QColor& member, const QColor& colour);

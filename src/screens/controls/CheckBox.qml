@@ -20,6 +20,9 @@ T.AbstractButton {
     Accessible.checked: mark === CheckBox.Mark.On
     Accessible.checkStateMixed: mark === CheckBox.Mark.Mixed
 
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
+
     background: Rectangle {
         radius: 4
         color: control.mark === CheckBox.Mark.Off ? "transparent" : control.colour

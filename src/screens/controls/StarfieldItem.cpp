@@ -6,17 +6,23 @@
 
 #include <QQuickWindow>
 #include <QSGRendererInterface>
+#include <algorithm>
+
 namespace tavrel {
 
 namespace {
 
-constexpr double starRate = 12;  // pictures a second
+constexpr double starRate = 12;      // pictures a second
+constexpr double longestStep = 0.2;  // seconds that the stars move on by at once, however long they rested
 constexpr Starfield stillSky = {.count = 120, .seed = 0x5DEECE66D};
 
 }  // namespace
 
 StarfieldItem::StarfieldItem(QQuickItem* parent)
-    : QQuickItem(parent), time_(PacedTicker::now()), ticker_({.fps = starRate, .shootingStars = true}) {
+    : QQuickItem(parent),
+      time_(PacedTicker::now()),
+      moved_(time_),
+      ticker_({.fps = starRate, .shootingStars = true}) {
     setFlag(ItemHasContents);
     connect(&ticker_, &PacedTicker::tick, this, [this] { drawAt(PacedTicker::now()); });
 }
@@ -47,6 +53,7 @@ void StarfieldItem::itemChange(ItemChange change, const ItemChangeData& data) {
 }
 
 void StarfieldItem::drawAt(double time) {
+    moved_ += std::clamp(time - time_, 0.0, longestStep);
     time_ = time;
     update();
 }
@@ -61,7 +68,7 @@ std::vector<DrawnStar> StarfieldItem::starsNow() const {
         const auto stars = LiveStarfield::stars();
         drawn.reserve(stars.size());
         for (const Star& star : stars) {
-            drawn.push_back(LiveStarfield::drawn(star, {width(), height()}, time_));
+            drawn.push_back(LiveStarfield::drawn(star, {width(), height()}, moved_));
         }
     } else {
         drawn.reserve(stillSky.count);

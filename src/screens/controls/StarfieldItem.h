@@ -42,7 +42,8 @@ class StarfieldItem : public QQuickItem {
 
     bool live_ = true;
     bool paused_ = false;
-    double time_ = 0;  // seconds since the epoch, of the picture on show
+    double time_ = 0;   // seconds since the epoch, of the picture on show; shooting stars cross by it
+    double moved_ = 0;  // seconds that the other stars have moved for
     PacedTicker ticker_;
 };
 

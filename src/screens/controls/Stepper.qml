@@ -19,8 +19,9 @@ T.SpinBox {
 
     Keys.onPressed: event => {
         if (event.key !== Qt.Key_PageUp && event.key !== Qt.Key_PageDown) return
-        const step = event.key === Qt.Key_PageUp ? 10 : -10
-        value = Math.max(from, Math.min(to, value + step))
+        const up = event.key === Qt.Key_PageUp
+        // Not by an assignment, which would end what the value is bound to.
+        for (let i = 0; i < 10; ++i) up ? increase() : decrease()
         valueModified()
         event.accepted = true
     }

@@ -13,8 +13,13 @@ T.Switch {
     focusPolicy: Qt.StrongFocus
     Accessible.name: text
 
-    Keys.onReturnPressed: control.clicked()
-    Keys.onEnterPressed: control.clicked()
+    Keys.onReturnPressed: press()
+    Keys.onEnterPressed: press()
+
+    function press(): void {
+        toggle()
+        toggled()
+    }
 
     indicator: Rectangle {
         anchors.fill: parent

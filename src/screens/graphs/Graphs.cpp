@@ -36,11 +36,8 @@ void Sparkline::paint(QPainter* painter) {
     QPolygonF area = line;
     area.append({line.last().x(), height()});
     area.append({line.first().x(), height()});
-    QLinearGradient light(0, 0, 0, height());
-    light.setColorAt(0, faded(areaOpacity));
-    light.setColorAt(1, faded(areaOpacity / 8));
     painter->setPen(Qt::NoPen);
-    painter->setBrush(light);
+    painter->setBrush(faded(areaOpacity));
     painter->drawPolygon(area);
     painter->setPen(QPen(colour(), lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter->drawPolyline(line);

@@ -8,7 +8,7 @@ namespace tavrel {
 
 // The bases are named in full for the checks of the screens, which know them by that alone.
 
-/// A line over its values, light below it.
+/// A line over its values, the area below it filled.
 class Sparkline : public tavrel::HistoryGraph {
     Q_OBJECT
     QML_ELEMENT

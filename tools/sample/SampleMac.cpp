@@ -1,16 +1,15 @@
-#include "support/SampleMac.h"
+#include "sample/SampleMac.h"
 
 #include "core/FileHandle.h"
-#include "core/Paths.h"
-#include "platform/posix/NoCommands.h"
 #include "support/Sandbox.h"
 
-#include <algorithm>
 #include <fcntl.h>
 #include <fstream>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
-namespace tavrel::testing {
+namespace tavrel::sample {
 
 namespace fs = std::filesystem;
 
@@ -32,7 +31,7 @@ SampleMac::Path SampleMac::file(std::string_view path, std::int64_t bytes, doubl
     out << std::string(static_cast<std::size_t>(bytes), 'x');
     if (!out.flush()) throw std::runtime_error("cannot write " + file.native());
     out.close();
-    Sandbox::date(file, daysAgo(daysOld));
+    testing::Sandbox::date(file, testing::daysAgo(daysOld));
     return file;
 }
 
@@ -45,9 +44,9 @@ SampleMac::Path SampleMac::folder(std::string_view path, int files, std::int64_t
     for (int i = 0; i < files; ++i) {
         const std::string below = files > filesPerFolder ? "/" + std::to_string(i / filesPerFolder) : "";
         const Path made = file(base + below + "/" + std::to_string(i) + ".bin", bytesEach, daysOld);
-        Sandbox::date(made.parent_path(), daysAgo(daysOld));
+        testing::Sandbox::date(made.parent_path(), testing::daysAgo(daysOld));
     }
-    Sandbox::date(folder, daysAgo(daysOld));
+    testing::Sandbox::date(folder, testing::daysAgo(daysOld));
     return folder;
 }
 
@@ -56,7 +55,7 @@ SampleMac::Path SampleMac::bulk(std::string_view path, std::int64_t bytes, doubl
     const FileHandle handle(::open(made.c_str(), O_WRONLY | O_CLOEXEC));
     if (::posix_fallocate(handle.get(), 0, bytes) != 0)
         throw std::runtime_error("no room for " + made.native());
-    Sandbox::date(made, daysAgo(daysOld));
+    testing::Sandbox::date(made, testing::daysAgo(daysOld));
     return made;
 }
 
@@ -64,21 +63,4 @@ SafetyGuard SampleMac::guard(std::vector<Path> extraRoots) const {
     return profile().safetyGuard(PreferenceValues(), std::move(extraRoots));
 }
 
-JunkScanner::Context SampleMac::context() const {
-    return {.root = root_, .home = home(), .safety = guard(), .hasFullDiskAccess = true, .now = now()};
-}
-
-std::vector<CleanItem> SampleMac::scan(const std::set<CleanCategory>& categories,
-                                       const JunkScanner::Context& context) const {
-    NoCommands noTools;
-    const NoNames noNames;
-    return JunkScanner(profile().scan, noTools, noNames).scan(categories, context, [](CleanCategory) {});
-}
-
-const CleanItem* itemAt(const std::vector<CleanItem>& items, const fs::path& path) {
-    const auto found =
-        std::find_if(items.begin(), items.end(), [&](const CleanItem& item) { return item.url == path; });
-    return found == items.end() ? nullptr : &*found;
-}
-
-}  // namespace tavrel::testing
+}  // namespace tavrel::sample

@@ -1,8 +1,8 @@
 #include "app/Graphics.h"
 #include "app/Launch.h"
 #include "app/Program.h"
-#include "support/SampleMac.h"
-#include "support/SampleMachine.h"
+#include "sample/SampleMac.h"
+#include "sample/SampleMachine.h"
 #include "support/Sandbox.h"
 
 #include <QCursor>
@@ -245,10 +245,10 @@ int main(int argc, char** argv) {
         Graphics::choose();
         const Launch::Application application(argc, argv);
         const testing::Sandbox disk;
-        const testing::SampleMac mac(disk.root());
+        const sample::SampleMac mac(disk.root());
         mac.fill(0.02);
         auto parts = Program::partsOf(mac.profile(), Program::Start::byUser);
-        parts.machine = testing::SampleMachine::readers(std::make_shared<testing::SampleMachine>());
+        parts.machine = sample::SampleMachine::readers(std::make_shared<sample::SampleMachine>());
         Program program(std::move(parts));
         QDir().mkpath(QString::fromLocal8Bit(argv[1]));
         Photographer(program, QDir(QString::fromLocal8Bit(argv[1]))).takeAll();

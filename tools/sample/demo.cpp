@@ -2,8 +2,8 @@
 #include "app/Launch.h"
 #include "app/Program.h"
 #include "app/SessionBus.h"
-#include "support/SampleMac.h"
-#include "support/SampleMachine.h"
+#include "sample/SampleMac.h"
+#include "sample/SampleMachine.h"
 #include "support/Sandbox.h"
 
 #include <array>
@@ -25,9 +25,9 @@
 namespace {
 
 namespace fs = std::filesystem;
-using tavrel::testing::SampleMachine;
+using tavrel::sample::SampleMachine;
 
-int show(const std::string& program, const tavrel::testing::SampleMac& mac) {
+int show(const std::string& program, const tavrel::sample::SampleMac& mac) {
     int failures = 0;
     for (const char* mode : {"system", "ai", "projects", "installers"}) {
         std::cout << fmt::format("\n=== tavrelctl scan {} ===\n", mode) << std::flush;
@@ -43,7 +43,7 @@ bool hasDisplay() {
 }
 
 /// The window as it always is, but no login starts it and no second start finds it.
-int openWindow(const tavrel::testing::SampleMac& mac, int& argc, char** argv) {
+int openWindow(const tavrel::sample::SampleMac& mac, int& argc, char** argv) {
     tavrel::Graphics::choose();
     const tavrel::Launch::Application application(argc, argv);
     auto parts = tavrel::Program::partsOf(mac.profile(), tavrel::Program::Start::byUser);
@@ -63,12 +63,12 @@ int main(int argc, char** argv) {
         const std::string program = fs::canonical("/proc/self/exe").replace_filename("tavrelctl");
         if (argc == 2) {
             if (!fs::create_directories(argv[1])) throw std::runtime_error("the folder is there already");
-            const tavrel::testing::SampleMac mac(fs::canonical(argv[1]));
+            const tavrel::sample::SampleMac mac(fs::canonical(argv[1]));
             mac.fill();
             return show(program, mac);
         }
         const tavrel::testing::Sandbox folder;
-        const tavrel::testing::SampleMac mac(folder.root());
+        const tavrel::sample::SampleMac mac(folder.root());
         mac.fill();
         return hasDisplay() ? openWindow(mac, argc, argv) : show(program, mac);
     } catch (const std::exception& problem) {

@@ -1,10 +1,10 @@
-#include "support/SampleMachine.h"
+#include "sample/SampleMachine.h"
 
 #include <cmath>
 #include <numbers>
 #include <utility>
 
-namespace tavrel::testing {
+namespace tavrel::sample {
 
 SampleMachine::SampleMachine() {
     constexpr std::int64_t gigabyte = 1'000'000'000;
@@ -87,4 +87,4 @@ std::vector<ProcessInfo> SampleMachine::snapshot() {
     };
 }
 
-}  // namespace tavrel::testing
+}  // namespace tavrel::sample

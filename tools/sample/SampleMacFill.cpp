@@ -1,10 +1,10 @@
-#include "support/SampleMac.h"
+#include "sample/SampleMac.h"
 #include "support/Sandbox.h"
 
 #include <algorithm>
 #include <filesystem>
 
-namespace tavrel::testing {
+namespace tavrel::sample {
 
 namespace {
 
@@ -136,9 +136,9 @@ void SampleMac::fill(double share) const {
     for (const Marker& row : markers) {
         const Path project = at(row.path).parent_path();
         for (const auto& entry : std::filesystem::directory_iterator(project))
-            Sandbox::date(entry.path(), daysAgo(row.daysOld));
+            testing::Sandbox::date(entry.path(), testing::daysAgo(row.daysOld));
     }
     std::filesystem::create_symlink("/etc", at("~/Library/Caches/linked"));
 }
 
-}  // namespace tavrel::testing
+}  // namespace tavrel::sample

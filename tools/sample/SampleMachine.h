@@ -4,10 +4,10 @@
 
 #include <chrono>
 
-namespace tavrel::testing {
+namespace tavrel::sample {
 
 /// A laptop at work, with everything that such a machine can tell: its figures rise and fall with the time.
-class SampleMachine final : public FakeMachine {
+class SampleMachine final : public testing::FakeMachine {
   public:
     SampleMachine();
 
@@ -30,4 +30,4 @@ class SampleMachine final : public FakeMachine {
     Clock::time_point received_ = start_;
 };
 
-}  // namespace tavrel::testing
+}  // namespace tavrel::sample

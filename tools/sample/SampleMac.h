@@ -1,16 +1,13 @@
 #pragma once
 
-#include "cleaning/JunkScanner.h"
 #include "profiles/Profile.h"
 
 #include <cstdint>
 #include <filesystem>
-#include <set>
-#include <string>
 #include <string_view>
 #include <vector>
 
-namespace tavrel::testing {
+namespace tavrel::sample {
 
 /// A Mac's disk below a folder: "/" is that folder, "~" is "/Users/ana" in it. Everything it is told to hold
 /// has a real size and a date.
@@ -34,14 +31,6 @@ class SampleMac {
 
     [[nodiscard]] Profile profile() const { return Profiles::macos(root_, home()); }
     [[nodiscard]] SafetyGuard guard(std::vector<Path> extraRoots = {}) const;
-    /// With full disk access and nothing running.
-    [[nodiscard]] JunkScanner::Context context() const;
-    /// On a disk whose machine does not run, so that no tool answers.
-    [[nodiscard]] std::vector<CleanItem> scan(const std::set<CleanCategory>& categories,
-                                              const JunkScanner::Context& context) const;
-    [[nodiscard]] std::vector<CleanItem> scan(const std::set<CleanCategory>& categories) const {
-        return scan(categories, context());
-    }
 
     /// Fills the disk with tens of thousands of files in every category, some with hostile names; with a
     /// share of them where a test needs no more.
@@ -51,15 +40,4 @@ class SampleMac {
     Path root_;
 };
 
-/// Applications of which nobody knows the name.
-class NoNames : public ApplicationNames {
-  public:
-    [[nodiscard]] std::optional<std::string> displayName(const std::string&) const override {
-        return std::nullopt;
-    }
-};
-
-/// The item at a path, or nullptr.
-[[nodiscard]] const CleanItem* itemAt(const std::vector<CleanItem>& items, const std::filesystem::path& path);
-
-}  // namespace tavrel::testing
+}  // namespace tavrel::sample

@@ -80,6 +80,10 @@ void AnalyzeModel::goBack() {
     move(path_.goBack());
 }
 
+void AnalyzeModel::goForward() {
+    move(path_.goForward());
+}
+
 void AnalyzeModel::goTo(int index) {
     move(index >= 0 && path_.cutTo(static_cast<std::size_t>(index)));
 }
@@ -184,7 +188,6 @@ void AnalyzeModel::show(AnalyzeContent content) {
     lastPublish_ = services_.clock.now();
     vet();
     Q_EMIT entriesChanged();
-    Q_EMIT subSlicesChanged();
     Q_EMIT selectionChanged();
 }
 
@@ -225,7 +228,6 @@ void AnalyzeModel::publish() {
     content_.publish();
     learnSubSlices();
     Q_EMIT entriesChanged();
-    Q_EMIT subSlicesChanged();
     if (selectedCount_ > 0) selectionWasChanged();
 }
 
@@ -469,7 +471,6 @@ void AnalyzeModel::takeOut(const CleanReport& report) {
     content_.remove(ids);
     measurePending();
     Q_EMIT entriesChanged();
-    Q_EMIT subSlicesChanged();
     selectionWasChanged();
 }
 

@@ -48,6 +48,7 @@ struct AnalyzeServices {
 class AnalyzeModel final : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY pathChanged)
+    Q_PROPERTY(bool canGoForward READ canGoForward NOTIFY pathChanged)
     Q_PROPERTY(QStringList crumbs READ crumbs NOTIFY pathChanged)
     Q_PROPERTY(QString title READ title NOTIFY pathChanged)
     Q_PROPERTY(QString folder READ folder NOTIFY pathChanged)
@@ -106,6 +107,7 @@ class AnalyzeModel final : public QObject {
     [[nodiscard]] Entries selectedEntries() const;
 
     [[nodiscard]] bool canGoBack() const { return !path_.isAtRoot(); }
+    [[nodiscard]] bool canGoForward() const { return path_.canGoForward(); }
     [[nodiscard]] QStringList crumbs() const;
     [[nodiscard]] QString title() const;
     [[nodiscard]] QString folder() const;  // its path, for reading
@@ -139,6 +141,7 @@ class AnalyzeModel final : public QObject {
     /// Measures everything anew.
     Q_INVOKABLE void rescan();
     Q_INVOKABLE void goBack();
+    Q_INVOKABLE void goForward();
     Q_INVOKABLE void goTo(int index);
     Q_INVOKABLE void navigateTo(const QUrl& folder);
     /// Goes to a folder by the way over the root and the home; one outside the disk changes nothing.
@@ -173,7 +176,6 @@ class AnalyzeModel final : public QObject {
     void modeChanged();
     void listingChanged();
     void entriesChanged();
-    void subSlicesChanged();
     void focusChanged();
     void selectionChanged();
     void removalChanged();

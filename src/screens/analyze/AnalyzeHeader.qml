@@ -19,7 +19,7 @@ Item {
         symbol: "chevron.left"
         text: qsTr("Back")
         enabled: header.model.canGoBack
-        onClicked: header.explorer.goBack()
+        onClicked: header.model.goBack()
     }
     Breadcrumbs {
         anchors.verticalCenter: parent.verticalCenter

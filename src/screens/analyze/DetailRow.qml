@@ -27,11 +27,7 @@ T.AbstractButton {
     required property AppState app
     property bool current: false
     property bool compact: false  // without the bar
-    readonly property list<color> palette: [
-        Qt.rgba(0.62, 0.76, 1, 1), Qt.rgba(1, 0.93, 0.82, 1), Qt.rgba(1, 0.78, 0.38, 1), Qt.rgba(1, 0.58, 0.26, 1),
-        Qt.rgba(1, 0.4, 0.34, 1), Qt.rgba(0.95, 0.38, 0.58, 1), Qt.rgba(0.8, 0.38, 0.8, 1), Qt.rgba(0.58, 0.44, 0.98, 1)
-    ]
-    readonly property color colour: colorIndex < 0 ? Qt.rgba(0.55, 0.55, 0.55, 1) : palette[colorIndex % 8]
+    readonly property color colour: OrbitPalette.colour(colorIndex)
 
     signal toggled()
     signal trashed()
@@ -41,7 +37,7 @@ T.AbstractButton {
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.ListItem
-    Accessible.name: name + ", " + (measured ? sizeText + ", " + percentText + " %, " + filesText : qsTr("being measured")) + (reason === "" ? "" : ", " + protectedText)
+    Accessible.name: name + ", " + (measured ? sizeText + ", " + percentText + " %, " + filesText : qsTr("being measured")) + (reason === "" ? "" : ", " + protectedText + ", " + reason)
     Accessible.selected: selected
     readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
 
@@ -54,6 +50,11 @@ T.AbstractButton {
     contentItem: Item {
         opacity: row.removable || row.reason === "" ? 1 : 0.6
 
+        // What goes past the box, or onto one that is disabled, opens nothing.
+        MouseArea {
+            anchors.fill: check
+            anchors.margins: -6
+        }
         CheckBox {
             id: check
 
@@ -184,6 +185,6 @@ T.AbstractButton {
 
     Tip {
         text: row.protectedText + (row.reason === "" ? "" : "\n" + row.reason)
-        shown: row.hovered && row.reason !== ""
+        shown: (row.hovered || row.current) && row.reason !== ""
     }
 }

@@ -13,28 +13,57 @@ FocusScope {
     required property AnalyzeModel model
     property bool compact: false  // without the bars
     property string typed
+    readonly property AnalyzeRows rows: app.folderRows
 
     function sortBy(column: int): void {
-        if (rows.sortColumn === column) rows.ascending = !rows.ascending
-        else rows.sortColumn = column
+        if (table.rows.sortColumn === column) table.rows.ascending = !table.rows.ascending
+        else table.rows.sortColumn = column
     }
     function find(text: string): void {
         typed += text
         forget.restart()
-        const found = rows.indexOfName(typed, list.currentIndex + (typed.length === 1 ? 1 : 0))
+        list.forceActiveFocus(Qt.ShortcutFocusReason)
+        const found = table.rows.indexOfName(typed, list.currentIndex + (typed.length === 1 ? 1 : 0))
         if (found >= 0) list.currentIndex = found
     }
 
+    // Whether that key goes on with a name.
+    function takes(event: var): bool {
+        const plain = event.modifiers === Qt.NoModifier || event.modifiers === Qt.ShiftModifier
+        if (!plain || event.text === "" || event.text < " " || event.key === Qt.Key_Delete) return false
+        if (event.text === " " && typed === "") return false
+        find(event.text)
+        return true
+    }
+    function tickOrFind(row: int): void {
+        if (typed !== "" && table.rows.indexOfName(typed + " ", list.currentIndex) >= 0) return find(" ")
+        typed = ""
+        table.rows.toggle(row)
+    }
+    function makeCurrent(row: int): void {
+        list.currentIndex = row
+        list.forceActiveFocus(Qt.MouseFocusReason)
+    }
+    // Another folder is shown: it begins at its beginning, once the list has its rows.
+    Timer {
+        id: begin
+
+        interval: 0
+        onTriggered: {
+            table.typed = ""
+            list.currentIndex = list.activeFocus && list.count > 0 ? 0 : -1
+            list.positionViewAtBeginning()
+        }
+    }
     Timer {
         id: forget
 
         interval: 1000
         onTriggered: table.typed = ""
     }
-    AnalyzeRows {
-        id: rows
-
-        source: table.model
+    Connections {
+        target: table.rows
+        function onModelReset(): void { begin.restart() }
     }
 
     component Heading: T.AbstractButton {
@@ -42,7 +71,7 @@ FocusScope {
 
         required property int column
         property int alignment: Text.AlignRight
-        readonly property bool isSorted: rows.sortColumn === column
+        readonly property bool isSorted: table.rows.sortColumn === column
 
         implicitHeight: 26
         hoverEnabled: true
@@ -55,7 +84,7 @@ FocusScope {
             FocusRing { shown: heading.visualFocus; gap: -2 }
         }
         contentItem: Label {
-            text: heading.text + (heading.isSorted ? (rows.ascending ? " ↑" : " ↓") : "")
+            text: heading.text + (heading.isSorted ? (table.rows.ascending ? " ↑" : " ↓") : "")
             size: Theme.fontTiny
             font.weight: Font.DemiBold
             color: heading.isSorted || heading.hovered ? Theme.secondary : Theme.tertiary
@@ -126,21 +155,14 @@ FocusScope {
         reuseItems: true
         cacheBuffer: 200
         currentIndex: -1
-        model: rows
+        model: table.rows
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Contents")
         onMovingChanged: table.app.motion.scrolling = moving
         onActiveFocusChanged: if (activeFocus && currentIndex < 0 && count > 0) currentIndex = 0
 
-        Keys.onSpacePressed: event => table.typed === "" ? rows.toggle(currentIndex) : table.find(" ")
-        Keys.onReturnPressed: rows.open(currentIndex)
-        Keys.onDeletePressed: rows.trash(currentIndex)
-        Keys.onPressed: event => {
-            const plain = event.modifiers === Qt.NoModifier || event.modifiers === Qt.ShiftModifier
-            if (!plain || event.text === "" || event.text < " " || event.key === Qt.Key_Delete) return
-            table.find(event.text)
-            event.accepted = true
-        }
+        Keys.onReturnPressed: table.rows.open(currentIndex)
+        Keys.onDeletePressed: table.rows.trash(currentIndex)
 
         delegate: DetailRow {
             id: row
@@ -149,22 +171,36 @@ FocusScope {
             compact: table.compact
             current: list.activeFocus && ListView.isCurrentItem
             app: table.app
-            url: rows.url(index)
-            onClicked: rows.open(index)
-            onToggled: rows.toggle(index)
-            onTrashed: rows.trash(index)
-            onHoveredChanged: hovered ? rows.enter(index) : rows.leave(index)
+            url: table.rows.url(index)
+            onClicked: {
+                table.makeCurrent(index)
+                table.rows.open(index)
+            }
+            onDoubleClicked: {}  // the second click would open what the first has brought here
+            onToggled: {
+                table.makeCurrent(index)
+                table.rows.toggle(index)
+            }
+            onTrashed: table.rows.trash(index)
+            onHoveredChanged: hovered ? table.rows.enter(index) : table.rows.leave(index)
 
-            TapHandler {
-                acceptedButtons: Qt.RightButton
-                onTapped: menu.popup()
+            // Before the button, for which a space is a click.
+            Keys.onSpacePressed: table.tickOrFind(index)
+            MenuRequest {
+                anchors.fill: parent
+                onAsked: menu.popup()
+            }
+            Keys.onPressed: event => {
+                if (!menu.isAskedBy(event)) return
+                menu.popup(row, 24, row.height)
+                event.accepted = true
             }
             EntryMenu {
                 id: menu
 
                 path: row.path
                 removable: row.removable
-                onTrashed: rows.trash(row.index)
+                onTrashed: table.rows.trash(row.index)
             }
         }
         T.ScrollBar.vertical: SlimScrollBar {}

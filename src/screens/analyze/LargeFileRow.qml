@@ -19,6 +19,7 @@ T.AbstractButton {
     property url url
     required property AppState app
     property bool current: false
+    readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
 
     signal toggled()
     signal trashed()
@@ -28,7 +29,7 @@ T.AbstractButton {
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.ListItem
-    Accessible.name: name + ", " + sizeText + ", " + folderPath
+    Accessible.name: name + ", " + sizeText + ", " + folderPath + (reason === "" ? "" : ", " + protectedText + ", " + reason)
     Accessible.selected: selected
     onClicked: row.toggled()
 
@@ -98,11 +99,17 @@ T.AbstractButton {
             height: 26
             symbolSize: 15
             focusPolicy: Qt.NoFocus
-            opacity: row.removable && row.hovered ? 1 : 0
-            enabled: row.removable
+            visible: row.removable && row.hovered
             symbol: "trash"
             text: qsTr("Move to Trash")
             onClicked: row.trashed()
+        }
+        Symbol {
+            anchors.centerIn: trash
+            visible: row.reason !== ""
+            name: "lock"
+            size: 13
+            color: Theme.tertiary
         }
         Label {
             id: size
@@ -119,7 +126,7 @@ T.AbstractButton {
     }
 
     Tip {
-        text: qsTr("Protected — Tavrel won't remove this") + "\n" + row.reason
-        shown: row.hovered && row.reason !== ""
+        text: row.protectedText + "\n" + row.reason
+        shown: (row.hovered || row.current) && row.reason !== ""
     }
 }

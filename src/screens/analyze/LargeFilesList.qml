@@ -66,9 +66,14 @@ FocusScope {
             onToggled: rows.toggle(index)
             onTrashed: rows.trash(index)
 
-            TapHandler {
-                acceptedButtons: Qt.RightButton
-                onTapped: menu.popup()
+            MenuRequest {
+                anchors.fill: parent
+                onAsked: menu.popup()
+            }
+            Keys.onPressed: event => {
+                if (!menu.isAskedBy(event)) return
+                menu.popup(row, 24, row.height)
+                event.accepted = true
             }
             EntryMenu {
                 id: menu

@@ -1,5 +1,6 @@
 #include "cleaning/BackgroundCleaner.h"
 
+#include <QElapsedTimer>
 #include <QMetaObject>
 #include <QtConcurrentRun>
 #include <utility>
@@ -8,13 +9,43 @@ namespace tavrel {
 
 namespace {
 
-CleanRunner::Report runClean(const Cleaner::Tools& tools, const CleanJob& job, QObject* mainThread) {
-    const auto progress = [&job, mainThread](double fraction) {
+/// Tells the main thread how far a clean has come, as often as a person can see.
+class Telling {
+  public:
+    Telling(const CleanJob& job, QObject* mainThread) : job_(job), mainThread_(mainThread) {}
+
+    void reached(double fraction) {
+        fraction_ = fraction;
+        isTold_ = false;
+        if (last_.isValid() && last_.elapsed() < pause) return;
+        last_.start();
+        tell();
+    }
+    /// The last one, if it was kept back.
+    void tell() {
+        if (std::exchange(isTold_, true) || !job_.progress) return;
         QMetaObject::invokeMethod(
-            mainThread, [told = job.progress, fraction] { told(fraction); }, Qt::QueuedConnection);
-    };
-    return std::make_shared<const CleanReport>(
+            mainThread_, [told = job_.progress, fraction = fraction_] { told(fraction); },
+            Qt::QueuedConnection);
+    }
+
+  private:
+    static constexpr qint64 pause = 100;  // milliseconds
+
+    const CleanJob& job_;
+    QObject* mainThread_;
+    QElapsedTimer last_;
+    double fraction_ = 0;
+    bool isTold_ = true;
+};
+
+CleanRunner::Report runClean(const Cleaner::Tools& tools, const CleanJob& job, QObject* mainThread) {
+    Telling telling(job, mainThread);
+    const auto progress = [&telling](double fraction) { telling.reached(fraction); };
+    auto report = std::make_shared<const CleanReport>(
         Cleaner(tools).clean(job.items, job.action, job.guard, job.options, progress));
+    telling.tell();
+    return report;
 }
 
 std::int64_t runEmptyTrash(const Cleaner::Tools& tools) {

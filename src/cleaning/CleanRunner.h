@@ -17,7 +17,8 @@ struct CleanJob {
     std::string action;  // the word in the history
     SafetyGuard guard;
     Cleaner::Options options;
-    std::function<void(double)> progress;  // called on the main thread, in order, before the report
+    /// May be empty. Called on the main thread, in order, before the report; the last share always is told.
+    std::function<void(double)> progress;
 };
 
 /// Runs cleans away from the main thread, one at a time.

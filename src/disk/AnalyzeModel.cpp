@@ -4,7 +4,7 @@
 #include "cleaning/CleanTexts.h"
 #include "core/ByteCount.h"
 #include "core/CheckedSum.h"
-#include "core/Paths.h"
+#include "core/PathUrl.h"
 #include "core/Text.h"
 #include "disk/AnalyzeTexts.h"
 
@@ -89,7 +89,8 @@ void AnalyzeModel::goTo(int index) {
 }
 
 void AnalyzeModel::navigateTo(const QUrl& folder) {
-    if (folder.isLocalFile()) navigate(folder.toLocalFile().toStdString());
+    const Path to = PathUrl::pathOf(folder);
+    if (!to.empty()) navigate(to);
 }
 
 void AnalyzeModel::navigate(const Path& to) {

@@ -1,7 +1,7 @@
 #include "disk/AnalyzeRows.h"
 
 #include "core/ByteCount.h"
-#include "core/Paths.h"
+#include "core/PathUrl.h"
 #include "core/Text.h"
 #include "disk/FileCount.h"
 
@@ -50,14 +50,9 @@ void AnalyzeRows::setSource(AnalyzeModel* source) {
     Q_EMIT sourceChanged();
 }
 
-void AnalyzeRows::setSortColumn(Column column) {
-    if (std::exchange(column_, column) == column) return;
-    reorder(wanted());
-    Q_EMIT sortChanged();
-}
-
-void AnalyzeRows::setAscending(bool on) {
-    if (std::exchange(ascending_, on) == on) return;
+void AnalyzeRows::sortBy(Column column) {
+    const bool again = std::exchange(column_, column) == column;
+    ascending_ = again ? !ascending_ : column == Column::Name;
     reorder(wanted());
     Q_EMIT sortChanged();
 }
@@ -80,10 +75,8 @@ QVariant AnalyzeRows::value(Id id, Role role) const {
     switch (role) {
         case Role::name:
             return nameOf(entry);
-        case Role::path:
-            return text(Text::shown(entry.url.native()));
-        case Role::size:
-            return static_cast<qint64>(entry.size.value_or(0));
+        case Role::url:
+            return PathUrl::of(entry.url);
         case Role::sizeText:
             return entry.size ? text(byteCount(*entry.size)) : QString();
         case Role::filesText:
@@ -118,8 +111,7 @@ QHash<int, QByteArray> AnalyzeRows::roleNames() const {
     using enum Role;
     static const std::array names = {
         std::pair{name, "name"},
-        std::pair{path, "path"},
-        std::pair{size, "size"},
+        std::pair{url, "url"},
         std::pair{sizeText, "sizeText"},
         std::pair{filesText, "filesText"},
         std::pair{share, "share"},
@@ -148,7 +140,23 @@ const AnalyzeEntry* AnalyzeRows::entry(int row) const {
 
 QUrl AnalyzeRows::url(int row) const {
     const AnalyzeEntry* found = entry(row);
-    return found == nullptr ? QUrl() : QUrl::fromLocalFile(text(found->url.native()));
+    return found == nullptr ? QUrl() : PathUrl::of(found->url);
+}
+
+int AnalyzeRows::rowOf(const QUrl& url) const {
+    if (!source_ || source_->contentNumber() != contentNumber_) return -1;
+    const auto id = idOf(url);
+    const auto found = id ? std::find(rows_.begin(), rows_.end(), *id) : rows_.end();
+    return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
+}
+
+std::optional<AnalyzeRows::Id> AnalyzeRows::idOf(const QUrl& url) const {
+    return source_ ? source_->content().find(PathUrl::pathOf(url).native()) : std::nullopt;
+}
+
+const AnalyzeEntry* AnalyzeRows::entry(const QUrl& url) const {
+    const auto id = idOf(url);
+    return id ? &source_->content().entry(*id) : nullptr;
 }
 
 int AnalyzeRows::indexOfName(const QString& prefix, int from) const {
@@ -161,28 +169,27 @@ int AnalyzeRows::indexOfName(const QString& prefix, int from) const {
     return -1;
 }
 
-// What a row can do. Each takes a copy: the entry may go on the way.
+// What can be done with an entry. Each takes a copy: the entry may go on the way.
 
-void AnalyzeRows::open(int row) {
-    if (const AnalyzeEntry* found = entry(row)) source_->open(AnalyzeEntry(*found));
+void AnalyzeRows::open(const QUrl& url) {
+    if (const AnalyzeEntry* found = entry(url)) source_->open(AnalyzeEntry(*found));
 }
 
-void AnalyzeRows::toggle(int row) {
-    if (const AnalyzeEntry* found = entry(row)) source_->toggleSelection(AnalyzeEntry(*found));
+void AnalyzeRows::toggle(const QUrl& url) {
+    if (const AnalyzeEntry* found = entry(url)) source_->toggleSelection(AnalyzeEntry(*found));
 }
 
-void AnalyzeRows::trash(int row) {
-    const AnalyzeEntry* found = entry(row);
+void AnalyzeRows::trash(const QUrl& url) {
+    const AnalyzeEntry* found = entry(url);
     if (found != nullptr && source_->canRemove(*found)) source_->trash({*found});
 }
 
-void AnalyzeRows::enter(int row) {
-    if (const AnalyzeEntry* found = entry(row)) source_->setFocus(AnalyzeFocuses::Entry{found->url.native()});
+void AnalyzeRows::enter(const QUrl& url) {
+    if (const AnalyzeEntry* found = entry(url)) source_->setFocus(AnalyzeFocuses::Entry{found->url.native()});
 }
 
-void AnalyzeRows::leave(int row) {
-    if (const AnalyzeEntry* found = entry(row))
-        source_->clearFocus(AnalyzeFocuses::Entry{found->url.native()});
+void AnalyzeRows::leave(const QUrl& url) {
+    if (source_) source_->clearFocus(AnalyzeFocuses::Entry{PathUrl::pathOf(url).native()});
 }
 
 // What changes
@@ -219,8 +226,8 @@ void AnalyzeRows::update() {
     if (source_->contentNumber() != contentNumber_) return reset();
     removeGone();
     reorder(wanted());
-    changed({Role::size, Role::sizeText, Role::filesText, Role::share, Role::percentText, Role::colorIndex,
-             Role::measured});
+    changed(
+        {Role::sizeText, Role::filesText, Role::share, Role::percentText, Role::colorIndex, Role::measured});
 }
 
 void AnalyzeRows::removeGone() {

@@ -17,14 +17,13 @@ class AnalyzeRows : public QAbstractListModel {
     Q_OBJECT
     Q_PROPERTY(tavrel::AnalyzeModel* source READ source WRITE setSource NOTIFY sourceChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
-    Q_PROPERTY(Column sortColumn READ sortColumn WRITE setSortColumn NOTIFY sortChanged)
-    Q_PROPERTY(bool ascending READ isAscending WRITE setAscending NOTIFY sortChanged)
+    Q_PROPERTY(Column sortColumn READ sortColumn NOTIFY sortChanged)
+    Q_PROPERTY(bool ascending READ isAscending NOTIFY sortChanged)
 
   public:
     enum class Role {
         name = Qt::UserRole,
-        path,  // for reading
-        size,
+        url,
         sizeText,
         filesText,
         share,  // of the total, 0 to 1
@@ -39,7 +38,7 @@ class AnalyzeRows : public QAbstractListModel {
         folderPath,  // the folder that it lies in, for reading
     };
 
-    /// Size is the model's own order; ascending turns an order round.
+    /// Size is the model's own order.
     enum class Column { Size, Name, Files };
     Q_ENUM(Column)
 
@@ -49,9 +48,9 @@ class AnalyzeRows : public QAbstractListModel {
     [[nodiscard]] AnalyzeModel* source() const { return source_; }
     void setSource(AnalyzeModel* source);
     [[nodiscard]] Column sortColumn() const { return column_; }
-    void setSortColumn(Column column);
     [[nodiscard]] bool isAscending() const { return ascending_; }
-    void setAscending(bool on);
+    /// Names begin with the first, figures with the largest. A second time turns the order round.
+    Q_INVOKABLE void sortBy(Column column);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -60,16 +59,20 @@ class AnalyzeRows : public QAbstractListModel {
 
     /// The entry of a row; nullptr where there is none.
     [[nodiscard]] const AnalyzeEntry* entry(int row) const;
+    /// What names the entry of a row while rows change places; empty where there is none.
     [[nodiscard]] Q_INVOKABLE QUrl url(int row) const;
+    /// Where an entry stands now; -1 when it is gone.
+    [[nodiscard]] Q_INVOKABLE int rowOf(const QUrl& url) const;
     /// The first row from `from` on, and then from the beginning, whose name begins so; -1 for none.
     [[nodiscard]] Q_INVOKABLE int indexOfName(const QString& prefix, int from = 0) const;
 
-    Q_INVOKABLE void open(int row);
-    Q_INVOKABLE void toggle(int row);
-    Q_INVOKABLE void trash(int row);
+    // These take the entry that a person pointed at: another may stand in its row by now.
+    Q_INVOKABLE void open(const QUrl& url);
+    Q_INVOKABLE void toggle(const QUrl& url);
+    Q_INVOKABLE void trash(const QUrl& url);
     /// Lets table and chart light up together.
-    Q_INVOKABLE void enter(int row);
-    Q_INVOKABLE void leave(int row);
+    Q_INVOKABLE void enter(const QUrl& url);
+    Q_INVOKABLE void leave(const QUrl& url);
 
   Q_SIGNALS:
     void sourceChanged();
@@ -80,6 +83,8 @@ class AnalyzeRows : public QAbstractListModel {
     using Id = AnalyzeModel::Id;
 
     [[nodiscard]] QVariant value(Id id, Role role) const;
+    [[nodiscard]] std::optional<Id> idOf(const QUrl& url) const;
+    [[nodiscard]] const AnalyzeEntry* entry(const QUrl& url) const;
     [[nodiscard]] RowOrder::Ids wanted() const;
     void reset();
     void update();

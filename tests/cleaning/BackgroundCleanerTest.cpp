@@ -1,11 +1,12 @@
 #include "cleaning/CleaningHome.h"
 #include "support/EventLoop.h"
 
+#include <QElapsedTimer>
 #include <QFutureWatcher>
 #include <QThread>
+#include <algorithm>
 #include <atomic>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace tavrel {
@@ -13,7 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::CleaningHome;
-using ::testing::ElementsAre;
 using testing::settle;
 using testing::waitUntil;
 using Report = CleanRunner::Report;
@@ -53,9 +53,15 @@ TEST(BackgroundCleaner, ProgressArrivesOnTheMainThreadInOrderAndBeforeTheReport)
     constexpr double reported = -1;
     QObject::connect(&watcher, &QFutureWatcherBase::finished, [&] { note(reported); });
     const std::vector<CleanItem> items = {home.item("a"), home.item("b"), home.item("c"), home.item("d")};
+    QElapsedTimer timer;
+    timer.start();
     watcher.setFuture(home.cleaner->clean(home.job(items, note)));
     ASSERT_TRUE(waitUntil([&] { return !told.empty() && told.back() == reported; }));
-    EXPECT_THAT(told, ElementsAre(0.25, 0.5, 0.75, 1.0, reported));
+    told.pop_back();
+    EXPECT_LE(told.size(),
+              2U + static_cast<std::size_t>(timer.elapsed()) / 100);  // not all are worth an event
+    EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+    EXPECT_EQ(told.back(), 1.0);
 
     EXPECT_EQ(watcher.result()->removed, items);
     EXPECT_EQ(watcher.result()->trashed, 40);

@@ -87,7 +87,8 @@ void step(Explorer& explorer, unsigned choice) {
         default:
             model.setMode(AnalyzeModel::Mode::Folders);
             if (explorer.rows.count() == 0) return model.load();
-            return explorer.rows.open(static_cast<int>(choice / 8) % explorer.rows.count());
+            return explorer.rows.open(
+                explorer.rows.url(static_cast<int>(choice / 8) % explorer.rows.count()));
     }
 }
 

@@ -10,8 +10,8 @@ T.AbstractButton {
     id: row
 
     required property int index
+    required property url url
     required property string name
-    required property string path
     required property string sizeText
     required property string filesText
     required property real share
@@ -23,14 +23,23 @@ T.AbstractButton {
     required property bool removable
     required property string reason
     required property bool lit
-    property url url
     required property AppState app
     property bool current: false
     property bool compact: false  // without the bar
     readonly property color colour: OrbitPalette.colour(colorIndex)
 
-    signal toggled()
-    signal trashed()
+    signal opened(entry: url)
+    signal toggled(entry: url)
+    signal trashed(entry: url)
+
+    // The entry that was there when the press began: the row may show another when it ends.
+    property url meant: url
+    function press(): void { meant = url }
+    function release(): url {
+        const entry = meant
+        meant = Qt.binding(() => url)
+        return entry
+    }
 
     text: name
     implicitHeight: 30
@@ -39,6 +48,10 @@ T.AbstractButton {
     Accessible.role: Accessible.ListItem
     Accessible.name: name + ", " + (measured ? sizeText + ", " + percentText + " %, " + filesText : qsTr("being measured")) + (reason === "" ? "" : ", " + protectedText + ", " + reason)
     Accessible.selected: selected
+    onPressed: row.press()
+    onCanceled: row.release()
+    onClicked: row.opened(row.release())
+    onDoubleClicked: row.release()  // the second click would open what the first has brought here
     readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
 
     background: Rectangle {
@@ -66,7 +79,9 @@ T.AbstractButton {
             opacity: enabled ? 1 : 0.3
             mark: row.selected ? CheckBox.Mark.On : CheckBox.Mark.Off
             colour: Theme.glows[3]
-            onClicked: row.toggled()
+            onPressed: row.press()
+            onCanceled: row.release()
+            onClicked: row.toggled(row.release())
         }
         FileIcon {
             id: icon
@@ -118,7 +133,9 @@ T.AbstractButton {
             visible: row.removable && row.hovered
             symbol: "trash"
             text: qsTr("Move to Trash")
-            onClicked: row.trashed()
+            onPressed: row.press()
+            onCanceled: row.release()
+            onClicked: row.trashed(row.release())
         }
         Item {
             id: size

@@ -15,10 +15,6 @@ FocusScope {
     property string typed
     readonly property AnalyzeRows rows: app.folderRows
 
-    function sortBy(column: int): void {
-        if (table.rows.sortColumn === column) table.rows.ascending = !table.rows.ascending
-        else table.rows.sortColumn = column
-    }
     function find(text: string): void {
         typed += text
         forget.restart()
@@ -35,16 +31,17 @@ FocusScope {
         find(event.text)
         return true
     }
-    function tickOrFind(row: int): void {
+    function tickOrFind(entry: url): void {
         if (typed !== "" && table.rows.indexOfName(typed + " ", list.currentIndex) >= 0) return find(" ")
         typed = ""
-        table.rows.toggle(row)
+        table.rows.toggle(entry)
     }
-    function makeCurrent(row: int): void {
-        list.currentIndex = row
+    function makeCurrent(entry: url): void {
+        list.currentIndex = table.rows.rowOf(entry)
         list.forceActiveFocus(Qt.MouseFocusReason)
     }
-    // Another folder is shown: it begins at its beginning, once the list has its rows.
+
+    // Another folder is shown: it begins at its beginning, once the list has its table.rows.
     Timer {
         id: begin
 
@@ -77,8 +74,9 @@ FocusScope {
         hoverEnabled: true
         focusPolicy: Qt.StrongFocus
         Accessible.name: qsTr("Sort by %1").arg(text)
-        onClicked: table.sortBy(column)
+        onClicked: table.rows.sortBy(column)
         Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
 
         background: Item {
             FocusRing { shown: heading.visualFocus; gap: -2 }
@@ -92,6 +90,17 @@ FocusScope {
             verticalAlignment: Text.AlignVCenter
             Accessible.ignored: true
         }
+    }
+
+    FollowedRow {
+        list: list
+        rows: table.rows
+    }
+    EntryMenu {
+        id: menu
+
+        onTrashed: entry => table.rows.trash(entry)
+        onClosed: list.forceActiveFocus(Qt.PopupFocusReason)
     }
 
     Item {
@@ -161,8 +170,9 @@ FocusScope {
         onMovingChanged: table.app.motion.scrolling = moving
         onActiveFocusChanged: if (activeFocus && currentIndex < 0 && count > 0) currentIndex = 0
 
-        Keys.onReturnPressed: table.rows.open(currentIndex)
-        Keys.onDeletePressed: table.rows.trash(currentIndex)
+        Keys.onReturnPressed: table.rows.open(table.rows.url(currentIndex))
+        Keys.onEnterPressed: table.rows.open(table.rows.url(currentIndex))
+        Keys.onDeletePressed: event => { if (!event.isAutoRepeat) table.rows.trash(table.rows.url(currentIndex)) }
 
         delegate: DetailRow {
             id: row
@@ -171,36 +181,24 @@ FocusScope {
             compact: table.compact
             current: list.activeFocus && ListView.isCurrentItem
             app: table.app
-            url: table.rows.url(index)
-            onClicked: {
-                table.makeCurrent(index)
-                table.rows.open(index)
+            onOpened: entry => {
+                table.makeCurrent(entry)
+                table.rows.open(entry)
             }
-            onDoubleClicked: {}  // the second click would open what the first has brought here
-            onToggled: {
-                table.makeCurrent(index)
-                table.rows.toggle(index)
+            onToggled: entry => {
+                table.makeCurrent(entry)
+                table.rows.toggle(entry)
             }
-            onTrashed: table.rows.trash(index)
-            onHoveredChanged: hovered ? table.rows.enter(index) : table.rows.leave(index)
+            onTrashed: entry => table.rows.trash(entry)
+            onHoveredChanged: hovered ? table.rows.enter(url) : table.rows.leave(url)
+            onUrlChanged: if (hovered) table.rows.enter(url)
 
             // Before the button, for which a space is a click.
-            Keys.onSpacePressed: table.tickOrFind(index)
+            Keys.onSpacePressed: table.tickOrFind(url)
+            Keys.onPressed: event => event.accepted = menu.takes(event, row.url, row.removable, row)
             MenuRequest {
                 anchors.fill: parent
-                onAsked: menu.popup()
-            }
-            Keys.onPressed: event => {
-                if (!menu.isAskedBy(event)) return
-                menu.popup(row, 24, row.height)
-                event.accepted = true
-            }
-            EntryMenu {
-                id: menu
-
-                path: row.path
-                removable: row.removable
-                onTrashed: table.rows.trash(row.index)
+                onAsked: menu.show(row.url, row.removable)
             }
         }
         T.ScrollBar.vertical: SlimScrollBar {}

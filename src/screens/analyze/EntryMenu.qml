@@ -1,28 +1,37 @@
 import QtQuick
 import Tavrel.Controls
 
-// What can be done with an entry.
+// What can be done with the entry that was pointed at: its row may have changed places since.
 ContextMenu {
     id: menu
 
-    required property string path
-    required property bool removable
+    property url entry
+    property bool removable: false
 
-    signal trashed()
+    signal trashed(entry: url)
 
-    // By keyboard.
-    function isAskedBy(event: var): bool {
-        return event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier)
+    function show(entry: url, removable: bool): void {
+        menu.entry = entry
+        menu.removable = removable
+        popup()
+    }
+    // Whether that key asks for the menu, which it then shows at `row`.
+    function takes(event: var, entry: url, removable: bool, row: Item): bool {
+        if (event.key !== Qt.Key_Menu && (event.key !== Qt.Key_F10 || event.modifiers !== Qt.ShiftModifier)) return false
+        menu.entry = entry
+        menu.removable = removable
+        popup(row, 24, row.height)
+        return true
     }
 
     ContextMenuItem {
         text: qsTr("Show in Finder")
-        onTriggered: Desktop.reveal(menu.path)
+        onTriggered: Desktop.revealFile(menu.entry)
     }
     ContextMenuItem {
         text: qsTr("Move to Trash")
         visible: menu.removable
         height: visible ? implicitHeight : 0
-        onTriggered: menu.trashed()
+        onTriggered: menu.trashed(menu.entry)
     }
 }

@@ -1,5 +1,6 @@
 #include "screens/analyze/FileIconItem.h"
 
+#include "core/PathUrl.h"
 #include "presentation/FileIcons.h"
 
 #include <QByteArray>
@@ -11,11 +12,11 @@ namespace tavrel {
 namespace {
 
 /// The icon of a path by its bytes. Rows come into view again and again, so that the last 2,000 are kept.
-QImage iconFor(FileIcons& icons, const QByteArray& path) {
+QImage iconFor(FileIcons& icons, const FileIcons::Path& file) {
     constexpr int most = 2000;
     static QCache<QByteArray, QImage> kept(most);  // for the main thread, as icons are
+    const auto path = QByteArray::fromStdString(file.native());
     if (const QImage* known = kept.object(path)) return *known;
-    const FileIcons::Path file = path.toStdString();
     const auto own = icons.ownIcon(file);
     QImage image = own ? *own : icons.owner(file).image;
     kept.insert(path, new QImage(image));
@@ -36,12 +37,8 @@ void FileIconItem::setFile(const QUrl& file) {
     find();
 }
 
-/// The bytes of the path, whatever they mean.
 void FileIconItem::find() {
-    if (app_ && !file_.isEmpty()) {
-        const QByteArray encoded = file_.path(QUrl::FullyEncoded).toLatin1();
-        image_ = iconFor(app_->icons(), QByteArray::fromPercentEncoding(encoded));
-    }
+    if (app_ && !file_.isEmpty()) image_ = iconFor(app_->icons(), PathUrl::pathOf(file_));
     Q_EMIT changed();
     update();
 }

@@ -9,20 +9,28 @@ T.AbstractButton {
     id: row
 
     required property int index
+    required property url url
     required property string name
-    required property string path
     required property string folderPath
     required property string sizeText
     required property bool selected
     required property bool removable
     required property string reason
-    property url url
     required property AppState app
     property bool current: false
     readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
 
-    signal toggled()
-    signal trashed()
+    signal toggled(entry: url)
+    signal trashed(entry: url)
+
+    // The entry that was there when the press began: the row may show another when it ends.
+    property url meant: url
+    function press(): void { meant = url }
+    function release(): url {
+        const entry = meant
+        meant = Qt.binding(() => url)
+        return entry
+    }
 
     text: name
     implicitHeight: 46
@@ -31,7 +39,9 @@ T.AbstractButton {
     Accessible.role: Accessible.ListItem
     Accessible.name: name + ", " + sizeText + ", " + folderPath + (reason === "" ? "" : ", " + protectedText + ", " + reason)
     Accessible.selected: selected
-    onClicked: row.toggled()
+    onPressed: row.press()
+    onCanceled: row.release()
+    onClicked: row.toggled(row.release())
 
     background: Rectangle {
         radius: Theme.radiusSmall
@@ -53,7 +63,9 @@ T.AbstractButton {
             opacity: enabled ? 1 : 0.3
             mark: row.selected ? CheckBox.Mark.On : CheckBox.Mark.Off
             colour: Theme.glows[3]
-            onClicked: row.toggled()
+            onPressed: row.press()
+            onCanceled: row.release()
+            onClicked: row.toggled(row.release())
         }
         FileIcon {
             id: icon
@@ -102,7 +114,9 @@ T.AbstractButton {
             visible: row.removable && row.hovered
             symbol: "trash"
             text: qsTr("Move to Trash")
-            onClicked: row.trashed()
+            onPressed: row.press()
+            onCanceled: row.release()
+            onClicked: row.trashed(row.release())
         }
         Symbol {
             anchors.centerIn: trash

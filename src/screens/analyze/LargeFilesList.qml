@@ -16,6 +16,16 @@ FocusScope {
 
         source: files.model
     }
+    FollowedRow {
+        list: list
+        rows: rows
+    }
+    EntryMenu {
+        id: menu
+
+        onTrashed: entry => rows.trash(entry)
+        onClosed: list.forceActiveFocus(Qt.PopupFocusReason)
+    }
     Label {
         anchors.centerIn: parent
         visible: files.model.listing || list.count === 0
@@ -53,8 +63,8 @@ FocusScope {
         Accessible.name: qsTr("Large files")
         onMovingChanged: files.app.motion.scrolling = moving
 
-        Keys.onSpacePressed: rows.toggle(currentIndex)
-        Keys.onDeletePressed: rows.trash(currentIndex)
+        Keys.onSpacePressed: rows.toggle(rows.url(currentIndex))
+        Keys.onDeletePressed: event => { if (!event.isAutoRepeat) rows.trash(rows.url(currentIndex)) }
 
         delegate: LargeFileRow {
             id: row
@@ -62,25 +72,13 @@ FocusScope {
             width: list.width - 12
             current: list.activeFocus && ListView.isCurrentItem
             app: files.app
-            url: rows.url(index)
-            onToggled: rows.toggle(index)
-            onTrashed: rows.trash(index)
+            onToggled: entry => rows.toggle(entry)
+            onTrashed: entry => rows.trash(entry)
 
+            Keys.onPressed: event => event.accepted = menu.takes(event, row.url, row.removable, row)
             MenuRequest {
                 anchors.fill: parent
-                onAsked: menu.popup()
-            }
-            Keys.onPressed: event => {
-                if (!menu.isAskedBy(event)) return
-                menu.popup(row, 24, row.height)
-                event.accepted = true
-            }
-            EntryMenu {
-                id: menu
-
-                path: row.path
-                removable: row.removable
-                onTrashed: rows.trash(row.index)
+                onAsked: menu.show(row.url, row.removable)
             }
         }
         T.ScrollBar.vertical: SlimScrollBar {}

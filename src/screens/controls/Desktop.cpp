@@ -6,30 +6,32 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDesktopServices>
-#include <QFileInfo>
 #include <QGuiApplication>
-#include <QUrl>
 
 namespace tavrel {
 
 namespace {
 
-void openFolderOf(const QString& path) {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).path()));
+void openFolderOf(const QUrl& file) {
+    QDesktopServices::openUrl(file.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash));
 }
 
 }  // namespace
 
 void Desktop::reveal(const QString& path) {
+    revealFile(QUrl::fromLocalFile(path));
+}
+
+void Desktop::revealFile(const QUrl& file) {
     const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) return openFolderOf(path);
+    if (!bus.isConnected()) return openFolderOf(file);
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
-    call << QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)} << QString();
+    call << QStringList{file.toString(QUrl::FullyEncoded)} << QString();
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), qGuiApp);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, path] {
-        if (watcher->isError()) openFolderOf(path);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, file] {
+        if (watcher->isError()) openFolderOf(file);
         watcher->deleteLater();
     });
 }

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QUrl>
 #include <qqmlregistration.h>
 
 namespace tavrel {
@@ -18,6 +19,7 @@ class Desktop : public QObject {
     /// Shows the file in the file manager, over org.freedesktop.FileManager1; where no bus or no file manager
     /// answers, opens the folder that it lies in. Returns at once.
     Q_INVOKABLE static void reveal(const QString& path);
+    Q_INVOKABLE static void revealFile(const QUrl& file);
     /// Opens the folder in the file manager.
     Q_INVOKABLE static void openFolder(const QString& path);
     Q_INVOKABLE static void copy(const QString& text);

@@ -35,6 +35,11 @@ std::size_t parallelWalks() {
     return SizeService::parallelWalks(std::thread::hardware_concurrency());
 }
 
+std::vector<DiskWork::PlaceFinder> placeFinders(const Profile& profile) {
+    return {[&profile] { return ExplorerPlaces::folders(profile.places, profile.explorerPlaces); },
+            [&profile] { return ExplorerPlaces::volumes(profile.places, profile.volumeFolders); }};
+}
+
 constexpr std::array allAppsModes = {AppsMode::uninstall, AppsMode::updates, AppsMode::startup};
 
 template <typename Cases, typename Title>
@@ -72,7 +77,9 @@ AppState::AppState(AppServices services, QObject* parent)
           .work = diskWork_,
           .runner = services_.clean.runner,
           .safetyGuard = [this] { return services_.clean.safetyGuard({}); },
-      }) {
+      }),
+      places_(placeFinders(services_.profile), diskWork_) {
+    folderRows_.setSource(&analyze_);
     for (const CleanMode mode : CleanModes::allCases) {
         CleanListModel* list = cleanList(mode);
         list->setExtraRoots(finders_.guard(mode, {}).extraRoots);

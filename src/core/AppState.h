@@ -8,7 +8,9 @@
 #include "core/LoginItem.h"
 #include "core/Preferences.h"
 #include "disk/AnalyzeModel.h"
+#include "disk/AnalyzeRows.h"
 #include "disk/BackgroundDiskWork.h"
+#include "disk/PlaceList.h"
 #include "disk/SizeService.h"
 #include "engine/Finders.h"
 #include "monitoring/Monitor.h"
@@ -61,6 +63,9 @@ class AppState final : public QObject {
     Q_PROPERTY(tavrel::TrashEmptier* trashEmptier READ trashEmptier CONSTANT)
     Q_PROPERTY(tavrel::Monitor* monitor READ monitor CONSTANT)
     Q_PROPERTY(tavrel::AnalyzeModel* analyze READ analyze CONSTANT)
+    /// What a folder holds, in the order that was chosen for the table.
+    Q_PROPERTY(tavrel::AnalyzeRows* folderRows READ folderRows CONSTANT)
+    Q_PROPERTY(tavrel::PlaceList* places READ places CONSTANT)
 
   public:
     explicit AppState(AppServices services, QObject* parent = nullptr);
@@ -111,6 +116,8 @@ class AppState final : public QObject {
     [[nodiscard]] TrashEmptier* trashEmptier() { return &trashEmptier_; }
     [[nodiscard]] Monitor* monitor() { return &services_.monitor; }
     [[nodiscard]] AnalyzeModel* analyze() { return &analyze_; }
+    [[nodiscard]] AnalyzeRows* folderRows() { return &folderRows_; }
+    [[nodiscard]] PlaceList* places() { return &places_; }
     [[nodiscard]] FileIcons& icons() { return services_.clean.icons; }
     [[nodiscard]] const Profile& profile() const { return services_.profile; }
 
@@ -152,6 +159,8 @@ class AppState final : public QObject {
     BackgroundDiskWork diskWork_;
     SizeService sizes_;
     AnalyzeModel analyze_;
+    AnalyzeRows folderRows_;
+    PlaceList places_;
 };
 
 }  // namespace tavrel

@@ -2,16 +2,12 @@
 
 #include "core/CheckedSum.h"
 #include "disk/AnalyzeOrder.h"
+#include "disk/OrbitLayout.h"
 
 #include <algorithm>
 #include <numeric>
 
 namespace tavrel {
-namespace {
-
-constexpr double smallestColoredShare = 0.004;
-
-}  // namespace
 
 AnalyzeContent::AnalyzeContent(FolderListing listing, SizeCache::Folder known)
     : entries_(std::move(listing.all)), paths_(std::move(listing.paths)), inOrderOfPaths_(true) {
@@ -125,8 +121,7 @@ void AnalyzeContent::sumUp() {
     }
     colored_.clear();
     for (std::size_t at = 0; at < entries_.size(); ++at) {
-        if (entries_[at].size.value_or(0) >= 1 && share(entries_[at]) >= smallestColoredShare)
-            colored_.push_back(at);
+        if (OrbitChart::hasOwnArc(entries_[at].size.value_or(0), total_)) colored_.push_back(at);
     }
 }
 

@@ -80,6 +80,10 @@ void AnalyzeModel::goBack() {
     move(path_.goBack());
 }
 
+void AnalyzeModel::goForward() {
+    move(path_.goForward());
+}
+
 void AnalyzeModel::goTo(int index) {
     move(index >= 0 && path_.cutTo(static_cast<std::size_t>(index)));
 }

@@ -50,6 +50,7 @@ struct AnalyzeServices {
 class AnalyzeModel final : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool atRoot READ isAtRoot NOTIFY pathChanged)
+    Q_PROPERTY(bool canGoForward READ canGoForward NOTIFY pathChanged)
     Q_PROPERTY(QStringList crumbs READ crumbs NOTIFY pathChanged)
     Q_PROPERTY(QString title READ title NOTIFY pathChanged)
     Q_PROPERTY(QString folder READ folder NOTIFY pathChanged)
@@ -97,7 +98,7 @@ class AnalyzeModel final : public QObject {
     /// The report of the last removal; nullptr before the first.
     [[nodiscard]] const CleanReport* lastRemoval() const { return lastRemoval_.get(); }
     [[nodiscard]] std::set<std::string> selection() const;
-
+    [[nodiscard]] bool canGoForward() const { return path_.canGoForward(); }
     [[nodiscard]] QStringList crumbs() const;
     [[nodiscard]] QString title() const;
     [[nodiscard]] QString folder() const;  // its path, for reading
@@ -127,6 +128,7 @@ class AnalyzeModel final : public QObject {
     /// Measures everything anew.
     Q_INVOKABLE void rescan();
     Q_INVOKABLE void goBack();
+    Q_INVOKABLE void goForward();
     Q_INVOKABLE void goTo(int index);
     Q_INVOKABLE void navigateTo(const QUrl& folder);
     /// Goes to a folder by the way over the root and the home; one outside the disk changes nothing.

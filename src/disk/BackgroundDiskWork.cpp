@@ -79,6 +79,10 @@ void BackgroundDiskWork::vet(SafetyGuard guard, FolderListing::Paths paths, std:
     listings_.run(job(std::move(work), std::move(done)));
 }
 
+void BackgroundDiskWork::findPlaces(PlaceFinder find, Done<FoundPlaces> done) {
+    listings_.run(job(std::move(find), std::move(done)));
+}
+
 void BackgroundDiskWork::discard(std::shared_ptr<void> something) {
     listings_.run([held = std::move(something)]() mutable -> Workers::Tell {
         held.reset();

@@ -25,6 +25,7 @@ class BackgroundDiskWork final : public DiskWork {
     void findLargeFiles(Path under, std::stop_token stop, Done<LargeFiles> done) override;
     void vet(SafetyGuard guard, FolderListing::Paths paths, std::stop_token stop,
              Done<Reasons> done) override;
+    void findPlaces(PlaceFinder find, Done<FoundPlaces> done) override;
     void discard(std::shared_ptr<void> something) override;
 
   private:

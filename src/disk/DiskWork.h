@@ -2,6 +2,7 @@
 
 #include "cleaning/SafetyGuard.h"
 #include "disk/DiskIndex.h"
+#include "disk/ExplorerPlaces.h"
 #include "disk/FolderListing.h"
 #include "disk/SizeFindings.h"
 
@@ -23,6 +24,8 @@ class DiskWork {
     using Done = std::function<void(Result)>;
     using LargeFiles = std::vector<DiskIndex::LargeFile>;
     using Reasons = std::vector<std::string>;
+    using FoundPlaces = std::vector<ExplorerPlaces::Found>;
+    using PlaceFinder = std::function<FoundPlaces()>;
 
     virtual ~DiskWork() = default;
 
@@ -32,6 +35,7 @@ class DiskWork {
     /// Why the guard refuses each of `paths`; empty where it does not.
     virtual void vet(SafetyGuard guard, FolderListing::Paths paths, std::stop_token stop,
                      Done<Reasons> done) = 0;
+    virtual void findPlaces(PlaceFinder find, Done<FoundPlaces> done) = 0;
     /// Takes time over letting go of something large.
     virtual void discard(std::shared_ptr<void> something) = 0;
 };

@@ -21,11 +21,15 @@ class FolderPath {
     [[nodiscard]] const Stack& stack() const { return stack_; }
     [[nodiscard]] const Path& current() const { return stack_.back(); }
     [[nodiscard]] bool isAtRoot() const { return stack_.size() == 1; }
+    [[nodiscard]] bool canGoForward() const { return !ahead_.empty(); }
 
     /// Steps into a folder that lies in one of the stack; from elsewhere it is navigated to.
     void enter(const Path& folder);
     /// Whether there was a way back.
     bool goBack();
+    /// Into the folder that was last left by going back, unless another way was taken since. Whether there is
+    /// one.
+    bool goForward();
     /// Whether `index` lies above the current folder.
     bool cutTo(std::size_t index);
     /// Whether `folder` is on this disk.
@@ -38,6 +42,7 @@ class FolderPath {
     Path root_;
     Path home_;
     Stack stack_;
+    Stack ahead_;  // the next one last
 };
 
 }  // namespace tavrel

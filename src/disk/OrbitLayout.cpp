@@ -34,6 +34,10 @@ RingArc OrbitRing::arc(const OrbitSegment& segment, double reveal, double emphas
 
 namespace OrbitChart {
 
+bool hasOwnArc(std::int64_t size, std::int64_t total) {
+    return size >= 1 && static_cast<double>(size) / static_cast<double>(total) >= leastShare;
+}
+
 OrbitLayout layout(std::span<const AnalyzeEntry> entries, const SubSlices& subSlices) {
     OrbitLayout made;
     for (const AnalyzeEntry& entry : entries) {
@@ -47,7 +51,7 @@ OrbitLayout layout(std::span<const AnalyzeEntry> entries, const SubSlices& subSl
     for (const AnalyzeEntry& entry : entries) {
         if (!isDrawn(entry)) continue;
         const double share = static_cast<double>(*entry.size) / total;
-        if (share < leastShare) {
+        if (!hasOwnArc(*entry.size, made.total)) {
             lump += share;
             lumpSize = addBytes(lumpSize, *entry.size);
             ++made.smallCount;

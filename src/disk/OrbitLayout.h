@@ -73,6 +73,9 @@ inline constexpr double leastSliceShare = 0.002;  // of a sub-folder with an arc
 inline constexpr OrbitRing innerRing = {.inner = 0.40, .outer = 0.68, .focusedOuter = 0.71, .opacity = 0.92};
 inline constexpr OrbitRing outerRing = {.inner = 0.70, .outer = 0.92, .focusedOuter = 0.95, .opacity = 0.50};
 
+/// Whether a thing of `size` bytes is large enough among `total` for an arc, and a colour, of its own.
+[[nodiscard]] bool hasOwnArc(std::int64_t size, std::int64_t total);
+
 /// `entries` largest first. What is not measured or empty is left out; what is too small for an arc of its
 /// own goes into one at the end.
 [[nodiscard]] OrbitLayout layout(std::span<const AnalyzeEntry> entries, const SubSlices& subSlices);

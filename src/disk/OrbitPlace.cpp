@@ -22,7 +22,9 @@ bool holds(const RingArc& arc, OrbitSide side, const OrbitPoint& point) {
     const double radius = point.radius();
     const double turn = point.turn();
     const double gap = arc.gap() + slack;
-    return radius >= inner && radius <= arc.outer && turn >= arc.start - gap && turn <= arc.end + gap;
+    const auto covers = [&](double at) { return at >= arc.start - gap && at <= arc.end + gap; };
+    // Turns begin anew at the top, where the last arc's gap meets the first one's.
+    return radius >= inner && radius <= arc.outer && (covers(turn) || covers(turn - 1) || covers(turn + 1));
 }
 
 /// How far a turn lies from an arc, the shorter way round; 0 within it.

@@ -7,8 +7,6 @@
 #include "core/Text.h"
 #include "disk/FileCount.h"
 
-#include <algorithm>
-
 #include <fmt/format.h>
 
 namespace tavrel::OrbitChart {
@@ -39,14 +37,11 @@ std::string percent(double share) {
 }
 
 struct Words {
-    std::span<const AnalyzeEntry> entries;
     const OrbitLayout& layout;
+    const AnalyzeEntry* entry;
 
     OrbitReadout operator()(const AnalyzeFocuses::Entry& focus) const {
-        const auto entry = std::find_if(entries.begin(), entries.end(), [&](const AnalyzeEntry& each) {
-            return each.url.native() == focus.path;
-        });
-        if (entry == entries.end()) return {.icon = "doc", .name = nameOf(focus.path)};
+        if (entry == nullptr) return {.icon = "doc", .name = nameOf(focus.path)};
         const std::int64_t size = entry->size.value_or(0);
         OrbitReadout words = {entry->isFolder ? "folder" : "doc", nameOf(entry->url), byteCount(size),
                               percent(share(size))};
@@ -74,9 +69,9 @@ struct Words {
 
 }  // namespace
 
-OrbitReadout readout(std::span<const AnalyzeEntry> entries, const OrbitLayout& layout,
-                     const std::optional<AnalyzeFocus>& focus, const OrbitFolder& folder) {
-    if (focus) return std::visit(Words{entries, layout}, *focus);
+OrbitReadout readout(const OrbitLayout& layout, const std::optional<AnalyzeFocus>& focus,
+                     const AnalyzeEntry* entry, const OrbitFolder& folder) {
+    if (focus) return std::visit(Words{layout, entry}, *focus);
     return {"internaldrive", folder.isRoot ? Text::localized("Whole disk") : nameOf(folder.url),
             byteCount(folder.total), fileCount(folder.files)};
 }

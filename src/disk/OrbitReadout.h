@@ -3,7 +3,6 @@
 #include "disk/OrbitLayout.h"
 
 #include <optional>
-#include <span>
 #include <string>
 
 namespace tavrel {
@@ -28,9 +27,9 @@ struct OrbitFolder {
 
 namespace OrbitChart {
 
-/// In the user's language.
-[[nodiscard]] OrbitReadout readout(std::span<const AnalyzeEntry> entries, const OrbitLayout& layout,
-                                   const std::optional<AnalyzeFocus>& focus, const OrbitFolder& folder);
+/// In the user's language. `entry` is the one in focus; nullptr where none is.
+[[nodiscard]] OrbitReadout readout(const OrbitLayout& layout, const std::optional<AnalyzeFocus>& focus,
+                                   const AnalyzeEntry* entry, const OrbitFolder& folder);
 
 /// What a screen reader says of an arc: its name, size and share.
 [[nodiscard]] std::string spoken(const OrbitLayout& layout, const OrbitSegment& segment);

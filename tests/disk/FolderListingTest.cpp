@@ -1,4 +1,5 @@
 #include "disk/AnalyzeOrder.h"
+#include "disk/ExplorerPlaces.h"
 #include "disk/FileCount.h"
 #include "disk/FolderListing.h"
 #include "disk/FolderPath.h"
@@ -14,7 +15,9 @@
 namespace tavrel {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::Field;
 using ::testing::IsEmpty;
 using testing::Sandbox;
 
@@ -94,13 +97,39 @@ TEST(FolderPath, StepsInBesideBackAndUp) {
     path.enter("/home/ana/a");
     path.enter("/home/ana/b");  // a row that was still in sight
     EXPECT_THAT(path.stack(), ElementsAre("/", "/home/ana", "/home/ana/b"));
+    EXPECT_TRUE(path.goBack());
+    EXPECT_TRUE(path.goBack());
+    EXPECT_TRUE(path.goForward());
+    EXPECT_TRUE(path.goForward());
+    EXPECT_FALSE(path.goForward());
+    EXPECT_EQ(path.current(), "/home/ana/b");
+    path.goBack();
     path.enter("/var/log");
+    EXPECT_FALSE(path.goForward()) << "another way was taken";
     EXPECT_THAT(path.stack(), ElementsAre("/", "/var", "/var/log"));
     EXPECT_FALSE(path.cutTo(2));
     EXPECT_FALSE(path.cutTo(7));
     EXPECT_TRUE(path.cutTo(0));
     EXPECT_FALSE(path.goBack());
     EXPECT_THAT(path.stack(), ElementsAre("/"));
+}
+
+TEST(ExplorerPlaces, AreTheFoldersThatExistAndWhatIsMounted) {
+    using ExplorerPlaces::Found;
+    const Sandbox sandbox;
+    sandbox.folder("home/Music");
+    sandbox.folder("media/ana/no volume");
+    const Places places(sandbox.root(), sandbox.path("home"), {});
+    const std::vector<ExplorerPlace> offered = {{"~/Music", "", "music.note"}, {"~/Films", "", "film.fill"}};
+    EXPECT_THAT(ExplorerPlaces::folders(places, offered),
+                ElementsAre(Found{sandbox.path("home/Music"), "Music", "music.note"}));
+    const std::vector<std::string_view> parents = {"/media", "/media/*", "/none"};
+    EXPECT_THAT(ExplorerPlaces::volumes(places, parents), IsEmpty());
+#ifdef __linux__
+    const std::vector<std::string_view> root = {"/"};
+    EXPECT_THAT(ExplorerPlaces::volumes(Places("/", "/root", {}), root),
+                Contains(Field(&Found::path, "/proc")));
+#endif
 }
 
 TEST(RowOrder, MovesAsFewAsPossible) {

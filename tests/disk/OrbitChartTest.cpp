@@ -100,14 +100,14 @@ TEST(OrbitPointer, FindsWhatIsDrawnThere) {
 TEST(OrbitPointer, NothingFlickersBetweenTheFocusAndItsNeighbours) {
     const OrbitLayout made = busyFolder();
     // Slowly all the way round, then out and in again: whoever has the focus keeps it until another takes it.
-    std::optional<OrbitPlace> focus = OrbitPlace{OrbitSide::inner, 0};
+    std::optional<OrbitPlace> focus = OrbitPlace{OrbitSide::inner, 9};
     std::vector<std::size_t> seen;
-    for (double turn = 0.05; turn < 0.98; turn += 0.0002) {
+    for (double turn = -0.05; turn < 0.98; turn += 0.0002) {
         focus = segmentAt(made, pointAt(0.6, turn), 1, focus);
         ASSERT_TRUE(focus) << turn;
         if (seen.empty() || seen.back() != focus->index) seen.push_back(focus->index);
     }
-    EXPECT_EQ(seen, (std::vector<std::size_t>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
+    EXPECT_EQ(seen, (std::vector<std::size_t>{9, 10, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
 
     focus = OrbitPlace{OrbitSide::inner, 0};
     for (double radius = 0.5; radius < 0.9; radius += 0.002) {
@@ -161,7 +161,11 @@ TEST(OrbitReadout, TellsOfTheFocusOrTheFolder) {
     const auto read = [&](const std::optional<AnalyzeFocus>& focus, bool isRoot = false) {
         OrbitFolder at = here;
         at.isRoot = isRoot;
-        return OrbitChart::readout(entries, made, focus, at);
+        const AnalyzeEntry* entry = nullptr;
+        for (const AnalyzeEntry& each : entries) {
+            if (focus && each.url == OrbitChart::idOf(*focus)) entry = &each;
+        }
+        return OrbitChart::readout(made, focus, entry, at);
     };
     EXPECT_EQ(read({}), (OrbitReadout{"internaldrive", "d", "1 GB", "2.5M files"}));
     EXPECT_EQ(read({}, true).name, "Whole disk");

@@ -36,14 +36,21 @@ class AnalyzeScreenTest : public ::testing::Test {
         });
         return rows.empty() ? nullptr : rows.front();
     }
-    void select(const QString& name) {
-        ASSERT_NE(row(name), nullptr) << name.toStdString();
-        QMetaObject::invokeMethod(row(name), "toggled", Q_ARG(QUrl, row(name)->property("url").toUrl()));
-        stage_.settle();
-    }
     [[nodiscard]] static QPoint middleOf(const QQuickItem& item) {
         return item.mapToScene(QPointF(item.width() / 2, item.height() / 2)).toPoint();
     }
+    /// A point of the row with that name: over its name, or over its box.
+    QPoint place(const QString& name, double x = 80) {
+        QQuickItem* found = row(name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return found == nullptr ? QPoint() : found->mapToScene({x, found->height() / 2}).toPoint();
+    }
+    void click(const QPoint& at, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(&stage_.window(), button, {}, at);
+        stage_.settle();
+    }
+    void tick(const QString& name) { click(place(name, 13)); }
+    std::string folder() { return model().currentFolder().filename().native(); }
 
     testing::Stage stage_;
 };
@@ -57,9 +64,15 @@ TEST_F(AnalyzeScreenTest, ShowsAFolderAndLeadsThroughIt) {
     EXPECT_TRUE(row(QStringLiteral("Library"))->property("reason").toString() != QString());
     EXPECT_FALSE(row(QStringLiteral("Library"))->property("removable").toBool());
 
-    QMetaObject::invokeMethod(row(QStringLiteral("Films")), "clicked");
+    const auto disk = [this] {
+        return stage_.items(
+            [](QQuickItem& item) { return item.property("title").toString() == "Whole disk"; });
+    };
+    const auto before = disk();
+    click(place(QStringLiteral("Films")));
     untilMeasured();
     EXPECT_EQ(model().currentFolder(), stage_.mac().at("~/Films"));
+    EXPECT_EQ(disk(), before) << "rows made anew lose the keyboard";
     EXPECT_TRUE(stage_.reads(QStringLiteral("holiday.mov")));
     stage_.type(Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(model().currentFolder(), stage_.mac().home());
@@ -72,6 +85,70 @@ TEST_F(AnalyzeScreenTest, ShowsAFolderAndLeadsThroughIt) {
     stage_.press(QStringLiteral("Large files"));
     stage_.until("an empty result",
                  [this] { return stage_.reads(QStringLiteral("No files over 500 MB here")); });
+}
+
+TEST_F(AnalyzeScreenTest, EachButtonOfTheMouseDoesItsOwn) {
+    const QString films = QStringLiteral("Films");
+    const QString library = QStringLiteral("Library");
+    click(place(films), Qt::RightButton);
+    EXPECT_TRUE(stage_.reads(QStringLiteral("Show in Finder")));
+    EXPECT_TRUE(stage_.reads(QStringLiteral("Move to Trash")));
+    stage_.type(Qt::Key_Escape);
+    click(place(library), Qt::RightButton);
+    EXPECT_TRUE(stage_.reads(QStringLiteral("Show in Finder")));
+    EXPECT_FALSE(stage_.reads(QStringLiteral("Move to Trash"))) << "of what is protected";
+    stage_.type(Qt::Key_Escape);
+    tick(library);
+    EXPECT_EQ(model().selectedCount(), 0);
+    EXPECT_EQ(folder(), "ana");
+
+    click(place(films));
+    untilMeasured();
+    ASSERT_EQ(folder(), "Films");
+    // The second half of a double click meets the next folder.
+    const QPointF at = place(QStringLiteral("raw"));
+    for (const auto type :
+         {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, stage_.window().mapToGlobal(at), Qt::LeftButton,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&stage_.window(), &event);
+    }
+    stage_.settle();
+    EXPECT_EQ(folder(), "Films");
+    click(at.toPoint(), Qt::BackButton);
+    EXPECT_EQ(folder(), "ana");
+    click(QPoint(600, 700), Qt::ForwardButton);
+    EXPECT_EQ(folder(), "Films");
+}
+
+TEST_F(AnalyzeScreenTest, TheKeyboardFindsTicksAndOpens) {
+    const auto current = [this] {
+        const auto rows = stage_.items([](QQuickItem& item) { return item.property("current").toBool(); });
+        return rows.empty() ? QString() : rows.front()->property("name").toString();
+    };
+    stage_.press(QStringLiteral("Measure again"));  // has the keyboard now
+    untilMeasured();
+    stage_.type(Qt::Key_F);
+    EXPECT_EQ(current(), QStringLiteral("Films"));
+    stage_.type(Qt::Key_Space);
+    EXPECT_EQ(model().selectedCount(), 1) << "no name goes on with a blank";
+    stage_.type(Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_TRUE(stage_.reads(QStringLiteral("Show in Finder")));
+    stage_.type(Qt::Key_Escape);
+    EXPECT_EQ(folder(), "ana");
+    stage_.type(Qt::Key_End);
+    stage_.type(Qt::Key_F);
+    stage_.type(Qt::Key_Return);
+    untilMeasured();
+    EXPECT_EQ(folder(), "Films");
+    EXPECT_EQ(current(), QStringLiteral("holiday.mov")) << "another folder begins at its first row";
+    stage_.state().chooseTab(0);
+    stage_.settle();
+    stage_.type(Qt::Key_4, Qt::ControlModifier);
+    untilMeasured();
+    stage_.type(Qt::Key_Backspace);
+    stage_.type(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(folder(), "Films");
 }
 
 TEST_F(AnalyzeScreenTest, ChartAndTableLightUpTogether) {
@@ -152,7 +229,7 @@ TEST_F(AnalyzeScreenTest, WhatWasMeantGoesThoughAllRowsChangePlaces) {
 TEST_F(AnalyzeScreenTest, RemovesToTheTrashAfterAsking) {
     const auto films = stage_.mac().at("~/Films");
     stage_.state().preferences()->setDryRun(true);
-    select(QStringLiteral("Films"));
+    tick(QStringLiteral("Films"));
     EXPECT_TRUE(stage_.reads(QStringLiteral("1 selected · 13 MB")));
     stage_.press(QStringLiteral("Preview removal"));
     EXPECT_TRUE(stage_.reads(QStringLiteral("Move 1 item (13 MB) to the Trash?")))
@@ -163,7 +240,7 @@ TEST_F(AnalyzeScreenTest, RemovesToTheTrashAfterAsking) {
     EXPECT_TRUE(stage_.textWith(QStringLiteral("Preview:")).contains(QStringLiteral("would be freed")));
 
     stage_.state().preferences()->setDryRun(false);
-    select(QStringLiteral("Library"));  // protected
+    tick(QStringLiteral("Library"));  // protected
     EXPECT_EQ(model().selectedCount(), 1) << "still Films alone";
     stage_.press(QStringLiteral("Move to Trash"));
     stage_.press(QStringLiteral("Cancel"));

@@ -124,6 +124,12 @@ TEST_F(OrbitChartTest, DrawsAnArcWhereThePointerFindsOne) {
     EXPECT_GT(inArcs, 500);
     EXPECT_GT(elsewhere, 150);
     EXPECT_LT(lightAt(image, at(0.3, 0.1)), 60) << "the dark is lit";
+    for (double turn = 0.51; turn < 0.99; turn += 0.001) {
+        for (double radius = 0.38; radius < 0.94; radius += 0.004) {
+            const QColor colour = image.pixelColor(at(radius, turn) * image.width() / side);
+            ASSERT_LE(colour.green(), colour.red() + 3) << "warm arcs, yet at " << radius << " " << turn;
+        }
+    }
 }
 
 TEST_F(OrbitChartTest, BrightensTheFocusAndDimsTheOthers) {
@@ -139,6 +145,13 @@ TEST_F(OrbitChartTest, BrightensTheFocusAndDimsTheOthers) {
     EXPECT_LT(lightAt(after, half), lightAt(before, half) - 40);
     EXPECT_NEAR(lightAt(after, third), lightAt(before, third), 12);
     EXPECT_GT(lightAt(after, larger), lightAt(before, larger) + 60);
+
+    chart_->setProperty("focusId", "");
+    rings_->setProperty("animated", true);
+    chart_->setVisible(false);
+    chart_->setProperty("focusId", "/d/third");
+    chart_->setVisible(true);
+    EXPECT_LT(lightAt(window_->grabWindow(), half), lightAt(before, half) - 40) << "moved while hidden";
 }
 
 TEST(OrbitLights, NothingFlashesAsTheFocusMoves) {
@@ -174,6 +187,8 @@ TEST_F(OrbitChartTest, PointerChoosesAndOpens) {
     EXPECT_EQ(focus(), "");
     QTest::mouseClick(window_.get(), Qt::LeftButton, Qt::NoModifier, at(0.2, 0.1));
     EXPECT_EQ(opened().size(), 1) << "the dark opens nothing";
+    QTest::mouseDClick(window_.get(), Qt::LeftButton, Qt::NoModifier, at(0.8, 0.1));
+    EXPECT_EQ(opened().size(), 2) << "two levels at once";
 }
 
 TEST_F(OrbitChartTest, KeysGoFromArcToArcAndOpen) {
@@ -200,6 +215,13 @@ TEST_F(OrbitChartTest, KeysGoFromArcToArcAndOpen) {
     EXPECT_EQ(focus(), "");
     type(Qt::Key_Return);
     EXPECT_EQ(opened().size(), 2);
+    type(Qt::Key_Right);
+    type(Qt::Key_Return);
+    chart_->setProperty("focusId", "");
+    const std::vector<AnalyzeEntry> inside = {{"/d/half/a", 5, 1, true}};
+    chart_->setProperty(
+        "layout", QVariant::fromValue(std::make_shared<const OrbitLayout>(OrbitChart::layout(inside, {}))));
+    EXPECT_EQ(focus(), "/d/half/a") << "where the keyboard has led";
 }
 
 TEST_F(OrbitChartTest, AScreenReaderHearsAndOpensEachArc) {
@@ -213,6 +235,8 @@ TEST_F(OrbitChartTest, AScreenReaderHearsAndOpensEachArc) {
     QAccessibleInterface* slice = arcs["half / b, 150 KB, 15.0%"];
     ASSERT_NE(slice, nullptr);
     EXPECT_TRUE(slice->rect().contains(window_->mapToGlobal(at(0.8, 0.38))));
+    chart_->setSize({side / 2.0, side / 2.0});
+    EXPECT_TRUE(slice->rect().contains(window_->mapToGlobal(at(0.8, 0.38) / 2)));
     ASSERT_NE(slice->actionInterface(), nullptr);
     slice->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(opened(), QStringList("/d/half/b"));

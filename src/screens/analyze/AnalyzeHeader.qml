@@ -19,7 +19,7 @@ Item {
         symbol: "chevron.left"
         text: qsTr("Back")
         enabled: !header.model.atRoot
-        onClicked: header.explorer.goBack()
+        onClicked: header.model.goBack()
     }
     Breadcrumbs {
         anchors.verticalCenter: parent.verticalCenter

@@ -13,17 +13,25 @@ FocusScope {
     readonly property AnalyzeModel model: app.analyze
     readonly property bool showsFolders: model.mode === AnalyzeModel.Mode.Folders
     readonly property bool narrow: width < 1140
+    readonly property bool compact: width < 920
+    readonly property bool inUse: Window.active
+
+    // Something may have been mounted meanwhile.
+    onInUseChanged: if (inUse) app.places.look()
 
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Analyze")
-    Component.onCompleted: if (model.count === 0) model.load()
+    Component.onCompleted: {
+        if (model.count === 0) model.load()
+        app.places.look()
+    }
 
     Keys.onPressed: event => {
         const alone = event.modifiers === Qt.NoModifier
         const withAlt = event.modifiers === Qt.AltModifier
-        if ((alone && event.key === Qt.Key_Backspace) || (withAlt && event.key === Qt.Key_Left) || event.key === Qt.Key_Back) explorer.goBack()
-        else if ((withAlt && event.key === Qt.Key_Right) || event.key === Qt.Key_Forward) explorer.goForward()
-        else return
+        if ((alone && event.key === Qt.Key_Backspace) || (withAlt && event.key === Qt.Key_Left) || event.key === Qt.Key_Back) model.goBack()
+        else if ((withAlt && event.key === Qt.Key_Right) || event.key === Qt.Key_Forward) model.goForward()
+        else if (!view.showsFolders || !table.takes(event)) return
         event.accepted = true
     }
 
@@ -34,11 +42,11 @@ FocusScope {
     }
     TapHandler {
         acceptedButtons: Qt.BackButton
-        onTapped: explorer.goBack()
+        onTapped: view.model.goBack()
     }
     TapHandler {
         acceptedButtons: Qt.ForwardButton
-        onTapped: explorer.goForward()
+        onTapped: view.model.goForward()
     }
 
     AnalyzeHeader {
@@ -79,7 +87,7 @@ FocusScope {
         OrbitChart {
             id: chart
 
-            readonly property real side: Math.min(content.height, content.width - Theme.gapLarge - (view.narrow ? 396 : 500))
+            readonly property real side: Math.min(content.height, content.width - Theme.gapLarge - (view.compact ? 396 : view.narrow ? 444 : 500))
 
             anchors.verticalCenter: parent.verticalCenter
             visible: view.showsFolders
@@ -97,13 +105,15 @@ FocusScope {
             onOpened: id => explorer.open(id)
         }
         DetailTable {
+            id: table
+
             anchors.left: chart.right
             anchors.leftMargin: Theme.gapLarge
             anchors.right: parent.right
             height: parent.height
             visible: view.showsFolders
             focus: view.showsFolders
-            compact: view.narrow
+            compact: view.compact
             app: view.app
             model: view.model
         }

@@ -22,14 +22,14 @@ Flickable {
         height: parent.height
 
         Repeater {
-            model: trail.model.crumbs
+            model: Crumbs { id: crumbs; titles: trail.model.crumbs }
 
             Row {
                 id: part
 
                 required property int index
-                required property string modelData
-                readonly property bool isHere: index === trail.model.crumbs.length - 1
+                required property string title
+                readonly property bool isHere: index === crumbs.count - 1
 
                 height: row.height
 
@@ -44,7 +44,7 @@ Flickable {
                     id: crumb
 
                     anchors.verticalCenter: parent.verticalCenter
-                    text: part.modelData
+                    text: part.title
                     implicitWidth: Math.min(label.implicitWidth, 180) + 12
                     implicitHeight: 24
                     hoverEnabled: true

@@ -26,11 +26,7 @@ T.AbstractButton {
     required property AppState app
     property bool current: false
     property bool compact: false  // without the bar
-    readonly property list<color> palette: [
-        Qt.rgba(0.62, 0.76, 1, 1), Qt.rgba(1, 0.93, 0.82, 1), Qt.rgba(1, 0.78, 0.38, 1), Qt.rgba(1, 0.58, 0.26, 1),
-        Qt.rgba(1, 0.4, 0.34, 1), Qt.rgba(0.95, 0.38, 0.58, 1), Qt.rgba(0.8, 0.38, 0.8, 1), Qt.rgba(0.58, 0.44, 0.98, 1)
-    ]
-    readonly property color colour: colorIndex < 0 ? Qt.rgba(0.55, 0.55, 0.55, 1) : palette[colorIndex % 8]
+    readonly property color colour: OrbitPalette.colour(colorIndex)
 
     signal opened(entry: url)
     signal toggled(entry: url)
@@ -50,11 +46,12 @@ T.AbstractButton {
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.ListItem
-    Accessible.name: name + ", " + (measured ? sizeText + ", " + percentText + " %, " + filesText : qsTr("being measured")) + (reason === "" ? "" : ", " + protectedText)
+    Accessible.name: name + ", " + (measured ? sizeText + ", " + percentText + " %, " + filesText : qsTr("being measured")) + (reason === "" ? "" : ", " + protectedText + ", " + reason)
     Accessible.selected: selected
     onPressed: row.press()
     onCanceled: row.release()
     onClicked: row.opened(row.release())
+    onDoubleClicked: row.release()  // the second click would open what the first has brought here
     readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
 
     background: Rectangle {
@@ -66,6 +63,11 @@ T.AbstractButton {
     contentItem: Item {
         opacity: row.removable || row.reason === "" ? 1 : 0.6
 
+        // What goes past the box, or onto one that is disabled, opens nothing.
+        MouseArea {
+            anchors.fill: check
+            anchors.margins: -6
+        }
         CheckBox {
             id: check
 
@@ -200,6 +202,6 @@ T.AbstractButton {
 
     Tip {
         text: row.protectedText + (row.reason === "" ? "" : "\n" + row.reason)
-        shown: row.hovered && row.reason !== ""
+        shown: (row.hovered || row.current) && row.reason !== ""
     }
 }

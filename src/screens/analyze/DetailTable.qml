@@ -13,24 +13,54 @@ FocusScope {
     required property AnalyzeModel model
     property bool compact: false  // without the bars
     property string typed
+    readonly property AnalyzeRows rows: app.folderRows
 
     function find(text: string): void {
         typed += text
         forget.restart()
-        const found = rows.indexOfName(typed, list.currentIndex + (typed.length === 1 ? 1 : 0))
+        list.forceActiveFocus(Qt.ShortcutFocusReason)
+        const found = table.rows.indexOfName(typed, list.currentIndex + (typed.length === 1 ? 1 : 0))
         if (found >= 0) list.currentIndex = found
     }
 
+    // Whether that key goes on with a name.
+    function takes(event: var): bool {
+        const plain = event.modifiers === Qt.NoModifier || event.modifiers === Qt.ShiftModifier
+        if (!plain || event.text === "" || event.text < " " || event.key === Qt.Key_Delete) return false
+        if (event.text === " " && typed === "") return false
+        find(event.text)
+        return true
+    }
+    function tickOrFind(entry: url): void {
+        if (typed !== "" && table.rows.indexOfName(typed + " ", list.currentIndex) >= 0) return find(" ")
+        typed = ""
+        table.rows.toggle(entry)
+    }
+    function makeCurrent(entry: url): void {
+        list.currentIndex = table.rows.rowOf(entry)
+        list.forceActiveFocus(Qt.MouseFocusReason)
+    }
+
+    // Another folder is shown: it begins at its beginning, once the list has its rows.
+    Timer {
+        id: begin
+
+        interval: 0
+        onTriggered: {
+            table.typed = ""
+            list.currentIndex = list.activeFocus && list.count > 0 ? 0 : -1
+            list.positionViewAtBeginning()
+        }
+    }
     Timer {
         id: forget
 
         interval: 1000
         onTriggered: table.typed = ""
     }
-    AnalyzeRows {
-        id: rows
-
-        source: table.model
+    Connections {
+        target: table.rows
+        function onModelReset(): void { begin.restart() }
     }
 
     component Heading: T.AbstractButton {
@@ -38,13 +68,13 @@ FocusScope {
 
         required property int column
         property int alignment: Text.AlignRight
-        readonly property bool isSorted: rows.sortColumn === column
+        readonly property bool isSorted: table.rows.sortColumn === column
 
         implicitHeight: 26
         hoverEnabled: true
         focusPolicy: Qt.StrongFocus
         Accessible.name: qsTr("Sort by %1").arg(text)
-        onClicked: rows.sortBy(column)
+        onClicked: table.rows.sortBy(column)
         Keys.onReturnPressed: clicked()
         Keys.onEnterPressed: clicked()
 
@@ -52,7 +82,7 @@ FocusScope {
             FocusRing { shown: heading.visualFocus; gap: -2 }
         }
         contentItem: Label {
-            text: heading.text + (heading.isSorted ? (rows.ascending ? " ↑" : " ↓") : "")
+            text: heading.text + (heading.isSorted ? (table.rows.ascending ? " ↑" : " ↓") : "")
             size: Theme.fontTiny
             font.weight: Font.DemiBold
             color: heading.isSorted || heading.hovered ? Theme.secondary : Theme.tertiary
@@ -64,12 +94,13 @@ FocusScope {
 
     FollowedRow {
         list: list
-        rows: rows
+        rows: table.rows
     }
     EntryMenu {
         id: menu
 
-        onTrashed: entry => rows.trash(entry)
+        onTrashed: entry => table.rows.trash(entry)
+        onClosed: list.forceActiveFocus(Qt.PopupFocusReason)
     }
 
     Item {
@@ -133,23 +164,16 @@ FocusScope {
         reuseItems: true
         cacheBuffer: 200
         currentIndex: -1
-        model: rows
+        model: table.rows
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Contents")
         onMovingChanged: table.app.motion.scrolling = moving
         Component.onDestruction: if (moving) table.app.motion.scrolling = false
         onActiveFocusChanged: if (activeFocus && currentIndex < 0 && count > 0) currentIndex = 0
 
-        Keys.onSpacePressed: event => table.typed === "" ? rows.toggle(rows.url(currentIndex)) : table.find(" ")
-        Keys.onReturnPressed: rows.open(rows.url(currentIndex))
-        Keys.onEnterPressed: rows.open(rows.url(currentIndex))
-        Keys.onDeletePressed: event => { if (!event.isAutoRepeat) rows.trash(rows.url(currentIndex)) }
-        Keys.onPressed: event => {
-            const plain = event.modifiers === Qt.NoModifier || event.modifiers === Qt.ShiftModifier
-            if (!plain || event.text === "" || event.text < " " || event.key === Qt.Key_Delete) return
-            table.find(event.text)
-            event.accepted = true
-        }
+        Keys.onReturnPressed: table.rows.open(table.rows.url(currentIndex))
+        Keys.onEnterPressed: table.rows.open(table.rows.url(currentIndex))
+        Keys.onDeletePressed: event => { if (!event.isAutoRepeat) table.rows.trash(table.rows.url(currentIndex)) }
 
         delegate: DetailRow {
             id: row
@@ -158,15 +182,24 @@ FocusScope {
             compact: table.compact
             current: list.activeFocus && ListView.isCurrentItem
             app: table.app
-            onOpened: entry => rows.open(entry)
-            onToggled: entry => rows.toggle(entry)
-            onTrashed: entry => rows.trash(entry)
-            onHoveredChanged: hovered ? rows.enter(url) : rows.leave(url)
-            onUrlChanged: if (hovered) rows.enter(url)
+            onOpened: entry => {
+                table.makeCurrent(entry)
+                table.rows.open(entry)
+            }
+            onToggled: entry => {
+                table.makeCurrent(entry)
+                table.rows.toggle(entry)
+            }
+            onTrashed: entry => table.rows.trash(entry)
+            onHoveredChanged: hovered ? table.rows.enter(url) : table.rows.leave(url)
+            onUrlChanged: if (hovered) table.rows.enter(url)
 
-            TapHandler {
-                acceptedButtons: Qt.RightButton
-                onTapped: menu.show(row.url, row.removable)
+            // Before the button, for which a space is a click.
+            Keys.onSpacePressed: table.tickOrFind(url)
+            Keys.onPressed: event => event.accepted = menu.takes(event, row.url, row.removable, row)
+            MenuRequest {
+                anchors.fill: parent
+                onAsked: menu.show(row.url, row.removable)
             }
         }
         T.ScrollBar.vertical: SlimScrollBar {}

@@ -15,6 +15,14 @@ ContextMenu {
         menu.removable = removable
         popup()
     }
+    // Whether that key asks for the menu, which it then shows at `row`.
+    function takes(event: var, entry: url, removable: bool, row: Item): bool {
+        if (event.key !== Qt.Key_Menu && (event.key !== Qt.Key_F10 || event.modifiers !== Qt.ShiftModifier)) return false
+        menu.entry = entry
+        menu.removable = removable
+        popup(row, 24, row.height)
+        return true
+    }
 
     ContextMenuItem {
         text: qsTr("Show in Finder")
@@ -22,7 +30,8 @@ ContextMenu {
     }
     ContextMenuItem {
         text: qsTr("Move to Trash")
-        enabled: menu.removable
+        visible: menu.removable
+        height: visible ? implicitHeight : 0
         onTriggered: menu.trashed(menu.entry)
     }
 }

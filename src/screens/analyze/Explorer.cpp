@@ -1,7 +1,6 @@
 #include "screens/analyze/Explorer.h"
 
 #include "core/ByteCount.h"
-#include "core/Files.h"
 #include "core/PathUrl.h"
 #include "core/Text.h"
 #include "monitoring/MachineFigures.h"
@@ -21,38 +20,6 @@ QString shown(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-QVariantMap placeOf(const Path& path, const std::string& title, std::string_view symbol, bool selected) {
-    return {{QStringLiteral("title"), shown(title)},
-            {QStringLiteral("symbol"), shown(std::string(symbol))},
-            {QStringLiteral("url"), PathUrl::of(path)},
-            {QStringLiteral("selected"), selected}};
-}
-
-/// The folders in `text`, where a last part of "*" stands for every folder.
-std::vector<Path> foldersOf(const Places& places, std::string_view text) {
-    constexpr std::string_view every = "/*";
-    if (!text.ends_with(every)) return {places.resolve(text)};
-    text.remove_suffix(every.size());
-    const Path parent = places.resolve(text);
-    std::vector<Path> folders;
-    for (const std::string& name : Files::names(parent)) folders.push_back(parent / name);
-    return folders;
-}
-
-/// What stands in a folder of volumes and lies on another device than that folder.
-std::vector<Path> volumesOf(const Places& places, std::string_view text) {
-    std::vector<Path> volumes;
-    for (const Path& folder : foldersOf(places, text)) {
-        const auto own = Files::identifier(folder);
-        for (const std::string& name : Files::names(folder, Files::Hidden::skip)) {
-            const auto mounted = Files::identifier(folder / name);
-            if (own && mounted && own->first != mounted->first && Files::isFolder(folder / name))
-                volumes.push_back(folder / name);
-        }
-    }
-    return volumes;
-}
-
 }  // namespace
 
 void Explorer::setApp(AppState* app) {
@@ -64,13 +31,14 @@ void Explorer::setApp(AppState* app) {
     app_ = app;
     if (app_) {
         connect(&model(), &AnalyzeModel::entriesChanged, this, &Explorer::layOut);
-        connect(&model(), &AnalyzeModel::focusChanged, this, &Explorer::readoutChanged);
-        connect(&model(), &AnalyzeModel::pathChanged, this, &Explorer::pathHasChanged);
+        connect(&model(), &AnalyzeModel::focusChanged, this, &Explorer::read);
+        connect(&model(), &AnalyzeModel::pathChanged, this, &Explorer::read);
+        connect(&model(), &AnalyzeModel::pathChanged, this, &Explorer::folderChanged);
         connect(app_->monitor(), &Monitor::sampled, this, &Explorer::diskChanged);
         layOut();
     }
     Q_EMIT appChanged();
-    Q_EMIT placesChanged();
+    Q_EMIT folderChanged();
     Q_EMIT diskChanged();
 }
 
@@ -80,13 +48,21 @@ void Explorer::layOut() {
                                                                          : std::span<const AnalyzeEntry>(),
                            model().subSlices()));
     Q_EMIT layoutChanged();
-    Q_EMIT readoutChanged();
+    read();
 }
 
-void Explorer::pathHasChanged() {
-    if (!walking_) ahead_.clear();
-    Q_EMIT placesChanged();
-    Q_EMIT historyChanged();
+void Explorer::read() {
+    const auto lit = model().lit();
+    OrbitReadout words =
+        OrbitChart::readout(*layout_, model().focus(), lit ? &model().content().entry(*lit) : nullptr,
+                            {.url = model().currentFolder(),
+                             .isRoot = model().isAtRoot(),
+                             .total = model().total(),
+                             .files = model().totalFiles()});
+    std::string focusId = model().focus() ? OrbitChart::idOf(*model().focus()) : std::string();
+    if (readout_ == words && focusId_ == focusId) return;
+    readout_ = std::move(words);
+    focusId_ = std::move(focusId);
     Q_EMIT readoutChanged();
 }
 
@@ -94,56 +70,24 @@ QVariant Explorer::layout() const {
     return QVariant::fromValue(layout_);
 }
 
-OrbitReadout Explorer::readout() const {
-    if (!app_) return {};
-    return OrbitChart::readout(model().entries(), *layout_, model().focus(),
-                               {.url = model().currentFolder(),
-                                .isRoot = model().isAtRoot(),
-                                .total = model().total(),
-                                .files = model().totalFiles()});
-}
-
 QString Explorer::focusId() const {
-    if (!app_ || !model().focus()) return {};
-    return shown(Text::exact(OrbitChart::idOf(*model().focus())));
+    return shown(Text::exact(focusId_));
 }
 
 QString Explorer::icon() const {
-    return shown(readout().icon);
+    return shown(readout_.icon);
 }
 
 QString Explorer::name() const {
-    return shown(readout().name);
+    return shown(readout_.name);
 }
 
 QString Explorer::size() const {
-    return shown(readout().size);
+    return shown(readout_.size);
 }
 
 QString Explorer::detail() const {
-    return shown(readout().detail);
-}
-
-QVariantList Explorer::places() const {
-    QVariantList list;
-    if (!app_) return list;
-    const Places& places = app_->profile().places;
-    const Path& current = model().currentFolder();
-    for (const ExplorerPlace& place : app_->profile().explorerPlaces) {
-        const Path path = places.resolve(place.path);
-        if (!Files::exists(path)) continue;
-        const bool named = *place.title != '\0';
-        const std::string title =
-            named ? Text::localized(place.title) : Text::shown(path.filename().native());
-        list.append(placeOf(path, title, place.symbol, path == current));
-    }
-    for (const std::string_view folder : app_->profile().volumeFolders) {
-        for (const Path& volume : volumesOf(places, folder)) {
-            list.append(
-                placeOf(volume, Text::shown(volume.filename().native()), "internaldrive", volume == current));
-        }
-    }
-    return list;
+    return shown(readout_.detail);
 }
 
 double Explorer::diskShare() const {
@@ -185,28 +129,8 @@ void Explorer::open(const QString& id) {
     }
     const auto* entry = std::get_if<AnalyzeFocuses::Entry>(&*focus);
     if (entry == nullptr) return;
-    for (const AnalyzeEntry& each : model().entries()) {
-        if (each.url.native() != entry->path) continue;
-        const AnalyzeEntry opened = each;
-        return model().open(opened);
-    }
-}
-
-void Explorer::goBack() {
-    if (model().isAtRoot()) return;
-    ahead_.push_back(model().currentFolder());
-    walking_ = true;
-    model().goBack();
-    walking_ = false;
-}
-
-void Explorer::goForward() {
-    if (ahead_.empty()) return;
-    const Path next = ahead_.back();
-    ahead_.pop_back();
-    walking_ = true;
-    model().navigate(next);
-    walking_ = false;
+    if (const auto found = model().content().find(entry->path))
+        model().open(AnalyzeEntry(model().content().entry(*found)));  // a copy: it goes with the folder
 }
 
 }  // namespace tavrel

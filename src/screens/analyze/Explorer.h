@@ -8,15 +8,14 @@
 #include <QPointer>
 #include <QUrl>
 #include <QVariant>
-#include <filesystem>
 #include <memory>
 #include <qqmlregistration.h>
-#include <vector>
+#include <string>
 
 namespace tavrel {
 
-/// What the explorer's screen needs beside its model: the picture of the folder with its readout, the places
-/// to go to, the way back and forth, and how full the disk is.
+/// What the explorer's screen needs beside its model: the picture of the folder with its readout, and how
+/// full the disk is.
 class Explorer : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -28,11 +27,9 @@ class Explorer : public QObject {
     Q_PROPERTY(QString name READ name NOTIFY readoutChanged)
     Q_PROPERTY(QString size READ size NOTIFY readoutChanged)
     Q_PROPERTY(QString detail READ detail NOTIFY readoutChanged)
-    Q_PROPERTY(QVariantList places READ places NOTIFY placesChanged)
-    Q_PROPERTY(bool canGoForward READ canGoForward NOTIFY historyChanged)
     Q_PROPERTY(double diskShare READ diskShare NOTIFY diskChanged)
     Q_PROPERTY(QString diskText READ diskText NOTIFY diskChanged)
-    Q_PROPERTY(QUrl folderUrl READ folderUrl NOTIFY placesChanged)
+    Q_PROPERTY(QUrl folderUrl READ folderUrl NOTIFY folderChanged)
     Q_PROPERTY(QString trashFolder READ trashFolder NOTIFY appChanged)
 
   public:
@@ -47,9 +44,6 @@ class Explorer : public QObject {
     [[nodiscard]] QString name() const;
     [[nodiscard]] QString size() const;
     [[nodiscard]] QString detail() const;
-    /// Objects of `title`, `symbol`, `url` and `selected`: those that exist, with the mounted volumes.
-    [[nodiscard]] QVariantList places() const;
-    [[nodiscard]] bool canGoForward() const { return !ahead_.empty(); }
     [[nodiscard]] double diskShare() const;
     [[nodiscard]] QString diskText() const;
     [[nodiscard]] QUrl folderUrl() const;
@@ -60,27 +54,22 @@ class Explorer : public QObject {
     Q_INVOKABLE void unfocus(const QString& id);
     Q_INVOKABLE void open(const QString& id);
 
-    Q_INVOKABLE void goBack();
-    Q_INVOKABLE void goForward();
-
   Q_SIGNALS:
     void appChanged();
     void layoutChanged();
     void readoutChanged();
-    void placesChanged();
-    void historyChanged();
+    void folderChanged();
     void diskChanged();
 
   private:
     [[nodiscard]] AnalyzeModel& model() const { return *app_->analyze(); }
-    [[nodiscard]] OrbitReadout readout() const;
     void layOut();
-    void pathHasChanged();
+    void read();
 
     QPointer<AppState> app_;
     std::shared_ptr<const OrbitLayout> layout_ = std::make_shared<const OrbitLayout>();
-    std::vector<std::filesystem::path> ahead_;  // folders that were left by going back, the next one last
-    bool walking_ = false;                      // back or forth, so that `ahead_` stays
+    OrbitReadout readout_;
+    std::string focusId_;
 };
 
 }  // namespace tavrel

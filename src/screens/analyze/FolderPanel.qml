@@ -42,7 +42,7 @@ Item {
 
             Heading { text: qsTr("Places") }
             Repeater {
-                model: panel.explorer.places
+                model: panel.explorer.app.places.all
 
                 PlaceRow {
                     required property var modelData
@@ -50,24 +50,22 @@ Item {
                     width: column.width
                     symbol: modelData.symbol
                     title: modelData.title
-                    selected: modelData.selected
+                    selected: String(modelData.url) === String(panel.explorer.folderUrl)
                     onClicked: panel.model.navigateTo(modelData.url)
                 }
             }
             Item { width: 1; height: 12 }
             Heading { text: qsTr("You are here") }
             Repeater {
-                model: panel.model.crumbs
+                model: Crumbs { id: crumbs; titles: panel.model.crumbs }
 
                 PlaceRow {
                     required property int index
-                    required property string modelData
-                    readonly property bool isHere: index === panel.model.crumbs.length - 1
+                    readonly property bool isHere: index === crumbs.count - 1
 
                     width: column.width
                     indent: index
                     symbol: isHere ? "folder.fill" : "folder"
-                    title: modelData
                     selected: isHere
                     onClicked: panel.model.goTo(index)
                 }

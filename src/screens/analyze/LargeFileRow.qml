@@ -18,6 +18,7 @@ T.AbstractButton {
     required property string reason
     required property AppState app
     property bool current: false
+    readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
 
     signal toggled(entry: url)
     signal trashed(entry: url)
@@ -36,7 +37,7 @@ T.AbstractButton {
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.ListItem
-    Accessible.name: name + ", " + sizeText + ", " + folderPath
+    Accessible.name: name + ", " + sizeText + ", " + folderPath + (reason === "" ? "" : ", " + protectedText + ", " + reason)
     Accessible.selected: selected
     onPressed: row.press()
     onCanceled: row.release()
@@ -110,13 +111,19 @@ T.AbstractButton {
             height: 26
             symbolSize: 15
             focusPolicy: Qt.NoFocus
-            opacity: row.removable && row.hovered ? 1 : 0
-            enabled: row.removable
+            visible: row.removable && row.hovered
             symbol: "trash"
             text: qsTr("Move to Trash")
             onPressed: row.press()
             onCanceled: row.release()
             onClicked: row.trashed(row.release())
+        }
+        Symbol {
+            anchors.centerIn: trash
+            visible: row.reason !== ""
+            name: "lock"
+            size: 13
+            color: Theme.tertiary
         }
         Label {
             id: size
@@ -133,7 +140,7 @@ T.AbstractButton {
     }
 
     Tip {
-        text: qsTr("Protected — Tavrel won't remove this") + "\n" + row.reason
-        shown: row.hovered && row.reason !== ""
+        text: row.protectedText + "\n" + row.reason
+        shown: (row.hovered || row.current) && row.reason !== ""
     }
 }

@@ -24,6 +24,7 @@ FocusScope {
         id: menu
 
         onTrashed: entry => rows.trash(entry)
+        onClosed: list.forceActiveFocus(Qt.PopupFocusReason)
     }
     Label {
         anchors.centerIn: parent
@@ -75,9 +76,10 @@ FocusScope {
             onToggled: entry => rows.toggle(entry)
             onTrashed: entry => rows.trash(entry)
 
-            TapHandler {
-                acceptedButtons: Qt.RightButton
-                onTapped: menu.show(row.url, row.removable)
+            Keys.onPressed: event => event.accepted = menu.takes(event, row.url, row.removable, row)
+            MenuRequest {
+                anchors.fill: parent
+                onAsked: menu.show(row.url, row.removable)
             }
         }
         T.ScrollBar.vertical: SlimScrollBar {}

@@ -1,5 +1,7 @@
 #include "screens/analyze/OrbitArcs.h"
 
+#include "screens/analyze/OrbitPalette.h"
+
 namespace tavrel {
 
 namespace {
@@ -8,11 +10,6 @@ constexpr double dimmed = 0.4;  // of the opacity of an arc beside the one in fo
 constexpr double usualBloom = 0.45;
 constexpr double dimmedBloom = 0.12;
 constexpr double unlit = 0.001;
-
-QColor colourOf(const OrbitColour& colour) {
-    return QColor::fromRgbF(static_cast<float>(colour.red), static_cast<float>(colour.green),
-                            static_cast<float>(colour.blue));
-}
 
 double between(double from, double to, double part) {
     return from + (to - from) * part;
@@ -28,7 +25,7 @@ OrbitArcs::OrbitArcs(const OrbitLayout& layout, const OrbitLights& lights, doubl
             const OrbitLights::Light light = lights.of(segment.id);
             const OrbitArc arc = {
                 .shape = ring.arc(segment, reveal, light.emphasis),
-                .colour = colourOf(segment.color),
+                .colour = OrbitPalette::of(segment.color),
                 .opacity = between(ring.opacity, ring.opacity * dimmed, light.dim),
                 .bloom = between(usualBloom, dimmedBloom, light.dim),
                 .emphasis = light.emphasis,

@@ -13,6 +13,8 @@ FocusScope {
     property alias name: readout.name
     property alias size: readout.size
     property alias detail: readout.detail
+    // The keyboard has opened a folder that is on its way: it shall begin at the first arc of that.
+    property bool arriving: false
 
     // That arc wants the focus.
     signal focused(string id)
@@ -24,7 +26,14 @@ FocusScope {
         if (id !== "") chart.focused(id)
     }
     function open(): void {
-        if (chart.focusId !== "") chart.opened(chart.focusId)
+        if (chart.focusId === "") return
+        arriving = true
+        chart.opened(chart.focusId)
+    }
+    function arrive(): void {
+        if (!arriving || !activeFocus || focusId !== "" || !rings.hasArcs) return
+        arriving = false
+        goTo(rings.first())
     }
     function sweepIn(): void {
         sweep.stop()
@@ -52,6 +61,7 @@ FocusScope {
     Keys.onEnterPressed: open()
     Keys.onSpacePressed: open()
     Keys.onEscapePressed: event => {
+        arriving = false
         event.accepted = focusId !== ""
         chart.unfocused(focusId)
     }
@@ -61,6 +71,11 @@ FocusScope {
         event.accepted = true
     }
 
+    FocusRing {
+        shown: chart.activeFocus && chart.focusId === ""
+        gap: 0
+        radius: width / 2
+    }
     OrbitRings {
         id: rings
 
@@ -72,6 +87,7 @@ FocusScope {
         onHovered: id => chart.focused(id)
         onExited: id => chart.unfocused(id)
         onClicked: id => chart.opened(id)
+        onLayoutChanged: chart.arrive()
 
         NumberAnimation on sweepAge {
             id: sweep
@@ -99,7 +115,7 @@ FocusScope {
 
             required property int index
             required property string modelData
-            readonly property rect place: rings.placeAt(index)
+            readonly property rect place: rings.spokenPlaces[index] ?? Qt.rect(0, 0, 0, 0)
 
             x: place.x
             y: place.y

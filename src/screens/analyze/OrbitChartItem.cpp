@@ -98,13 +98,14 @@ void OrbitChartItem::setReveal(double reveal) {
 void OrbitChartItem::relight() {
     const double now = PacedTicker::now();
     bool moves = false;
-    if (animated_ && !paused_) {
+    const bool isSeen = isVisible() && window() != nullptr;
+    if (animated_ && !paused_ && isSeen) {
         moves = lights_.step(focusId_, std::clamp(now - litAt_, 0.0, longestStep));
     } else {
         lights_.settle(focusId_);
     }
     litAt_ = now;
-    lightsTicker_.setRunning(moves && isVisible() && window() != nullptr);
+    lightsTicker_.setRunning(moves);
     repaint();
 }
 
@@ -134,7 +135,7 @@ void OrbitChartItem::itemChange(ItemChange change, const ItemChangeData& data) {
 void OrbitChartItem::geometryChange(const QRectF& now, const QRectF& before) {
     QQuickItem::geometryChange(now, before);
     update();
-    if (!spoken_.isEmpty()) Q_EMIT spokenChanged();  // the arcs have moved
+    placeSpoken();
 }
 
 /// On whole points, so that pictures keep their sharpness.
@@ -203,6 +204,11 @@ void OrbitChartItem::mouseReleaseEvent(QMouseEvent* event) {
     if (!pressed.isEmpty() && arcAt(event->position()) == pressed) Q_EMIT clicked(pressed);
 }
 
+/// The second click of a double click: the first has opened another folder.
+void OrbitChartItem::mouseDoubleClickEvent(QMouseEvent*) {
+    pressed_.clear();
+}
+
 // ---- keyboard ----
 
 std::optional<OrbitPlace> OrbitChartItem::focused() const {
@@ -253,9 +259,18 @@ void OrbitChartItem::speak() {
                 all.append(QString::fromStdString(OrbitChart::spoken(*layout_, segment)));
         }
     }
-    if (all == spoken_) return;
-    spoken_ = std::move(all);
-    Q_EMIT spokenChanged();
+    if (all != spoken_) {
+        spoken_ = std::move(all);
+        Q_EMIT spokenChanged();
+    }
+    placeSpoken();
+}
+
+void OrbitChartItem::placeSpoken() {
+    if (spoken_.isEmpty() && spokenPlaces_.isEmpty()) return;
+    spokenPlaces_.clear();
+    for (int index = 0; index < spoken_.size(); ++index) spokenPlaces_.append(placeAt(index));
+    Q_EMIT spokenPlacesChanged();
 }
 
 std::optional<OrbitPlace> OrbitChartItem::placeOf(int index) const {

@@ -32,6 +32,8 @@ class OrbitChartItem : public QQuickItem, private QAccessible::ActivationObserve
     Q_PROPERTY(bool hasArcs READ hasArcs NOTIFY layoutChanged)
     /// What a screen reader says of each arc; empty while none listens.
     Q_PROPERTY(QStringList spoken READ spoken NOTIFY spokenChanged)
+    /// Where each of them lies, as rectangles of the item.
+    Q_PROPERTY(QVariantList spokenPlaces READ spokenPlaces NOTIFY spokenPlacesChanged)
 
   public:
     explicit OrbitChartItem(QQuickItem* parent = nullptr);
@@ -48,6 +50,7 @@ class OrbitChartItem : public QQuickItem, private QAccessible::ActivationObserve
     void setReveal(double reveal);
     [[nodiscard]] bool hasArcs() const { return !layout_->inner.empty(); }
     [[nodiscard]] const QStringList& spoken() const { return spoken_; }
+    [[nodiscard]] const QVariantList& spokenPlaces() const { return spokenPlaces_; }
 
     /// Where the keyboard goes from the arc in focus; the first arc without one.
     Q_INVOKABLE [[nodiscard]] QString beside(int step) const;
@@ -58,7 +61,6 @@ class OrbitChartItem : public QQuickItem, private QAccessible::ActivationObserve
 
     /// Of the arc that `spoken` lists there.
     Q_INVOKABLE [[nodiscard]] QString idAt(int index) const;
-    Q_INVOKABLE [[nodiscard]] QRectF placeAt(int index) const;
 
     /// The arc at a point of the item.
     [[nodiscard]] QString arcAt(const QPointF& point) const;
@@ -70,6 +72,7 @@ class OrbitChartItem : public QQuickItem, private QAccessible::ActivationObserve
     void revealChanged();
     void motionChanged();
     void spokenChanged();
+    void spokenPlacesChanged();
 
     /// The pointer is on that arc.
     void hovered(const QString& id);
@@ -86,6 +89,7 @@ class OrbitChartItem : public QQuickItem, private QAccessible::ActivationObserve
     void hoverLeaveEvent(QHoverEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
   private:
     void accessibilityActiveChanged(bool active) override;
@@ -95,7 +99,9 @@ class OrbitChartItem : public QQuickItem, private QAccessible::ActivationObserve
     [[nodiscard]] QString idOf(const OrbitPlace& place) const;
     [[nodiscard]] QString towards(OrbitSide side) const;
     void point(const QString& id);
+    [[nodiscard]] QRectF placeAt(int index) const;
     void speak();
+    void placeSpoken();
     void run();
     void relight();
     void repaint();
@@ -113,6 +119,7 @@ class OrbitChartItem : public QQuickItem, private QAccessible::ActivationObserve
     QString pressed_;
     bool isHeard_;  // a screen reader listens
     QStringList spoken_;
+    QVariantList spokenPlaces_;
 
     OrbitLights lights_;
     double litAt_ = 0;       // seconds, of the last step of the lights

@@ -13,6 +13,8 @@ namespace {
 
 constexpr int largestMotion = 840;  // pixels; a larger chart shows it enlarged, as it is soft anyway
 
+constexpr double covering = 0.4;  // of the light: no more than keeps the sum below white
+
 template <typename Node>
 Node* owned(QSGNode& parent, Node* node) {
     node->setFlag(QSGNode::OwnedByParent);
@@ -69,7 +71,7 @@ void OrbitNode::showMotion(double time) {
 }
 
 void OrbitNode::showArcs(const OrbitArcs& arcs) {
-    showSoft(*bloom_, OrbitPainting::bloom(arcs));
+    showSoft(*bloom_, OrbitPainting::bloom(arcs, isPainted_ ? 1 : covering));
     showRing(inner_, arcs.inner);
     showRing(outer_, arcs.outer);
     showSoft(*halo_, OrbitPainting::halo(arcs.lit, place_.width()));

@@ -67,13 +67,13 @@ QImage softArcs(std::span<const std::pair<RingArc, QColor>> shapes) {
     return image;
 }
 
-/// Light adds to what lies behind it: of that it covers no more than keeps the sum below white.
-QImage additive(QImage image) {
-    constexpr double covering = 0.4;
+/// The same light over less of what lies behind it.
+QImage covering(QImage image, double part) {
+    if (part >= 1) return image;
     for (int y = 0; y < image.height(); ++y) {
         auto* pixel = reinterpret_cast<QRgb*>(image.scanLine(y));
         for (int x = 0; x < image.width(); ++x, ++pixel) {
-            const auto alpha = static_cast<int>(qAlpha(*pixel) * covering);
+            const auto alpha = static_cast<int>(qAlpha(*pixel) * part);
             *pixel = qRgba(qRed(*pixel), qGreen(*pixel), qBlue(*pixel), alpha);
         }
     }
@@ -101,13 +101,13 @@ QImage arcs(std::span<const OrbitArc> arcs, int side, double scale) {
     return image;
 }
 
-QImage bloom(const OrbitArcs& arcs) {
+QImage bloom(const OrbitArcs& arcs, double part) {
     std::vector<std::pair<RingArc, QColor>> shapes;
     for (const auto* layer : {&arcs.inner, &arcs.outer, &arcs.lit}) {
         for (const OrbitArc& arc : *layer)
             shapes.emplace_back(arc.shape, faded(arc.colour, arc.bloom * bloomOpacity));
     }
-    return shapes.empty() ? QImage() : additive(blurred(softArcs(shapes), softPixels(bloomBlur)));
+    return shapes.empty() ? QImage() : covering(blurred(softArcs(shapes), softPixels(bloomBlur)), part);
 }
 
 QImage halo(std::span<const OrbitArc> lit, double side) {

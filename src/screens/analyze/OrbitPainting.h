@@ -14,7 +14,9 @@ inline constexpr double reach = 1.3;
 [[nodiscard]] QImage arcs(std::span<const OrbitArc> arcs, int side, double scale);
 
 /// The light that the arcs shed around them, small: to be shown `reach` times as large as the chart.
-[[nodiscard]] QImage bloom(const OrbitArcs& arcs);
+/// It covers that part of what lies behind it. Below 1 it adds its light to that; only for a graphics device,
+/// since in the rasteriser such sums run over and come out in any colour.
+[[nodiscard]] QImage bloom(const OrbitArcs& arcs, double covering);
 /// The light behind the arcs in focus, of the same kind; `side` of the chart in points.
 [[nodiscard]] QImage halo(std::span<const OrbitArc> lit, double side);
 

@@ -62,6 +62,7 @@ Card {
             visible: bar.hasSelection
             colour: Theme.glows[3]
             text: bar.app.preferences.dryRun ? qsTr("Preview removal") : qsTr("Move to Trash")
+            symbol: "trash"
             busy: bar.model.removing
             enabled: !bar.model.removing
             onClicked: confirmation.visible = true

@@ -10,6 +10,7 @@ T.AbstractButton {
     property int kind: PillButton.Kind.Primary
     property color colour: Theme.glows[0]
     property bool busy: false
+    property string symbol  // before the text; empty for none
     readonly property color fillColour: kind === PillButton.Kind.Danger ? Theme.danger : colour
     readonly property bool filled: kind !== PillButton.Kind.Secondary
 
@@ -55,6 +56,13 @@ T.AbstractButton {
                 anchors.verticalCenter: parent.verticalCenter
                 visible: control.busy
                 colour: label.color
+            }
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: control.symbol !== "" && !control.busy
+                name: control.symbol
+                size: 15
+                color: label.color
             }
             Label {
                 id: label

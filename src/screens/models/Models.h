@@ -4,6 +4,7 @@
 #include "core/AppState.h"
 #include "core/MenuBarMetrics.h"
 #include "disk/AnalyzeRows.h"
+#include "disk/PlaceList.h"
 
 #include <QtQml/qqml.h>
 
@@ -48,6 +49,10 @@ struct ForeignMonitor {
 struct ForeignMotionPause {
     TAVREL_FOREIGN(MotionPause)
     QML_UNCREATABLE("owned by the program")
+};
+struct ForeignPlaceList {
+    TAVREL_FOREIGN(PlaceList)
+    QML_UNCREATABLE("owned by the state")
 };
 struct ForeignPreferences {
     TAVREL_FOREIGN(Preferences)

@@ -111,8 +111,8 @@ void print(Console& console, const Look& look, std::size_t limit) {
         const std::string name = Text::shown(entry.url.filename().native()) + (entry.isFolder ? "/" : "");
         console.line(fmt::format("{:>10}  {} {:>6}%  {:>6}  {}", byteCount(size),
                                  console.styled(Console::Style::mark, bar(look.share(size))),
-                                 oneDecimal(look.share(size) * 100), FileCount::format(entry.files.value_or(0)),
-                                 console.fitted(name, room)));
+                                 oneDecimal(look.share(size) * 100),
+                                 FileCount::format(entry.files.value_or(0)), console.fitted(name, room)));
     }
     if (look.rows.size() > limit) {
         const auto more = static_cast<unsigned long>(look.rows.size() - limit);

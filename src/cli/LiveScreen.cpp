@@ -36,7 +36,8 @@ bool written() {
 
 // The signals are kept back, and fetched where they are waited for.
 LiveScreen::LiveScreen(Console& console)
-    : console_(console), inPlace_(!console.json() && ::isatty(STDOUT_FILENO) == 1 && Console::understandsCodes()) {
+    : console_(console),
+      inPlace_(!console.json() && ::isatty(STDOUT_FILENO) == 1 && Console::understandsCodes()) {
     const sigset_t set = endings();
     pthread_sigmask(SIG_BLOCK, &set, nullptr);
     if (inPlace_) std::fputs(enter, stdout);
@@ -59,8 +60,8 @@ bool LiveScreen::show(const std::vector<std::string>& lines) {
     return written();
 }
 
-/// What stood there goes before a line is written, as behind a full one its last letter would go too. The last
-/// line of the screen is not ended: that would push the others up.
+/// What stood there goes before a line is written, as behind a full one its last letter would go too. The
+/// last line of the screen is not ended: that would push the others up.
 void LiveScreen::draw(const std::vector<std::string>& lines) {
     console_.endProgress();
     const std::size_t height = Console::height();

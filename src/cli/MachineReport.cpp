@@ -185,8 +185,7 @@ Value document(const MachineFigures& figures) {
 }
 
 std::vector<std::string> lines(const Console& console, const MachineFigures& figures,
-                               const StatusTexts::FanWords& words,
-                               std::span<const std::string> pinned) {
+                               const StatusTexts::FanWords& words, std::span<const std::string> pinned) {
     std::vector<std::string> all = cards(figures, words).lines(console);
     const auto processes = processRows(figures.processes, ProcessSort::cpu, pinned);
     if (processes.empty()) return all;

@@ -101,9 +101,8 @@ struct WatchCommand {
         for (std::int64_t taken = 0; count == 0 || taken < count; ++taken) {
             if (!screen.wait(pause)) break;
             machine.sample();
-            const bool shown = console.json()
-                                   ? screen.record(MachineReport::document(machine.figures()))
-                                   : screen.show(linesOf(console, machine.figures(), *session));
+            const bool shown = console.json() ? screen.record(MachineReport::document(machine.figures()))
+                                              : screen.show(linesOf(console, machine.figures(), *session));
             if (!shown) return ExitStatus::undone;
             pause = std::chrono::duration<double>(interval);
         }

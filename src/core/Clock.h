@@ -41,9 +41,7 @@ class Clock {
 
     /// The same a twentieth of the delay early or late, so that the system can put its wake-ups together: for
     /// what goes on all day and nobody sees move.
-    virtual void afterAbout(Duration delay, std::function<void()> action) {
-        after(delay, std::move(action));
-    }
+    virtual void afterAbout(Duration delay, std::function<void()> action) { after(delay, std::move(action)); }
 
     [[nodiscard]] Sleep sleep(Duration duration) { return {*this, duration}; }
 };

@@ -65,7 +65,8 @@ TEST_F(MachineAndDiskTest, CardsStandInColumnsThatFitTheTerminal) {
     }
     EXPECT_EQ(endsOfGraphs.size(), 1U) << out;
 
-    const auto small = german.onScreen({.columns = 40, .rows = 5, .kind = "xterm"}, {"watch", "--count", "1"});
+    const auto small =
+        german.onScreen({.columns = 40, .rows = 5, .kind = "xterm"}, {"watch", "--count", "1"});
     EXPECT_EQ(std::count(small.out.begin(), small.out.end(), '\n'), 4) << "more would push it up";
 }
 

@@ -101,8 +101,7 @@ TEST(StatusTexts, SayHowLongTheBatteryLasts) {
 TEST(StatusTexts, LetTheFirstFanStandForAll) {
     const StatusTexts::FanWords words = {"none", "not ours"};
     MachineFigures figures;
-    EXPECT_EQ(StatusTexts::fans(figures, words),
-              (StatusTexts::FanCard{"Fan", "Load 0%", "—", "", "none"}));
+    EXPECT_EQ(StatusTexts::fans(figures, words), (StatusTexts::FanCard{"Fan", "Load 0%", "—", "", "none"}));
     figures.fans = {{.rpm = 1199.7, .max = 0}};
     EXPECT_EQ(StatusTexts::fans(figures, words).share, "Load 0%") << "no division by an unknown speed";
     figures.fans = {{.rpm = 1500, .max = 4000}, {.rpm = 0, .max = 0}};

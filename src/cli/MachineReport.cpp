@@ -83,10 +83,11 @@ class Lines {
     explicit Lines(const Console& console) : console_(console) {}
 
     void card(const StatusTexts::MetricCard& card, const std::string& graph) {
-        const std::string value = card.value + (card.unit == "C" ? "" : " ") + card.unit;
+        const std::string value = card.value + " " + card.unit;
         all.push_back(console_.styled(Console::Style::dim, padded(card.title, titleColumns)) +
                       console_.styled(Console::Style::strong, padded(value, valueColumns)) +
-                      console_.styled(Console::Style::mark, graph) + "  " + fitted(card.footer));
+                      console_.styled(Console::Style::mark, graph) + "  " +
+                      fitted(card.chip.empty() ? card.footer : card.footer + " · " + card.chip));
     }
     void process(const std::string& name, const std::string& cpu, const std::string& memory,
                  const std::string& power) {
@@ -159,14 +160,14 @@ Value document(const MachineFigures& figures) {
 }
 
 std::vector<std::string> lines(const Console& console, const MachineFigures& figures,
-                               const StatusTexts::FanWords& words) {
+                               const MachineWords& words) {
     Lines lines(console);
     const int health = healthScore(figures);
     lines.card({localized("Health"), fmt::format("{}", health), StatusTexts::grade(health),
                 Text::shown(figures.chip)},
                meter(health / 100.0));
     lines.card(StatusTexts::cpu(figures), sparkline(figures.cpuHistory));
-    lines.card(StatusTexts::gpu(figures), sparkline(figures.gpuHistory));
+    lines.card(StatusTexts::gpu(figures, words), sparkline(figures.gpuHistory));
     lines.card(StatusTexts::memory(figures), sparkline(figures.memoryHistory));
     lines.card(StatusTexts::disk(figures), meter(usedShare(figures.disk)));
     double peak = 1;

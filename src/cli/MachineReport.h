@@ -16,6 +16,6 @@ namespace tavrel::cli::MachineReport {
 
 /// A line for each card, with a small graph of its history, and below them the busiest processes.
 [[nodiscard]] std::vector<std::string> lines(const Console& console, const MachineFigures& figures,
-                                             const StatusTexts::FanWords& words);
+                                             const MachineWords& words);
 
 }  // namespace tavrel::cli::MachineReport

@@ -60,7 +60,7 @@ struct StatusCommand {
             console.document(MachineReport::document(machine.figures()));
             return ExitStatus::done;
         }
-        const auto lines = MachineReport::lines(console, machine.figures(), session->profile().fanWords);
+        const auto lines = MachineReport::lines(console, machine.figures(), session->profile().words);
         for (const std::string& line : lines) console.line(line);
         return ExitStatus::done;
     }
@@ -90,9 +90,10 @@ struct WatchCommand {
         for (std::int64_t taken = 0; count == 0 || taken < count; ++taken) {
             if (taken > 0 && !screen.wait(std::chrono::duration<double>(interval))) break;
             machine.sample();
-            const bool shown = console.json() ? screen.record(MachineReport::document(machine.figures()))
-                                              : screen.show(MachineReport::lines(
-                                                    console, machine.figures(), session->profile().fanWords));
+            const bool shown =
+                console.json()
+                    ? screen.record(MachineReport::document(machine.figures()))
+                    : screen.show(MachineReport::lines(console, machine.figures(), session->profile().words));
             if (!shown) return ExitStatus::undone;
         }
         return ExitStatus::done;

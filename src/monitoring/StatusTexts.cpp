@@ -58,14 +58,15 @@ MetricCard cpu(const MachineFigures& figures) {
     return {localized("CPU"), percent(figures.cpu), "%", footer};
 }
 
-MetricCard gpu(const MachineFigures& figures) {
+MetricCard gpu(const MachineFigures& figures, const MachineWords& words) {
     const auto cores = static_cast<unsigned long>(figures.gpuCores.value_or(0));
     return {
         .title = localized("GPU"),
         .value = figures.gpu ? percent(*figures.gpu) : unknown,
         .unit = figures.gpu ? "%" : "",
-        .footer =
-            figures.gpuCores ? counted("{} GPU core", "{} GPU cores", cores) : localized("Integrated GPU"),
+        .footer = figures.gpuCores ? counted("{} GPU core", "{} GPU cores", cores)
+                  : figures.gpu    ? localized(words.graphics)
+                                   : localized(words.noGraphics),
     };
 }
 
@@ -89,8 +90,8 @@ MetricCard network(const MachineFigures& figures) {
     return {
         .title = localized("Network"),
         .value = "↓ " + rate(figures.download),
-        .unit = "↑ " + rate(figures.upload),
-        .footer = figures.connection ? *figures.connection : localized("Offline"),
+        .footer = figures.connection ? "↑ " + rate(figures.upload) : localized("Offline"),
+        .chip = figures.connection.value_or(""),
     };
 }
 
@@ -150,13 +151,13 @@ std::string batteryWear(const Sensors::Battery& battery) {
     return text;
 }
 
-FanCard fans(const MachineFigures& figures, const FanWords& words) {
+FanCard fans(const MachineFigures& figures, const MachineWords& words) {
     const double rpm = figures.fans.empty() ? 0 : figures.fans.front().rpm;
     std::string detail;
     if (figures.fans.empty()) {
-        detail = localized(words.none);
+        detail = localized(words.noFan);
     } else if (!figures.fanControlAvailable) {
-        detail = localized(words.unavailable);
+        detail = localized(words.fanUnavailable);
     }
     return {
         .title = figures.fans.size() < 2 ? localized("Fan") : localized("Fans"),

@@ -14,10 +14,6 @@ Flickable {
     readonly property real spacing: 14
     readonly property int columns: width < 760 ? 2 : 3
     readonly property real cell: (content.width - (columns - 1) * spacing) / columns
-    readonly property color amber: Qt.rgba(1, 0.7, 0.4, 1)
-    readonly property color sand: Qt.rgba(0.95, 0.85, 0.6, 1)
-    readonly property color steel: Qt.rgba(0.45, 0.6, 0.95, 1)
-    readonly property color sky: Qt.rgba(0.45, 0.75, 1, 1)
 
     objectName: "statusView"
     contentHeight: content.height + 2 * Theme.margin
@@ -62,6 +58,7 @@ Flickable {
                 height: fanBeside.visible ? fanBeside.height : implicitHeight
                 score: cards.health
                 grade: cards.grade
+                gradeText: cards.gradeText
                 machine: cards.machine
             }
             FanControlCard {
@@ -88,35 +85,35 @@ Flickable {
                 width: page.cell
                 symbol: "rectangle.3.group"
                 values: cards.gpu
-                colour: page.amber
-                Sparkline { anchors.fill: parent; values: cards.gpu.history; colour: page.amber }
+                colour: Theme.amber
+                Sparkline { anchors.fill: parent; values: cards.gpu.history; colour: Theme.amber }
             }
             MetricCard {
                 width: page.cell
                 symbol: "memorychip"
                 values: cards.memory
-                colour: page.sand
-                Sparkline { anchors.fill: parent; values: cards.memory.history; colour: page.sand }
+                colour: Theme.sand
+                Sparkline { anchors.fill: parent; values: cards.memory.history; colour: Theme.sand }
             }
             MetricCard {
                 width: page.cell
                 symbol: "internaldrive"
                 values: cards.disk
-                colour: page.steel
+                colour: Theme.steel
                 Meter {
                     anchors.verticalCenter: parent.verticalCenter
                     width: parent.width
                     height: 8
                     fraction: cards.disk.share
-                    colour: cards.diskNearlyFull ? page.amber : page.steel
+                    colour: cards.diskNearlyFull ? Theme.amber : Theme.steel
                 }
             }
             MetricCard {
                 width: page.cell
                 symbol: "network"
                 values: cards.network
-                colour: page.sky
-                Sparkline { anchors.fill: parent; values: cards.network.history; colour: page.sky }
+                colour: Theme.sky
+                Sparkline { anchors.fill: parent; values: cards.network.history; colour: Theme.sky }
             }
             MetricCard {
                 width: page.cell
@@ -144,6 +141,7 @@ Flickable {
                 width: (content.width - page.spacing) / 2
                 hasBattery: cards.hasBattery
                 battery: cards.battery
+                charging: cards.charging
                 accessories: cards.accessories
             }
             FanControlCard {

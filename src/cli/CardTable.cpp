@@ -21,7 +21,8 @@ std::size_t without(std::size_t columns, std::size_t taken) {
 
 void CardTable::add(const StatusTexts::MetricCard& card, const std::string& graph) {
     const char* between = card.unit.empty() || card.unit == "°C" ? "" : " ";
-    rows_.push_back({card.title, card.value + between + card.unit, graph, card.footer});
+    const std::string footer = card.chip.empty() ? card.footer : card.footer + " · " + card.chip;
+    rows_.push_back({card.title, card.value + between + card.unit, graph, footer});
 }
 
 std::vector<std::string> CardTable::lines(const Console& console) const {

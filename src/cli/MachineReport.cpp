@@ -107,14 +107,14 @@ StatusTexts::MetricCard charged(const std::string& title, std::int64_t percent, 
     return {title, fmt::format("{}", percent), "%", footer};
 }
 
-CardTable cards(const MachineFigures& figures, const StatusTexts::FanWords& words) {
+CardTable cards(const MachineFigures& figures, const MachineWords& words) {
     CardTable table;
     const int health = healthScore(figures);
     table.add({localized("Health"), fmt::format("{}", health), StatusTexts::grade(health),
                Text::shown(figures.chip)},
               meter(health / 100.0));
     table.add(StatusTexts::cpu(figures), sparkline(figures.cpuHistory));
-    table.add(StatusTexts::gpu(figures), sparkline(figures.gpuHistory));
+    table.add(StatusTexts::gpu(figures, words), sparkline(figures.gpuHistory));
     table.add(StatusTexts::memory(figures), sparkline(figures.memoryHistory));
     table.add(StatusTexts::disk(figures), meter(usedShare(figures.disk)));
     double peak = 1;
@@ -185,7 +185,7 @@ Value document(const MachineFigures& figures) {
 }
 
 std::vector<std::string> lines(const Console& console, const MachineFigures& figures,
-                               const StatusTexts::FanWords& words, std::span<const std::string> pinned) {
+                               const MachineWords& words, std::span<const std::string> pinned) {
     std::vector<std::string> all = cards(figures, words).lines(console);
     const auto processes = processRows(figures.processes, ProcessSort::cpu, pinned);
     if (processes.empty()) return all;

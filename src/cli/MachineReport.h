@@ -18,7 +18,6 @@ namespace tavrel::cli::MachineReport {
 /// A line for each card, with a small graph of its history, and below them the busiest processes, those
 /// of a pinned name first.
 [[nodiscard]] std::vector<std::string> lines(const Console& console, const MachineFigures& figures,
-                                             const StatusTexts::FanWords& words,
-                                             std::span<const std::string> pinned);
+                                             const MachineWords& words, std::span<const std::string> pinned);
 
 }  // namespace tavrel::cli::MachineReport

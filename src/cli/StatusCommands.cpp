@@ -50,7 +50,7 @@ class Observation {
 
 std::vector<std::string> linesOf(const Console& console, const MachineFigures& figures,
                                  const Session& session) {
-    return MachineReport::lines(console, figures, session.profile().fanWords,
+    return MachineReport::lines(console, figures, session.profile().words,
                                 session.preferences().pinnedProcesses);
 }
 

@@ -66,11 +66,12 @@ MetricCard cpu(const MachineFigures& figures) {
     return ofShare(localized("CPU"), figures.cpu, footer);
 }
 
-MetricCard gpu(const MachineFigures& figures) {
+MetricCard gpu(const MachineFigures& figures, const MachineWords& words) {
     const auto cores = static_cast<unsigned long>(figures.gpuCores.value_or(0));
-    return ofShare(
-        localized("GPU"), figures.gpu,
-        figures.gpuCores ? counted("{} GPU core", "{} GPU cores", cores) : localized("Integrated GPU"));
+    return ofShare(localized("GPU"), figures.gpu,
+                   figures.gpuCores ? counted("{} GPU core", "{} GPU cores", cores)
+                   : figures.gpu    ? localized(words.graphics)
+                                    : localized(words.noGraphics));
 }
 
 MetricCard memory(const MachineFigures& figures) {
@@ -95,8 +96,8 @@ MetricCard network(const MachineFigures& figures) {
     return {
         .title = localized("Network"),
         .value = "↓ " + rate(figures.download),
-        .unit = "↑ " + rate(figures.upload),
-        .footer = figures.connection ? *figures.connection : localized("Offline"),
+        .footer = figures.connection ? "↑ " + rate(figures.upload) : localized("Offline"),
+        .chip = figures.connection.value_or(""),
     };
 }
 
@@ -158,19 +159,19 @@ std::string batteryWear(const Sensors::Battery& battery) {
     return text;
 }
 
-FanCard fans(const MachineFigures& figures, const FanWords& words) {
+FanCard fans(const MachineFigures& figures, const MachineWords& words) {
     FanCard card = {
         .title = figures.fans.size() < 2 ? localized("Fan") : localized("Fans"),
         .share = phrase("Load {}%", std::lround(fanLoad(figures.fans) * 100)),
         .speed = unknown,
     };
     if (figures.fans.empty()) {
-        card.detail = localized(words.none);
+        card.detail = localized(words.noFan);
         return card;
     }
     card.speed = fmt::format("{}", static_cast<std::int64_t>(figures.fans.front().rpm));
     card.unit = localized("RPM");
-    if (!figures.fanControlAvailable) card.detail = localized(words.unavailable);
+    if (!figures.fanControlAvailable) card.detail = localized(words.fanUnavailable);
     return card;
 }
 

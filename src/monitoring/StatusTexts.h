@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/Text.h"
 #include "monitoring/MachineFigures.h"
+#include "monitoring/MachineWords.h"
 
 #include <string>
 
@@ -9,18 +9,19 @@
 /// window, panel and command line. A figure that is not known reads "—".
 namespace tavrel::StatusTexts {
 
-/// One card: a large value with its unit, and a line below.
+/// One card: a large value with its unit, a line below, and now and then a word beside the title.
 struct MetricCard {
     std::string title;
     std::string value;
     std::string unit;
     std::string footer;
+    std::string chip;
 
     bool operator==(const MetricCard&) const = default;
 };
 
 [[nodiscard]] MetricCard cpu(const MachineFigures& figures);
-[[nodiscard]] MetricCard gpu(const MachineFigures& figures);
+[[nodiscard]] MetricCard gpu(const MachineFigures& figures, const MachineWords& words);
 [[nodiscard]] MetricCard memory(const MachineFigures& figures);
 [[nodiscard]] MetricCard disk(const MachineFigures& figures);
 [[nodiscard]] MetricCard network(const MachineFigures& figures);
@@ -42,11 +43,6 @@ struct MetricCard {
 /// Health and cycles; empty where neither is known.
 [[nodiscard]] std::string batteryWear(const Sensors::Battery& battery);
 
-/// What a system calls a machine without fans, and one whose fans cannot be driven.
-struct FanWords {
-    Text::English none;
-    Text::English unavailable;
-};
 /// The first fan stands for all of them.
 struct FanCard {
     std::string title;
@@ -57,7 +53,7 @@ struct FanCard {
 
     bool operator==(const FanCard&) const = default;
 };
-[[nodiscard]] FanCard fans(const MachineFigures& figures, const FanWords& words);
+[[nodiscard]] FanCard fans(const MachineFigures& figures, const MachineWords& words);
 
 /// Rounded, with its unit: "54°C".
 [[nodiscard]] std::string temp(double celsius);

@@ -8,8 +8,8 @@
 #include "core/Places.h"
 #include "core/PreferenceValues.h"
 #include "disk/ExplorerPlace.h"
+#include "monitoring/MachineWords.h"
 #include "monitoring/ProcessNotes.h"
-#include "monitoring/StatusTexts.h"
 
 #include <filesystem>
 #include <memory>
@@ -38,7 +38,7 @@ struct Profile {
     TrashLayout trashLayout = TrashLayout::flat;
     std::vector<ExplorerPlace> explorerPlaces = {};
     std::vector<std::string_view> volumeFolders = {};  // in which other volumes are mounted
-    StatusTexts::FanWords fanWords;
+    MachineWords words;
 
     /// A guard of this moment for the user's home.
     [[nodiscard]] SafetyGuard safetyGuard(const PreferenceValues& preferences,

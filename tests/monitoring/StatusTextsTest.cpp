@@ -65,7 +65,18 @@ TEST(StatusTexts, TellTheEdgesApart) {
     figures.disk.available = 149;
     EXPECT_TRUE(StatusTexts::isDiskNearlyFull(figures));
 
-    EXPECT_EQ(StatusTexts::network(figures).footer, "Offline");
+    EXPECT_EQ(StatusTexts::network(figures), (StatusTexts::MetricCard{"Network", "↓ —", "", "Offline", ""}));
+    figures.upload = 12'000;
+    figures.connection = "Wi-Fi";
+    EXPECT_EQ(StatusTexts::network(figures).footer, "↑ 12 KB/s");
+
+    const MachineWords words = {.graphics = "working", .noGraphics = "unknown"};
+    EXPECT_EQ(StatusTexts::gpu(figures, words).footer, "unknown");
+    figures.gpu = 0.5;
+    EXPECT_EQ(StatusTexts::gpu(figures, words).footer, "working");
+    figures.gpuCores = 1;
+    EXPECT_EQ(StatusTexts::gpu(figures, words).footer, "1 GPU core");
+
     EXPECT_EQ(StatusTexts::thermal(figures).value, "—");
     EXPECT_DOUBLE_EQ(StatusTexts::heatShare(figures), 1.0 / 7);
     figures.thermalState = Heat::serious;
@@ -99,7 +110,7 @@ TEST(StatusTexts, SayHowLongTheBatteryLasts) {
 }
 
 TEST(StatusTexts, LetTheFirstFanStandForAll) {
-    const StatusTexts::FanWords words = {"none", "not ours"};
+    const MachineWords words = {.noFan = "none", .fanUnavailable = "not ours"};
     MachineFigures figures;
     EXPECT_EQ(StatusTexts::fans(figures, words), (StatusTexts::FanCard{"Fan", "Load 0%", "—", "", "none"}));
     figures.fans = {{.rpm = 1199.7, .max = 0}};

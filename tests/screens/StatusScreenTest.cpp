@@ -76,23 +76,89 @@ TEST_F(StatusScreenTest, ShowsEveryFigureAndWatchesOnlyWhileItIsSeen) {
 TEST_F(StatusScreenTest, PinsSortsAndExplains) {
     open();
     EXPECT_EQ(names(stage_).first(), QStringLiteral("WindowServer"));
-    const auto pin = [this](const QString& name) { stage_.state().preferences()->togglePinned(name); };
-    pin(QStringLiteral("worker29"));
-    pin(QStringLiteral("nobody"));
-    stage_.settle();
-    EXPECT_EQ(names(stage_).first(), QStringLiteral("worker29"));
+    const QString last = names(stage_).last();
+    stage_.press(QStringLiteral("Pin to top"));
+    EXPECT_EQ(names(stage_).first(), last);
     EXPECT_EQ(names(stage_).size(), 12);
 
     stage_.press(QStringLiteral("Memory"));
-    EXPECT_EQ(names(stage_)[1], QStringLiteral("worker28")) << "the largest of those that are not pinned";
+    EXPECT_EQ(names(stage_)[1], QStringLiteral("worker29")) << "the largest of those that are not pinned";
     stage_.press(QStringLiteral("CPU"));
+    stage_.press(QStringLiteral("Unpin"));
+    EXPECT_EQ(names(stage_).last(), last);
     const QString sentence =
         QStringLiteral("Draws everything on screen. Busy with many windows, displays or animations.");
     EXPECT_FALSE(stage_.reads(sentence));
     stage_.press(QStringLiteral("What is this?"));
     EXPECT_TRUE(stage_.reads(sentence));
+    stage_.press(QStringLiteral("What is this?"));
+    EXPECT_FALSE(stage_.reads(sentence)) << "what the press has closed it opens again";
+
+    stage_.press(QStringLiteral("What is this?"));
+    const auto togglePins = [this](int from, int to) {
+        for (int i = from; i < to; ++i)
+            stage_.state().preferences()->togglePinned(QStringLiteral("worker%1").arg(i));
+        stage_.settle();
+    };
+    togglePins(0, 1);
+    EXPECT_EQ(names(stage_)[1], QStringLiteral("WindowServer"));
+    EXPECT_TRUE(stage_.reads(sentence)) << "it stays with its process";
+    togglePins(1, 12);
+    EXPECT_FALSE(stage_.reads(sentence)) << "no row has its process";
+    togglePins(0, 12);
+    EXPECT_EQ(names(stage_).first(), QStringLiteral("WindowServer"));
+    EXPECT_FALSE(stage_.reads(sentence)) << "nobody asked for it anew";
+    stage_.press(QStringLiteral("What is this?"));
     stage_.type(Qt::Key_Escape);
     EXPECT_FALSE(stage_.reads(sentence));
+}
+
+TEST_F(StatusScreenTest, KeepsItsWordsWithinTheirCardsInTheLeastWindow) {
+    stage_.machine().net = Sensors::NetworkBytes{};
+    open();
+    stage_.window().resize(stage_.window().minimumSize());
+    stage_.until("a large rate", [this] {
+        stage_.machine().net->received += 5'000'000'000;
+        stage_.machine().net->sent += 5'000'000'000;
+        return stage_.textWith(QStringLiteral("↑")).contains(QStringLiteral("GB/s"));
+    });
+    int seen = 0;
+    for (QQuickItem* text : stage_.items([](QQuickItem& item) { return item.inherits("QQuickText"); })) {
+        for (QQuickItem* card = text->parentItem(); card != nullptr; card = card->parentItem()) {
+            if (!QString::fromLatin1(card->metaObject()->className()).contains(QStringLiteral("Card_")))
+                continue;
+            const QRectF place = text->mapRectToItem(card, text->boundingRect());
+            EXPECT_TRUE(place.left() >= 0 && place.right() <= card->width())
+                << text->property("text").toString().toStdString();
+            ++seen;
+        }
+    }
+    EXPECT_GT(seen, 30);
+}
+
+TEST_F(StatusScreenTest, KeysScrollAndBringWhatTheyReachIntoSight) {
+    open();
+    stage_.window().resize(stage_.window().minimumSize());
+    stage_.settle();
+    const auto pins = [this] {
+        return stage_.items([](QQuickItem& item) {
+            return item.inherits("QQuickAbstractButton") &&
+                   item.property("text") == QStringLiteral("Pin to top");
+        });
+    };
+    const auto bottom = [](QQuickItem& item) { return item.mapToScene(QPointF(0, item.height())).y(); };
+    const double start = bottom(*pins().back());
+    EXPECT_GT(start, stage_.window().height());
+    stage_.type(Qt::Key_End);
+    EXPECT_LT(bottom(*pins().back()), stage_.window().height());
+    stage_.type(Qt::Key_PageUp);
+    stage_.type(Qt::Key_Home);
+    EXPECT_EQ(bottom(*pins().back()), start);
+
+    const auto reached = [&] { return stage_.window().activeFocusItem() == pins().back(); };
+    for (int i = 0; i < 60 && !reached(); ++i) stage_.type(Qt::Key_Tab);
+    ASSERT_TRUE(reached());
+    EXPECT_LT(bottom(*pins().back()), stage_.window().height());
 }
 
 }  // namespace

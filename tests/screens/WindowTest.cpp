@@ -87,6 +87,9 @@ TEST(Window, AllSettingsAreWorkedAndSurviveARestart) {
     for (const char* choice : {"Open at login", "Preview mode", "Always use the Trash", "Sound"}) {
         stage.press(choice);
     }
+    stage.type(Qt::Key_Return);
+    EXPECT_TRUE(stage.state().preferences()->values().sounds) << "Return works a switch as well";
+    stage.type(Qt::Key_Return);
     stage.press("Menu Bar");
     stage.press("Battery");
     stage.press("Code folders");

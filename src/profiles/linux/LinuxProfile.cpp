@@ -101,8 +101,11 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
         .trashLayout = Profile::TrashLayout::freedesktop,
         .explorerPlaces = explorerPlaces(dirs),
         .volumeFolders = {"/media", "/media/*", "/run/media/*", "/mnt"},
-        .fanWords = StatusTexts::FanWords{.none = "No fan on this computer",
-                                          .unavailable = "Fan control unavailable on this computer"},
+        .words = MachineWords{.noFan = "No fan on this computer",
+                              .fanUnavailable = "Fan control unavailable on this computer",
+                              .graphics = "Graphics",
+                              .noGraphics = "No graphics figures",
+                              .power = "Share of processor time"},
     };
 }
 

@@ -158,8 +158,11 @@ Profile Profiles::macos(const Path& root, const Path& home) {
         .trashLayout = Profile::TrashLayout::flat,
         .explorerPlaces = explorerPlaces(),
         .volumeFolders = {"/Volumes"},
-        .fanWords = StatusTexts::FanWords{.none = "No fan on this Mac",
-                                          .unavailable = "Fan control unavailable on this Mac"},
+        .words = MachineWords{.noFan = "No fan on this Mac",
+                              .fanUnavailable = "Fan control unavailable on this Mac",
+                              .graphics = "Integrated GPU",
+                              .noGraphics = "Integrated GPU",
+                              .power = "Energy impact, as in Activity Monitor"},
     };
 }
 

@@ -14,6 +14,10 @@ QtObject {
     readonly property color review: Qt.rgba(0.98, 0.72, 0.35, 1)
     readonly property color good: Qt.rgba(0.45, 0.85, 0.62, 1)
     readonly property color danger: Qt.rgba(1, 0.45, 0.42, 1)
+    readonly property color amber: Qt.rgba(1, 0.7, 0.4, 1)
+    readonly property color sand: Qt.rgba(0.95, 0.85, 0.6, 1)
+    readonly property color steel: Qt.rgba(0.45, 0.6, 0.95, 1)
+    readonly property color sky: Qt.rgba(0.45, 0.75, 1, 1)
     readonly property color shade: Qt.rgba(0.02, 0.03, 0.06, 0.72)
 
     readonly property list<color> glows: [
@@ -21,7 +25,7 @@ QtObject {
         Qt.rgba(0.3, 0.85, 0.85, 1),
         Qt.rgba(0.65, 0.52, 1, 1),
         Qt.rgba(0.45, 0.9, 0.62, 1),
-        Qt.rgba(1, 0.7, 0.4, 1)
+        amber
     ]
     readonly property list<color> tintTops: [
         Qt.rgba(0.13, 0.19, 0.32, 1),

@@ -8,6 +8,7 @@ Card {
 
     required property bool hasBattery
     required property var battery
+    required property bool charging
     required property var accessories
 
     implicitHeight: Math.max(128, column.implicitHeight + 26)
@@ -23,7 +24,7 @@ Card {
         spacing: 8
 
         CardLabel {
-            symbol: card.battery.unit === qsTr("Charging") ? "battery.100percent.bolt" : "battery.75percent"
+            symbol: card.charging ? "battery.100percent.bolt" : "battery.75percent"
             title: card.hasBattery ? card.battery.title : qsTr("Accessories")
             colour: Theme.good
         }

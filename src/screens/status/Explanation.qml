@@ -2,15 +2,15 @@ import QtQuick
 import QtQuick.Templates as T
 import Tavrel.Controls
 
-// A sentence beside what was asked about.
+// A sentence beside the button that asks for it. A press of that button is left to the button, which would open
+// again what the press had closed.
 T.Popup {
     id: popup
 
-    required property Item anchorItem
     required property string text
 
-    x: anchorItem.x + anchorItem.width + 6
-    y: anchorItem.y + (anchorItem.height - height) / 2
+    x: parent ? parent.width + 6 : 0
+    y: parent ? (parent.height - height) / 2 : 0
     margins: 8
     padding: 10
     leftPadding: 12
@@ -18,7 +18,7 @@ T.Popup {
     implicitWidth: Math.min(label.implicitWidth, 320) + leftPadding + rightPadding
     implicitHeight: label.implicitHeight + topPadding + bottomPadding
     focus: true
-    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
 
     contentItem: Label {
         id: label

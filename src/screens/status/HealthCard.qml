@@ -1,19 +1,22 @@
 import QtQuick
 import Tavrel.Controls
 import Tavrel.Graphs
+import Tavrel.Status
 
 // How well the machine does, as one number.
 Card {
     id: card
 
     required property int score
-    required property string grade
+    required property int grade
+    required property string gradeText
     required property string machine
-    readonly property color colour: score >= 85 ? Theme.good : score >= 65 ? Qt.rgba(1, 0.7, 0.4, 1) : Theme.danger
+    readonly property color colour: grade === StatusCards.Grade.Excellent ? Theme.good
+                                    : grade === StatusCards.Grade.Good ? Theme.amber : Theme.danger
 
     implicitHeight: 104
     Accessible.role: Accessible.Grouping
-    Accessible.name: qsTr("Health") + ", " + score + ", " + grade
+    Accessible.name: qsTr("Health") + ", " + score + ", " + gradeText
 
     Ring {
         id: ring
@@ -30,6 +33,7 @@ Card {
             text: card.score
             size: 30
             font.weight: Font.DemiBold
+            color: card.colour
             Accessible.ignored: true
         }
     }
@@ -46,7 +50,7 @@ Card {
             title: qsTr("Health")
         }
         Label {
-            text: card.grade
+            text: card.gradeText
             size: 13
             font.weight: Font.DemiBold
             color: card.colour

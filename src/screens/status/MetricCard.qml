@@ -8,14 +8,15 @@ Card {
     required property string symbol
     required property var values
     property color colour: Theme.secondary
-    property string chip
     default property alias graph: graph.data
 
     implicitHeight: 128
     Accessible.role: Accessible.Grouping
-    Accessible.name: values.title + ", " + values.value + " " + values.unit + ", " + values.footer
+    Accessible.name: [values.title, values.chip, values.value + " " + values.unit, values.footer].filter(Boolean).join(", ")
 
     CardLabel {
+        id: title
+
         x: 14
         y: 12
         symbol: card.symbol
@@ -23,10 +24,13 @@ Card {
         colour: card.colour
     }
     Label {
+        anchors.left: title.right
+        anchors.leftMargin: Theme.gap
         anchors.right: parent.right
         anchors.rightMargin: 14
         y: 13
-        text: card.chip
+        horizontalAlignment: Text.AlignRight
+        text: card.values.chip
         size: Theme.fontSmall
         color: Theme.tertiary
         Accessible.ignored: true
@@ -41,12 +45,17 @@ Card {
         Label {
             id: value
 
+            width: Math.min(implicitWidth, card.width - 28 - (unit.text === "" ? 0 : unit.width + figure.spacing))
             text: card.values.value
             size: 24
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 14
             font.weight: Font.DemiBold
             Accessible.ignored: true
         }
         Label {
+            id: unit
+
             anchors.baseline: value.baseline
             text: card.values.unit
             size: Theme.fontSubtitle

@@ -13,7 +13,9 @@ Item {
     required property string powerText
     required property bool pinned
     required property string explanation
-    property bool explaining: false
+    required property string powerNote
+    required property bool explaining
+    readonly property Item infoButton: info
 
     signal pinToggled()
     signal explanationToggled()
@@ -102,13 +104,6 @@ Item {
         Accessible.ignored: true
 
         HoverHandler { id: powerHover }
-        Tip { text: qsTr("Energy impact, as in Activity Monitor"); shown: powerHover.hovered }
-    }
-
-    Explanation {
-        anchorItem: info
-        text: row.explanation
-        visible: row.explaining
-        onClosed: if (row.explaining) row.explanationToggled()
+        Tip { text: row.powerNote; shown: powerHover.hovered }
     }
 }

@@ -8,6 +8,17 @@
 
 namespace tavrel {
 
+namespace {
+
+/// -1 when it is in none.
+int rowOf(const std::vector<ProcessInfo>& rows, std::int32_t pid) {
+    const auto found =
+        std::find_if(rows.begin(), rows.end(), [pid](const auto& row) { return row.pid == pid; });
+    return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+}
+
+}  // namespace
+
 void ProcessRows::setApp(AppState* app) {
     if (app_ == app) return;
     if (app_) {
@@ -39,7 +50,9 @@ void ProcessRows::refresh() {
             processRows(app_->monitor()->figures().processes, sort_, app_->preferences()->pinnedProcesses());
     }
     const int before = count();
+    const int explained = explained_ < 0 ? -1 : rowOf(rows, rows_[static_cast<std::size_t>(explained_)].pid);
     const int now = static_cast<int>(rows.size());
+    if (explained < before) setExplained(explained);  // before its row may go
     if (now > before) beginInsertRows({}, before, now - 1);
     if (now < before) beginRemoveRows({}, now, before - 1);
     rows_ = std::move(rows);
@@ -47,6 +60,15 @@ void ProcessRows::refresh() {
     if (now < before) endRemoveRows();
     if (now != before) Q_EMIT countChanged();
     if (const int kept = std::min(before, now); kept > 0) Q_EMIT dataChanged(index(0), index(kept - 1));
+    setExplained(explained);
+}
+
+void ProcessRows::setExplained(int row) {
+    if (std::exchange(explained_, row < count() ? row : -1) != row) Q_EMIT explainedChanged();
+}
+
+QString ProcessRows::powerNote() const {
+    return app_ ? QString::fromStdString(Text::localized(app_->profile().words.power)) : QString();
 }
 
 int ProcessRows::rowCount(const QModelIndex& parent) const {

@@ -17,6 +17,8 @@ class ProcessRows : public QAbstractListModel {
     Q_PROPERTY(tavrel::AppState* app READ app WRITE setApp NOTIFY appChanged)
     Q_PROPERTY(int sort READ sort WRITE setSort NOTIFY sortChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
+    Q_PROPERTY(int explained READ explained WRITE setExplained NOTIFY explainedChanged)
+    Q_PROPERTY(QString powerNote READ powerNote NOTIFY appChanged)
 
   public:
     enum Role {
@@ -37,6 +39,11 @@ class ProcessRows : public QAbstractListModel {
     [[nodiscard]] int sort() const { return static_cast<int>(sort_); }
     void setSort(int sort);
     [[nodiscard]] int count() const { return static_cast<int>(rows_.size()); }
+    /// The row whose explanation is open, -1 for none. It follows its process, and closes when that is gone.
+    [[nodiscard]] int explained() const { return explained_; }
+    void setExplained(int row);
+    /// What the last figure of a row is.
+    [[nodiscard]] QString powerNote() const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -46,6 +53,7 @@ class ProcessRows : public QAbstractListModel {
     void appChanged();
     void sortChanged();
     void countChanged();
+    void explainedChanged();
 
   private:
     void refresh();
@@ -53,6 +61,7 @@ class ProcessRows : public QAbstractListModel {
     QPointer<AppState> app_;
     ProcessSort sort_ = ProcessSort::cpu;
     std::vector<ProcessInfo> rows_;
+    int explained_ = -1;
 };
 
 }  // namespace tavrel

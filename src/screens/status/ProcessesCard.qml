@@ -8,7 +8,6 @@ Card {
     id: card
 
     required property AppState app
-    property int explaining: -1
 
     implicitHeight: column.implicitHeight + 26
     Accessible.role: Accessible.Grouping
@@ -67,6 +66,8 @@ Card {
             color: Theme.secondary
         }
         Repeater {
+            id: list
+
             model: ProcessRows {
                 id: rows
 
@@ -75,10 +76,19 @@ Card {
 
             ProcessRow {
                 width: column.width
-                explaining: card.explaining === pid
+                explaining: rows.explained === index
+                powerNote: rows.powerNote
                 onPinToggled: card.app.preferences.togglePinned(name)
-                onExplanationToggled: card.explaining = explaining ? -1 : pid
+                onExplanationToggled: rows.explained = explaining ? -1 : index
             }
         }
+    }
+    Explanation {
+        readonly property ProcessRow row: rows.explained < 0 ? null : list.itemAt(rows.explained) as ProcessRow
+
+        parent: row ? row.infoButton : card
+        text: row ? row.explanation : ""
+        visible: row !== null
+        onClosed: rows.explained = -1
     }
 }

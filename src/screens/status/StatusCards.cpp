@@ -3,6 +3,7 @@
 #include "monitoring/HealthScore.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tavrel {
 
@@ -13,7 +14,8 @@ QString shown(const std::string& text) {
 }
 
 CardData cardOf(const StatusTexts::MetricCard& texts) {
-    return {shown(texts.title), shown(texts.value), shown(texts.unit), shown(texts.footer)};
+    return {shown(texts.title), shown(texts.value), shown(texts.unit), shown(texts.footer),
+            shown(texts.chip)};
 }
 
 CardData cardOf(const StatusTexts::MetricCard& texts, const std::vector<double>& history) {
@@ -28,15 +30,40 @@ CardData cardOf(const StatusTexts::MetricCard& texts, double share) {
     return card;
 }
 
+QVariantList listOf(const std::vector<Sensors::Accessory>& accessories) {
+    QVariantList list;
+    for (const Sensors::Accessory& accessory : accessories) {
+        list.append(
+            QVariantMap{{QStringLiteral("name"), shown(accessory.name)},
+                        {QStringLiteral("symbol"), shown(StatusTexts::accessorySymbol(accessory.name))},
+                        {QStringLiteral("percent"), static_cast<int>(accessory.percent)}});
+    }
+    return list;
+}
+
 }  // namespace
 
 void StatusCards::setApp(AppState* app) {
     if (app_ == app) return;
     if (app_) disconnect(app_->monitor(), nullptr, this, nullptr);
     app_ = app;
-    if (app_) connect(app_->monitor(), &Monitor::sampled, this, &StatusCards::changed);
+    if (app_) {
+        // The first to watch again is given fresh figures, so that nothing is missed meanwhile.
+        connect(app_->monitor(), &Monitor::sampled, this, [this] {
+            if (app_->monitor()->processWatchers() > 0) refresh();
+        });
+    }
     Q_EMIT appChanged();
+    refresh();
+}
+
+/// The accessories are only said to have changed where they have, since their rows are made anew then.
+void StatusCards::refresh() {
     Q_EMIT changed();
+    QVariantList accessories = listOf(figures().accessories);
+    if (accessories == accessories_) return;
+    accessories_ = std::move(accessories);
+    Q_EMIT accessoriesChanged();
 }
 
 const MachineFigures& StatusCards::figures() const {
@@ -44,11 +71,27 @@ const MachineFigures& StatusCards::figures() const {
     return app_ ? app_->monitor()->figures() : nothing;
 }
 
+MachineWords StatusCards::words() const {
+    return app_ ? app_->profile().words : MachineWords{};
+}
+
 int StatusCards::health() const {
     return healthScore(figures());
 }
 
-QString StatusCards::grade() const {
+StatusCards::Grade StatusCards::grade() const {
+    switch (healthGrade(health())) {
+        case HealthGrade::excellent:
+            return Grade::Excellent;
+        case HealthGrade::good:
+            return Grade::Good;
+        case HealthGrade::needsCare:
+            break;
+    }
+    return Grade::NeedsCare;
+}
+
+QString StatusCards::gradeText() const {
     return shown(StatusTexts::grade(health()));
 }
 
@@ -61,7 +104,7 @@ CardData StatusCards::cpu() const {
 }
 
 CardData StatusCards::gpu() const {
-    return cardOf(StatusTexts::gpu(figures()), figures().gpuHistory);
+    return cardOf(StatusTexts::gpu(figures(), words()), figures().gpuHistory);
 }
 
 CardData StatusCards::memory() const {
@@ -96,32 +139,29 @@ bool StatusCards::hasBattery() const {
 CardData StatusCards::battery() const {
     if (!hasBattery()) return {};
     const Sensors::Battery& battery = *figures().battery;
-    CardData card = {tr("Battery"), QString::number(battery.percent),
-                     shown(StatusTexts::batteryState(battery)), shown(StatusTexts::batteryWear(battery))};
+    CardData card = {.title = tr("Battery"),
+                     .value = QString::number(battery.percent),
+                     .unit = shown(StatusTexts::batteryState(battery)),
+                     .footer = shown(StatusTexts::batteryWear(battery))};
     card.share = static_cast<double>(battery.percent) / 100;
     return card;
 }
 
-QVariantList StatusCards::accessories() const {
-    QVariantList list;
-    for (const Sensors::Accessory& accessory : figures().accessories) {
-        list.append(
-            QVariantMap{{QStringLiteral("name"), shown(accessory.name)},
-                        {QStringLiteral("symbol"), shown(StatusTexts::accessorySymbol(accessory.name))},
-                        {QStringLiteral("percent"), static_cast<int>(accessory.percent)}});
-    }
-    return list;
+bool StatusCards::isCharging() const {
+    return hasBattery() && figures().battery->pluggedIn && figures().battery->charging;
 }
 
 StatusTexts::FanCard StatusCards::fanCard() const {
-    return StatusTexts::fans(figures(), app_ ? app_->profile().fanWords : StatusTexts::FanWords{"", ""});
+    return StatusTexts::fans(figures(), words());
 }
 
 CardData StatusCards::fans() const {
     const StatusTexts::FanCard card = fanCard();
-    CardData data = {shown(card.title), shown(card.speed), shown(card.unit), shown(card.share)};
-    data.share = fanLoad(figures().fans);
-    return data;
+    return {.title = shown(card.title),
+            .value = shown(card.speed),
+            .unit = shown(card.unit),
+            .footer = shown(card.share),
+            .share = fanLoad(figures().fans)};
 }
 
 QString StatusCards::fanDetail() const {

@@ -20,6 +20,7 @@ struct CardData {
     Q_PROPERTY(QString value MEMBER value)
     Q_PROPERTY(QString unit MEMBER unit)
     Q_PROPERTY(QString footer MEMBER footer)
+    Q_PROPERTY(QString chip MEMBER chip)
     Q_PROPERTY(double share MEMBER share)
     Q_PROPERTY(QList<double> history MEMBER history)
 
@@ -28,17 +29,19 @@ struct CardData {
     QString value;
     QString unit;
     QString footer;
+    QString chip;
     double share = 0;  // of a meter, 0 to 1
     QList<double> history;
 };
 
-/// What the cards of the status screen say, as the monitor goes on.
+/// What the cards of the status screen say, as the monitor goes on and somebody watches it.
 class StatusCards : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(tavrel::AppState* app READ app WRITE setApp NOTIFY appChanged)
     Q_PROPERTY(int health READ health NOTIFY changed)
-    Q_PROPERTY(QString grade READ grade NOTIFY changed)
+    Q_PROPERTY(Grade grade READ grade NOTIFY changed)
+    Q_PROPERTY(QString gradeText READ gradeText NOTIFY changed)
     Q_PROPERTY(QString machine READ machine NOTIFY changed)
     Q_PROPERTY(tavrel::CardData cpu READ cpu NOTIFY changed)
     Q_PROPERTY(tavrel::CardData gpu READ gpu NOTIFY changed)
@@ -49,18 +52,23 @@ class StatusCards : public QObject {
     Q_PROPERTY(tavrel::CardData thermal READ thermal NOTIFY changed)
     Q_PROPERTY(bool hasBattery READ hasBattery NOTIFY changed)
     Q_PROPERTY(tavrel::CardData battery READ battery NOTIFY changed)
-    Q_PROPERTY(QVariantList accessories READ accessories NOTIFY changed)
+    Q_PROPERTY(bool charging READ isCharging NOTIFY changed)
+    Q_PROPERTY(QVariantList accessories READ accessories NOTIFY accessoriesChanged)
     Q_PROPERTY(tavrel::CardData fans READ fans NOTIFY changed)
     Q_PROPERTY(QString fanDetail READ fanDetail NOTIFY changed)
 
   public:
+    enum class Grade { Excellent, Good, NeedsCare };
+    Q_ENUM(Grade)
+
     using QObject::QObject;
 
     [[nodiscard]] AppState* app() const { return app_; }
     void setApp(AppState* app);
 
     [[nodiscard]] int health() const;
-    [[nodiscard]] QString grade() const;
+    [[nodiscard]] Grade grade() const;
+    [[nodiscard]] QString gradeText() const;
     [[nodiscard]] QString machine() const;
     [[nodiscard]] CardData cpu() const;
     [[nodiscard]] CardData gpu() const;
@@ -72,8 +80,9 @@ class StatusCards : public QObject {
     [[nodiscard]] bool hasBattery() const;
     /// The value is the charge in percent, the unit its state, the footer its wear.
     [[nodiscard]] CardData battery() const;
+    [[nodiscard]] bool isCharging() const;
     /// Objects of `name`, `symbol` and `percent`.
-    [[nodiscard]] QVariantList accessories() const;
+    [[nodiscard]] const QVariantList& accessories() const { return accessories_; }
     /// The footer says the share of the highest speed.
     [[nodiscard]] CardData fans() const;
     [[nodiscard]] QString fanDetail() const;
@@ -81,12 +90,16 @@ class StatusCards : public QObject {
   Q_SIGNALS:
     void appChanged();
     void changed();
+    void accessoriesChanged();
 
   private:
+    void refresh();
     [[nodiscard]] const MachineFigures& figures() const;
+    [[nodiscard]] MachineWords words() const;
     [[nodiscard]] StatusTexts::FanCard fanCard() const;
 
     QPointer<AppState> app_;
+    QVariantList accessories_;
 };
 
 }  // namespace tavrel

@@ -25,6 +25,7 @@ T.AbstractButton {
     required property bool lit
     required property AppState app
     property bool current: false
+    property bool walkedTo: false  // by keyboard
     property bool compact: false  // without the bar
     readonly property color colour: OrbitPalette.colour(colorIndex)
 
@@ -202,6 +203,6 @@ T.AbstractButton {
 
     Tip {
         text: row.protectedText + (row.reason === "" ? "" : "\n" + row.reason)
-        shown: (row.hovered || row.current) && row.reason !== ""
+        shown: (row.hovered || row.walkedTo) && row.reason !== ""
     }
 }

@@ -13,6 +13,7 @@ FocusScope {
     required property AnalyzeModel model
     property bool compact: false  // without the bars
     property string typed
+    property bool walks: false  // the keyboard has chosen the row
     readonly property AnalyzeRows rows: app.folderRows
 
     function find(text: string): void {
@@ -37,6 +38,7 @@ FocusScope {
         table.rows.toggle(entry)
     }
     function makeCurrent(entry: url): void {
+        walks = false
         list.currentIndex = table.rows.rowOf(entry)
         list.forceActiveFocus(Qt.MouseFocusReason)
     }
@@ -48,6 +50,7 @@ FocusScope {
         interval: 0
         onTriggered: {
             table.typed = ""
+            table.walks = false
             list.currentIndex = list.activeFocus && list.count > 0 ? 0 : -1
             list.positionViewAtBeginning()
         }
@@ -171,6 +174,7 @@ FocusScope {
         Component.onDestruction: if (moving) table.app.motion.scrolling = false
         onActiveFocusChanged: if (activeFocus && currentIndex < 0 && count > 0) currentIndex = 0
 
+        Keys.onPressed: table.walks = true
         Keys.onReturnPressed: table.rows.open(table.rows.url(currentIndex))
         Keys.onEnterPressed: table.rows.open(table.rows.url(currentIndex))
         Keys.onDeletePressed: event => { if (!event.isAutoRepeat) table.rows.trash(table.rows.url(currentIndex)) }
@@ -181,6 +185,7 @@ FocusScope {
             width: list.width - 12
             compact: table.compact
             current: list.activeFocus && ListView.isCurrentItem
+            walkedTo: current && table.walks
             app: table.app
             onOpened: entry => {
                 table.makeCurrent(entry)

@@ -18,6 +18,7 @@ T.AbstractButton {
     required property string reason
     required property AppState app
     property bool current: false
+    property bool walkedTo: false  // by keyboard
     readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
 
     signal toggled(entry: url)
@@ -141,6 +142,6 @@ T.AbstractButton {
 
     Tip {
         text: row.protectedText + "\n" + row.reason
-        shown: (row.hovered || row.current) && row.reason !== ""
+        shown: (row.hovered || row.walkedTo) && row.reason !== ""
     }
 }

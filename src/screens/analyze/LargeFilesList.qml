@@ -10,6 +10,7 @@ FocusScope {
 
     required property AppState app
     required property AnalyzeModel model
+    property bool walks: false  // the keyboard has chosen the row
 
     AnalyzeRows {
         id: rows
@@ -65,6 +66,7 @@ FocusScope {
         Component.onDestruction: if (moving) files.app.motion.scrolling = false
 
         Keys.onSpacePressed: rows.toggle(rows.url(currentIndex))
+        Keys.onPressed: files.walks = true
         Keys.onDeletePressed: event => { if (!event.isAutoRepeat) rows.trash(rows.url(currentIndex)) }
 
         delegate: LargeFileRow {
@@ -72,6 +74,7 @@ FocusScope {
 
             width: list.width - 12
             current: list.activeFocus && ListView.isCurrentItem
+            walkedTo: current && files.walks
             app: files.app
             onToggled: entry => rows.toggle(entry)
             onTrashed: entry => rows.trash(entry)

@@ -448,8 +448,12 @@ void AnalyzeModel::forget(const std::vector<std::string_view>& paths) {
 void AnalyzeModel::leave(const Leaving& leaving) {
     if (!leaveRemoved(*lastRemoval_)) {
         // A list on its way may still hold what went.
-        const bool isSame = leaving.contentNumber == contentNumber_;
-        leaving.isComplete&& isSame && !listing_ ? takeOut(leaving.ids) : load();
+        const bool isSame = leaving.contentNumber == contentNumber_ && !listing_;
+        if (isSame && leaving.isComplete) {
+            takeOut(leaving.ids);
+        } else {
+            load();
+        }
     }
     endRemoval();
 }

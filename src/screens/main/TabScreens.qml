@@ -11,8 +11,7 @@ QtObject {
     required property AppState app
 
     function component(identity: string): Component {
-        if (identity === "settings") return settings
-        return ({ "0": clean, "3": analyze, "4": status })[identity] ?? later
+        return ({ "settings": settings, "0": clean, "1": apps, "2": optimize, "3": analyze, "4": status })[identity]
     }
 
     readonly property Component settings: Component {
@@ -21,13 +20,16 @@ QtObject {
     readonly property Component clean: Component {
         CleanTab { app: screens.app; focus: true }
     }
+    readonly property Component apps: Component {
+        EmptyTab { tab: 1 }
+    }
+    readonly property Component optimize: Component {
+        EmptyTab { tab: 2 }
+    }
     readonly property Component analyze: Component {
         AnalyzeView { app: screens.app; focus: true }
     }
     readonly property Component status: Component {
         StatusView { app: screens.app; focus: true }
-    }
-    readonly property Component later: Component {
-        EmptyTab { tab: screens.app.tab }
     }
 }

@@ -171,7 +171,7 @@ TEST_F(AnalyzeScreenTest, ChartAndTableLightUpTogether) {
 /// Whatever changes places under the hand of a person, what they meant is what goes.
 TEST_F(AnalyzeScreenTest, WhatWasMeantGoesThoughAllRowsChangePlaces) {
     const auto folder = stage_.mac().at("~/Films");
-    for (int at = 100; at < 200; ++at) stage_.mac().file("~/Films/" + std::to_string(at), 10'000 * at);
+    for (int at = 100; at < 200; ++at) stage_.mac().file("~/Films/" + std::to_string(at), 10'000LL * at);
     model().navigate(folder);
     stage_.until("all rows", [this] { return model().count() == 102; });
     untilMeasured();

@@ -13,7 +13,8 @@ FocusScope {
     required property AnalyzeModel model
     property bool compact: false  // without the bars
     property string typed
-    property bool walks: false  // the keyboard has chosen the row
+    property bool chosen: false  // a person has come to the row: it is followed, and may be deleted
+    property bool walks: false  // by keyboard
     readonly property AnalyzeRows rows: app.folderRows
 
     function find(text: string): void {
@@ -21,7 +22,9 @@ FocusScope {
         forget.restart()
         list.forceActiveFocus(Qt.ShortcutFocusReason)
         const found = table.rows.indexOfName(typed, list.currentIndex + (typed.length === 1 ? 1 : 0))
-        if (found >= 0) list.currentIndex = found
+        if (found < 0) return
+        list.currentIndex = found
+        walks = chosen = true
     }
 
     // Whether that key goes on with a name.
@@ -39,6 +42,7 @@ FocusScope {
     }
     function makeCurrent(entry: url): void {
         walks = false
+        chosen = true
         list.currentIndex = table.rows.rowOf(entry)
         list.forceActiveFocus(Qt.MouseFocusReason)
     }
@@ -51,6 +55,7 @@ FocusScope {
         onTriggered: {
             table.typed = ""
             table.walks = false
+            table.chosen = false
             list.currentIndex = list.activeFocus && list.count > 0 ? 0 : -1
             list.positionViewAtBeginning()
         }
@@ -96,6 +101,7 @@ FocusScope {
     }
 
     FollowedRow {
+        enabled: table.chosen
         list: list
         rows: table.rows
     }
@@ -174,10 +180,10 @@ FocusScope {
         Component.onDestruction: if (moving) table.app.motion.scrolling = false
         onActiveFocusChanged: if (activeFocus && currentIndex < 0 && count > 0) currentIndex = 0
 
-        Keys.onPressed: table.walks = true
+        Keys.onPressed: table.walks = table.chosen = true
         Keys.onReturnPressed: table.rows.open(table.rows.url(currentIndex))
         Keys.onEnterPressed: table.rows.open(table.rows.url(currentIndex))
-        Keys.onDeletePressed: event => { if (!event.isAutoRepeat) table.rows.trash(table.rows.url(currentIndex)) }
+        Keys.onDeletePressed: event => { if (table.chosen && !event.isAutoRepeat) table.rows.trash(table.rows.url(currentIndex)) }
 
         delegate: DetailRow {
             id: row

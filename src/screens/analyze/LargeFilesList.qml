@@ -67,7 +67,7 @@ FocusScope {
 
         Keys.onSpacePressed: rows.toggle(rows.url(currentIndex))
         Keys.onPressed: files.walks = true
-        Keys.onDeletePressed: event => { if (!event.isAutoRepeat) rows.trash(rows.url(currentIndex)) }
+        Keys.onDeletePressed: event => { if (files.walks && !event.isAutoRepeat) rows.trash(rows.url(currentIndex)) }
 
         delegate: LargeFileRow {
             id: row

@@ -103,13 +103,13 @@ MetricCard network(const MachineFigures& figures) {
 
 MetricCard thermal(const MachineFigures& figures) {
     MetricCard card = {.title = localized("Thermal"), .value = unknown};
-    if (figures.thermalState == Sensors::ThermalState::critical) {
-        card.value = thermalWord(*figures.thermalState);  // tells more than any temperature
+    // That a machine is held back tells more than any temperature.
+    const bool isThrottling = figures.thermalState == Sensors::ThermalState::critical;
+    if (figures.thermalState && (isThrottling || !figures.cpuTemp)) {
+        card.value = thermalWord(*figures.thermalState);
     } else if (figures.cpuTemp) {
         card.value = fmt::format("{}", std::lround(*figures.cpuTemp));
         card.unit = "°C";
-    } else if (figures.thermalState) {
-        card.value = thermalWord(*figures.thermalState);
     }
     card.footer = figures.gpuTemp ? phrase("GPU {}", temp(*figures.gpuTemp)) : localized("Thermal status");
     return card;

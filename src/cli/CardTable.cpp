@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t gap = 2;
 constexpr std::size_t mostTitleColumns = 20;
-constexpr std::size_t leastFooterColumns = 20;
+constexpr std::size_t leastFooterColumns = 34;  // of most: words go before graphs
 
 std::size_t without(std::size_t columns, std::size_t taken) {
     return columns - std::min(columns, taken);

@@ -23,8 +23,8 @@ FocusScope {
         list.forceActiveFocus(Qt.ShortcutFocusReason)
         const found = table.rows.indexOfName(typed, list.currentIndex + (typed.length === 1 ? 1 : 0))
         if (found < 0) return
-        list.currentIndex = found
         walks = chosen = true
+        list.currentIndex = found
     }
 
     // Whether that key goes on with a name.
@@ -179,6 +179,8 @@ FocusScope {
         onMovingChanged: table.app.motion.scrolling = moving
         Component.onDestruction: if (moving) table.app.motion.scrolling = false
         onActiveFocusChanged: if (activeFocus && currentIndex < 0 && count > 0) currentIndex = 0
+        // Until somebody comes to a row it is the first, whichever row that is.
+        onCurrentIndexChanged: if (!table.chosen && currentIndex > 0) currentIndex = 0
 
         Keys.onPressed: table.walks = table.chosen = true
         Keys.onReturnPressed: table.rows.open(table.rows.url(currentIndex))

@@ -4,6 +4,7 @@
 #include "core/Text.h"
 
 #include <algorithm>
+#include <set>
 
 // What coding agents and local model tools leave behind. What can be regenerated unnoticed is a safe cache;
 // what records past work is safe once it is old; what may hold uncommitted work or costs a long download is
@@ -19,19 +20,16 @@ namespace {
 constexpr std::int64_t leastAiSize = 16384;  // session files are small and many
 constexpr int worktreeAgeDays = 30;
 
-struct FixedFolder {
-    std::string_view path;
-    Text::English note;
+// clang-format off
+constexpr AiFolder fixedFolders[] = {
+    {".claude/debug",           CleanCategory::aiCaches, Risk::safe, "Claude Code debug logs"},
+    {".claude/shell-snapshots", CleanCategory::aiCaches, Risk::safe, "Claude Code shell snapshots"},
+    {".codex/log",              CleanCategory::aiCaches, Risk::safe, "Codex logs"},
+    {".codex/.tmp",             CleanCategory::aiCaches, Risk::safe, "Codex temp files"},
+    {".cache/codex-runtimes",   CleanCategory::aiCaches, Risk::safe, "Codex runtimes; re-downloaded when needed"},
+    {".gemini/tmp",             CleanCategory::aiCaches, Risk::safe, "Gemini CLI temp files"},
 };
-
-constexpr FixedFolder fixedFolders[] = {
-    {".claude/debug", "Claude Code debug logs"},
-    {".claude/shell-snapshots", "Claude Code shell snapshots"},
-    {".codex/log", "Codex logs"},
-    {".codex/.tmp", "Codex temp files"},
-    {".cache/codex-runtimes", "Codex runtimes; re-downloaded when needed"},
-    {".gemini/tmp", "Gemini CLI temp files"},
-};
+// clang-format on
 
 /// The newest date near the top of a tree: of the folder itself and of what is visible down to `depth`
 /// levels.
@@ -93,9 +91,10 @@ class AiScan {
         }
     }
 
-    void caches() {
-        for (const FixedFolder& folder : fixedFolders) {
-            add(home_ / folder.path, CleanCategory::aiCaches, Risk::safe, localized(folder.note));
+    void folders(std::span<const AiFolder> rows) {
+        for (const AiFolder& row : rows) {
+            for (const Path& path : Files::matching(home_, row.path))
+                add(path, row.category, row.risk, localized(row.note));
         }
     }
 
@@ -128,7 +127,7 @@ class AiScan {
 
   private:
     void add(const Path& path, CleanCategory category, Risk risk, std::string words) {
-        if (!Files::exists(path) || !Scanning::vet(safety_, path)) return;
+        if (!Files::exists(path) || !Scanning::vet(safety_, path) || !seen_.insert(path).second) return;
         const std::int64_t size = FileSizer::size(path);
         if (size < leastAiSize) return;
         items_.push_back(
@@ -140,17 +139,20 @@ class AiScan {
     const Path& home_;
     const SafetyGuard& safety_;
     Instant now_;
+    std::set<Path> seen_;
     Items items_;
 };
 
 }  // namespace
 
-Items ai(const Path& home, const SafetyGuard& safety, int sessionAgeDays, Instant now) {
+Items ai(const Path& home, const SafetyGuard& safety, int sessionAgeDays, Instant now,
+         std::span<const AiFolder> folders) {
     AiScan scan(home, safety, now);
+    scan.folders(folders);
     scan.claudeSessions(sessionAgeDays);
     scan.codexSessions(sessionAgeDays);
     scan.worktrees();
-    scan.caches();
+    scan.folders(fixedFolders);
     scan.superseded();
     scan.models();
     Items items = scan.take();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaning/CleanCategory.h"
+#include "cleaning/Occupants.h"
 #include "cleaning/Risk.h"
 
 #include <cstdint>
@@ -19,8 +20,10 @@ struct CleanItem {
     std::string note;                         // one line under the item's name; may be empty
     bool permanent = false;                   // delete outright: moving it would free nothing
     bool requiresAdmin = false;               // only root can remove it
+    bool toTrash = false;                     // never deleted outright, whatever its category
     bool isNoLink = false;                    // as it was found: a link in its place is another thing
     std::optional<std::string> adminCommand;  // the whole shell command, for what is no plain path
+    Occupants occupants;                      // who may be at work with it
 
     /// The key of a selection: two items with one path are one thing to choose.
     [[nodiscard]] const std::string& id() const { return url.native(); }

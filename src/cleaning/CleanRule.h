@@ -3,8 +3,10 @@
 #include "cleaning/CleanCategory.h"
 #include "cleaning/Risk.h"
 
+#include <cstdint>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace tavrel {
 
@@ -27,14 +29,22 @@ struct CleanRule {
     };
 
     CleanCategory category = CleanCategory::userCaches;
-    std::string path;  // "~/" and a path below the home, or an absolute path
+    /// "~/" and a path below the home, or an absolute path. A part with a "*" stands for every name that it
+    /// fits.
+    std::string path;
     Mode mode;
     Risk risk = Risk::review;
     std::string note;
     int minAgeDays = 0;  // what was modified more recently does not qualify; 0 takes everything
     bool permanent = false;
-    int reviewWithinDays = 0;  // what was modified more recently is `review`; 0 leaves the risk alone
-    std::string owner;         // a program whose running makes the items `review`, beside the item's own name
+    int reviewWithinDays = 0;         // what was modified more recently is `review`; 0 leaves the risk alone
+    std::string magic;                // a candidate is a file that begins with these bytes; empty: anything
+    std::int64_t leastSize = 65536;   // bytes; nothing smaller is worth a line
+    bool toTrash = false;             // see CleanItem
+    std::vector<std::string> owners;  // programs that use the items, beside those of the item's own name
+    std::vector<std::string> profiles;  // of the owners, like `path`; a part "*" is the item's own name
+    std::vector<std::string> keeps;     // entries of a `whole` folder that stay, so that its others are items
+    bool onlyOfInstalled = false;       // of a program that is not installed the item is `review`
 
     bool operator==(const CleanRule&) const = default;
 };

@@ -1,6 +1,7 @@
 #include "cleaning/Cleaner.h"
 
 #include "cleaning/History.h"
+#include "cleaning/InUse.h"
 #include "cleaning/Removal.h"
 #include "core/CheckedSum.h"
 #include "core/Files.h"
@@ -61,6 +62,28 @@ const std::set<CleanCategory>& Cleaner::direct() {
     return categories;
 }
 
+class Cleaner::Watch {
+  public:
+    explicit Watch(const Tools& tools) : tools_(tools) {}
+
+    [[nodiscard]] bool isInUse(const CleanItem& item) {
+        if (!tools_.running) return false;
+        const Instant now = tools_.now();
+        if (!running_ || now < read_ || now - read_ >= freshness) {
+            running_ = tools_.running();
+            read_ = now;
+        }
+        return InUse::isInUse(item, *running_);
+    }
+
+  private:
+    static constexpr std::chrono::seconds freshness{1};
+
+    const Tools& tools_;
+    std::optional<RunningApplications> running_;
+    Instant read_;
+};
+
 CleanReport Cleaner::clean(const std::vector<CleanItem>& items, const std::string& action,
                            const SafetyGuard& safety, Options options, const Progress& progress) const {
     CleanReport report{.dryRun = options.dryRun};
@@ -68,8 +91,9 @@ CleanReport Cleaner::clean(const std::vector<CleanItem>& items, const std::strin
     std::vector<CleanItem> forRoot;
     for (const auto& item : items) (item.requiresAdmin ? forRoot : ordinary).push_back(item);
 
+    Watch watch(tools_);
     for (std::size_t i = 0; i < ordinary.size(); ++i) {
-        cleanOne(ordinary[i], safety, options, report);
+        cleanOne(ordinary[i], safety, options, watch, report);
         if (progress) progress(static_cast<double>(i + 1) / static_cast<double>(items.size()));
     }
     if (!forRoot.empty()) cleanWithAdmin(forRoot, safety, options, report);
@@ -82,11 +106,11 @@ CleanReport Cleaner::clean(const std::vector<CleanItem>& items, const std::strin
 
 Cleaner::Disposal Cleaner::disposal(const CleanItem& item, Options options) {
     if (item.permanent) return Disposal::erase;
-    if (options.alwaysTrash || item.risk != Risk::safe) return Disposal::trash;
+    if (options.alwaysTrash || item.toTrash || item.risk != Risk::safe) return Disposal::trash;
     return direct().contains(item.category) ? Disposal::erase : Disposal::trash;
 }
 
-void Cleaner::cleanOne(const CleanItem& item, const SafetyGuard& safety, Options options,
+void Cleaner::cleanOne(const CleanItem& item, const SafetyGuard& safety, Options options, Watch& watch,
                        CleanReport& report) const {
     // Seen first and vetted second: whatever is swapped in after the vetting is then another thing than was
     // seen.
@@ -99,6 +123,8 @@ void Cleaner::cleanOne(const CleanItem& item, const SafetyGuard& safety, Options
     }
     if (item.isNoLink && seen->isLink())
         return noteSkipped(report, item, Removal::refusal(Removal::changed).reason);
+
+    if (watch.isInUse(item)) return noteSkipped(report, item, InUse::refusal());
 
     const auto how = disposal(item, options);
     if (!options.dryRun) {

@@ -6,6 +6,7 @@
 #include "cleaning/Trash.h"
 #include "core/Instant.h"
 #include "platform/Administrator.h"
+#include "platform/RunningApplications.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -30,6 +31,8 @@ class Cleaner {
         std::vector<std::filesystem::path> systemRoots;  // where root may remove
         std::filesystem::path history;                   // the file of the record
         std::function<Instant()> now;
+        /// What runs at the moment of the call; may be empty where nothing can be at work with the items.
+        std::function<RunningApplications()> running = {};
     };
 
     struct Options {
@@ -64,7 +67,10 @@ class Cleaner {
     [[nodiscard]] std::optional<std::string> refusalForRoot(const CleanItem& item,
                                                             const SafetyGuard& guard) const;
 
-    void cleanOne(const CleanItem& item, const SafetyGuard& safety, Options options,
+    /// What runs, no older than a second.
+    class Watch;
+
+    void cleanOne(const CleanItem& item, const SafetyGuard& safety, Options options, Watch& watch,
                   CleanReport& report) const;
     void cleanWithAdmin(const std::vector<CleanItem>& items, const SafetyGuard& safety, Options options,
                         CleanReport& report) const;

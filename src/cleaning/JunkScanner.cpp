@@ -1,5 +1,6 @@
 #include "cleaning/JunkScanner.h"
 
+#include "cleaning/InUse.h"
 #include "cleaning/Scanning.h"
 #include "core/Files.h"
 #include "core/Paths.h"
@@ -19,22 +20,37 @@ using Path = std::filesystem::path;
 using Items = std::vector<CleanItem>;
 using SpecialScanners::leastSize;
 
-Path resolve(const CleanRule& rule, const JunkScanner::Context& context) {
-    const std::string_view path = rule.path;
+/// The text of a row's path as one path; a pattern stays one.
+Path resolve(std::string_view path, const JunkScanner::Context& context) {
     if (path.starts_with("~/")) return context.home / path.substr(2);
     return context.root / path.substr(path.starts_with('/') ? 1 : 0);
+}
+
+std::vector<Path> foldersOf(std::string_view path, const JunkScanner::Context& context) {
+    if (path.find('*') == std::string_view::npos) return {resolve(path, context)};
+    if (path.starts_with("~/")) return Files::matching(context.home, path.substr(2));
+    return Files::matching(context.root, path);
+}
+
+std::vector<Path> entries(const Path& folder, const std::vector<std::string>& besides) {
+    std::vector<Path> found;
+    for (const auto& name : Files::names(folder)) {
+        if (std::find(besides.begin(), besides.end(), name) == besides.end()) found.push_back(folder / name);
+    }
+    return found;
 }
 
 std::vector<Path> candidates(const CleanRule& rule, const Path& folder) {
     using Kind = CleanRule::Mode::Kind;
     std::vector<Path> found;
+    const auto stays = [&](const std::string& name) { return Files::identifier(folder / name).has_value(); };
     switch (rule.mode.kind) {
         case Kind::whole:
+            if (std::any_of(rule.keeps.begin(), rule.keeps.end(), stays)) return entries(folder, rule.keeps);
             if (Files::exists(folder)) found.push_back(folder);
             break;
         case Kind::children:
-            for (const auto& name : Files::names(folder)) found.push_back(folder / name);
-            break;
+            return entries(folder, rule.keeps);
         case Kind::files:
             for (const auto& name : Files::names(folder, Files::Hidden::skip)) {
                 if (rule.mode.extensions.contains(Text::lowercased(Paths::extension(name))))
@@ -45,38 +61,47 @@ std::vector<Path> candidates(const CleanRule& rule, const Path& folder) {
     return found;
 }
 
-bool modifiedWithin(const Path& path, int days, Instant now) {
-    const auto date = Files::modificationDate(path);
-    return date && *date > now - Days(days);
+/// What marks a folder as a cache whose loss costs nothing but time: see bford.info/cachedir.
+bool hasCacheTag(const Path& folder) {
+    return Files::beginsWith(folder / "CACHEDIR.TAG", "Signature: 8a477f597d28d172789f06886806bc55");
 }
 
 /// One pass over the rules of the catalog.
 class RuleScan {
   public:
-    RuleScan(const JunkScanner::Tables& tables, const JunkScanner::Context& context)
-        : tables_(tables), context_(context) {
+    RuleScan(const JunkScanner::Tables& tables, const JunkScanner::Context& context,
+             const ApplicationNames& names)
+        : tables_(tables), context_(context), names_(names) {
         for (const CleanRule& rule : tables.rules) {
-            ruleRoots_.push_back(Paths::standardized(resolve(rule, context)).native());
+            ruleRoots_.push_back(Paths::standardized(resolve(rule.path, context)).native());
         }
     }
 
     void enter(const CleanRule& rule, Items& items) {
-        for (const Path& candidate : candidates(rule, resolve(rule, context_))) {
-            const std::string path = Paths::standardized(candidate).native();
-            if (seen_.contains(path) || !qualifies(rule, candidate, path)) continue;
-            const std::int64_t size = FileSizer::size(candidate);
-            if (size < leastSize && rule.category != CleanCategory::trash) continue;
-            seen_.insert(path);
-            items.push_back(item(rule, candidate, size));
+        for (const Path& folder : foldersOf(rule.path, context_)) {
+            for (const Path& candidate : candidates(rule, folder)) take(rule, candidate, items);
         }
     }
 
   private:
+    void take(const CleanRule& rule, const Path& candidate, Items& items) {
+        const std::string path = Paths::standardized(candidate).native();
+        if (seen_.contains(path) || !qualifies(rule, candidate, path)) return;
+        const Instant own = Files::modificationDate(candidate).value_or(distantPast);
+        if (isWithin(rule.minAgeDays, own)) return;
+        FileSizer::Measure found = FileSizer::measure(candidate);
+        if (tables_.manner.age == Manner::Age::ownDate) found.newest = own;
+        if (isWithin(rule.minAgeDays, found.newest)) return;
+        if (found.size < rule.leastSize && rule.category != CleanCategory::trash) return;
+        seen_.insert(path);
+        items.push_back(item(rule, candidate, found));
+    }
+
     bool qualifies(const CleanRule& rule, const Path& candidate, const std::string& path) const {
         if (rule.mode.kind == CleanRule::Mode::Kind::children && belongsToAnotherRule(path)) return false;
         if (context_.ownBundleID == Paths::name(candidate)) return false;
-        if (!Scanning::vet(context_.safety, candidate)) return false;
-        return rule.minAgeDays < 1 || !modifiedWithin(candidate, rule.minAgeDays, context_.now);
+        if (!rule.magic.empty() && !Files::beginsWith(candidate, rule.magic)) return false;
+        return Scanning::vet(context_.safety, candidate);
     }
 
     /// A child that is the root of a rule, or holds one, is left to that rule, also when its category was not
@@ -86,34 +111,60 @@ class RuleScan {
                            [&](const std::string& root) { return Paths::isInside(root, path); });
     }
 
-    CleanItem item(const CleanRule& rule, const Path& candidate, std::int64_t size) const {
-        CleanItem made{.url = candidate,
-                       .size = size,
-                       .category = rule.category,
-                       .risk = rule.risk,
-                       .note = rule.note,
-                       .permanent = rule.permanent};
+    [[nodiscard]] bool isWithin(int days, Instant date) const {
+        return days > 0 && date > context_.now - Days(days);
+    }
+
+    /// The folders in which the owners of a rule keep their locks.
+    std::vector<Path> profilesOf(const CleanRule& rule, const std::string& name) const {
+        std::vector<Path> profiles;
+        for (const std::string& text : rule.profiles) {
+            const Path path = resolve(text, context_);
+            profiles.push_back(path.filename() == "*" ? path.parent_path() / name : path);
+        }
+        return profiles;
+    }
+
+    [[nodiscard]] bool adds() const { return tables_.manner.remarks == Manner::Remarks::addToNote; }
+
+    void review(CleanItem& made, Text::English reason) const {
+        made.risk = Risk::review;
+        made.note = adds() ? Scanning::note(made.note, Text::localized(reason)) : Text::localized(reason);
+    }
+
+    CleanItem item(const CleanRule& rule, const Path& candidate, const FileSizer::Measure& found) const {
         const std::string name = Paths::name(candidate);
-        const auto review = [&](Text::English note) {
+        CleanItem made{
+            .url = candidate,
+            .size = found.size,
+            .category = rule.category,
+            .risk = rule.risk,
+            .note = rule.note,
+            .permanent = rule.permanent,
+            .toTrash = rule.toTrash,
+            .occupants = {.identifiers = rule.owners, .names = {}, .profiles = profilesOf(rule, name)}};
+        made.occupants.identifiers.push_back(name);
+        if (rule.onlyOfInstalled && !names_.isInstalled(name) && !hasCacheTag(candidate)) {
             made.risk = Risk::review;
-            made.note = Text::localized(note);
-        };
-        if (rule.reviewWithinDays > 0 && modifiedWithin(candidate, rule.reviewWithinDays, context_.now)) {
-            review("Changed within the last day; a program may be using it");
+            made.note = Text::localized("Kept by a program that is not known here; look before it goes");
+        }
+        if (isWithin(rule.reviewWithinDays, found.newest)) {
+            review(made, "changed within the last day");
         }
         if (rule.category == CleanCategory::userCaches && !tables_.systemCachePrefix.empty() &&
             name.starts_with(tables_.systemCachePrefix)) {
-            review("macOS system cache; rebuilt automatically");
+            review(made, "macOS system cache; rebuilt automatically");
         }
-        const auto& running = context_.runningBundleIDs;
-        if (running.contains(name) || (!rule.owner.empty() && running.contains(rule.owner))) {
-            review("App is running; quit it first for a clean result");
+        if (InUse::isInUse(made, context_.running)) {
+            review(made,
+                   adds() ? "running; quit it first" : "App is running; quit it first for a clean result");
         }
         return made;
     }
 
     const JunkScanner::Tables& tables_;
     const JunkScanner::Context& context_;
+    const ApplicationNames& names_;
     std::vector<std::string> ruleRoots_;
     std::unordered_set<std::string> seen_;
 };
@@ -148,8 +199,9 @@ void retireOldVersions(const JunkScanner::Tables::Versioned& table, Items& items
             *version = {.url = version->url,
                         .size = version->size,
                         .category = version->category,
-                        .risk = stays ? Risk::review : Risk::safe,
-                        .note = stays ? table.newestNote : table.olderNote};
+                        .risk = stays ? Risk::review : table.olderRisk,
+                        .note = stays ? table.newestNote : table.olderNote,
+                        .occupants = version->occupants};
         }
     }
 }
@@ -183,22 +235,19 @@ std::vector<CleanItem> JunkScanner::scan(const std::set<CleanCategory>& categori
     const SafetyGuard& safety = context.safety;
     Items items;
 
-    RuleScan rules(tables_, context);
+    RuleScan rules(tables_, context, names_);
     for (const CleanRule& rule : tables_.rules) {
         if (!categories.contains(rule.category)) continue;
         progress(rule.category);
         rules.enter(rule, items);
     }
+    const SpecialScanners::Search search{context.home, safety, context.running, tables_.manner};
     if (categories.contains(appData)) {
         progress(appData);
-        append(items,
-               SpecialScanners::appWebCaches(tables_.webCaches, context.home, context.runningNames, safety));
+        append(items, SpecialScanners::appWebCaches(tables_.webCaches, search));
     }
-    if (categories.contains(userCaches)) {
-        append(items,
-               SpecialScanners::containerCaches(tables_.containers, context.home, context.runningBundleIDs,
-                                                context.hasFullDiskAccess, names_, safety));
-    }
+    if (categories.contains(userCaches) && context.hasFullDiskAccess)
+        append(items, SpecialScanners::containerCaches(tables_.containers, search, names_));
     if (categories.contains(editors))
         append(items, SpecialScanners::oldEditorExtensions(context.home, safety));
     if (categories.contains(trash)) {

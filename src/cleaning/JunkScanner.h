@@ -2,9 +2,11 @@
 
 #include "cleaning/Catalog.h"
 #include "cleaning/CleanItem.h"
+#include "cleaning/Manner.h"
 #include "cleaning/SafetyGuard.h"
 #include "cleaning/SpecialScanners.h"
 #include "core/Instant.h"
+#include "platform/RunningApplications.h"
 
 #include <filesystem>
 #include <functional>
@@ -22,6 +24,7 @@ class JunkScanner {
     /// What a profile knows of its system, beside the rows of the catalog.
     struct Tables {
         std::vector<CleanRule> rules;
+        Manner manner;
         std::string systemCachePrefix;  // caches of this name are the system's own: always `review`
         std::vector<SpecialScanners::WebCachePlaces> webCaches;
         std::vector<SpecialScanners::ContainerPlace> containers;
@@ -36,6 +39,7 @@ class JunkScanner {
             Key key = Key::firstWord;
             std::string newestNote;
             std::string olderNote;
+            Risk olderRisk = Risk::safe;
         };
         std::vector<Versioned> versioned;
     };
@@ -44,8 +48,7 @@ class JunkScanner {
         std::filesystem::path root;  // absolute rows are looked for below it
         std::filesystem::path home;  // resolved
         SafetyGuard safety;
-        std::set<std::string> runningBundleIDs;
-        std::set<std::string> runningNames;
+        RunningApplications running;
         std::optional<std::string> ownBundleID;
         bool hasFullDiskAccess = false;
         Instant now;

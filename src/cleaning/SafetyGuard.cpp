@@ -73,12 +73,20 @@ bool SafetyGuard::hasSymlinkedAncestor(const Path& url, const Path& root) {
 }
 
 bool SafetyGuard::isPersonal(std::string_view relative) const {
-    const auto inside = [&](const std::string& entry) { return Paths::isInside(relative, entry); };
+    const auto inside = [&](const std::string& entry) {
+        return Paths::matchedLength(relative, entry).has_value();
+    };
     if (std::any_of(lists.neverInside.begin(), lists.neverInside.end(), inside)) return true;
+    const std::string name = Paths::name(relative);
+    const bool isNamed = std::any_of(
+        lists.neverNamed.begin(), lists.neverNamed.end(),
+        [&](const std::string& pattern) { return Paths::matchedLength(name, pattern) == name.size(); });
+    if (isNamed) return true;
 
     const auto profile = std::find_if(lists.profiles.begin(), lists.profiles.end(), inside);
     if (profile == lists.profiles.end()) return false;
-    const std::string_view part = below(relative, *profile);
+    const auto length = *Paths::matchedLength(relative, *profile);
+    const std::string_view part = below(relative, relative.substr(0, length));
     const auto slash = part.find('/');
     const std::string_view deeper = slash == std::string_view::npos ? "" : part.substr(slash + 1);
     return std::none_of(lists.profileCaches.begin(), lists.profileCaches.end(),

@@ -14,7 +14,8 @@ class SafetyGuard {
   public:
     using Path = std::filesystem::path;
 
-    /// What a home folder of this kind of system holds dear; paths relative to the home.
+    /// What a home folder of this kind of system holds dear; paths relative to the home. In those but
+    /// `neverRemove` and `profileCaches` a part with a "*" stands for any name that it fits.
     struct Lists {
         std::vector<std::string> neverRemove;  // the folder itself stays, what is inside may go
         std::vector<std::string> neverInside;  // neither the folder nor anything in it
@@ -22,6 +23,7 @@ class SafetyGuard {
         std::vector<std::string> profiles;
         /// What may go directly below an entry of `profiles` or below one of its folders; relative paths.
         std::vector<std::string> profileCaches;
+        std::vector<std::string> neverNamed;  // names of what stays wherever it lies in the home
     };
 
     /// The answer: allowed, or refused with a reason in the user's words.

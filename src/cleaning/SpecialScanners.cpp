@@ -1,5 +1,6 @@
 #include "cleaning/SpecialScanners.h"
 
+#include "cleaning/InUse.h"
 #include "cleaning/Scanning.h"
 #include "core/Files.h"
 #include "core/Text.h"
@@ -34,53 +35,71 @@ std::string withoutApp(std::string name) {
 
 }  // namespace
 
-Items appWebCaches(const std::vector<WebCachePlaces>& places, const Path& home,
-                   const std::set<std::string>& runningNames, const SafetyGuard& safety) {
+namespace {
+
+/// Adds the cache of the application `name`. One that is in use is for review.
+void addCache(CleanItem item, const std::string& name, const std::string& phrase, const Search& search,
+              Items& items) {
+    const auto size = worthwhileSize(item.url, search.safety);
+    if (!size) return;
+    item.size = *size;
+    item.note = note(name, phrase);
+    if (InUse::isInUse(item, search.running)) {
+        const bool adds = search.manner.remarks == Manner::Remarks::addToNote;
+        item.risk = Risk::review;
+        item.note = note(adds ? item.note : name, localized("running; quit it first"));
+    }
+    items.push_back(std::move(item));
+}
+
+bool isSkipped(const WebCachePlaces& place, const std::string& name) {
+    if (!place.skippedPrefix.empty() && name.starts_with(place.skippedPrefix)) return true;
+    return std::find(place.skipped.begin(), place.skipped.end(), name) != place.skipped.end();
+}
+
+}  // namespace
+
+Items appWebCaches(const std::vector<WebCachePlaces>& places, const Search& search) {
     Items items;
     for (const WebCachePlaces& place : places) {
-        for (const std::string& name : Files::names(home / place.folder)) {
-            if (!place.skippedPrefix.empty() && name.starts_with(place.skippedPrefix)) continue;
-            if (std::find(place.skipped.begin(), place.skipped.end(), name) != place.skipped.end()) continue;
-            const bool running = runningNames.contains(name);
-            for (const std::string_view cache : webCacheNames) {
-                const Path path = home / place.folder / name / cache;
-                const auto size = worthwhileSize(path, safety);
-                if (!size) continue;
-                items.push_back({
-                    .url = path,
-                    .size = *size,
-                    .category = CleanCategory::appData,
-                    .risk = running ? Risk::review : Risk::safe,
-                    .note = note(name, running ? localized("running; quit it first")
-                                               : localized("rebuilt on next launch")),
-                });
+        for (const Path& application : Files::matching(search.home, place.folders + "/*")) {
+            const std::string name = Paths::name(application);
+            if (isSkipped(place, name)) continue;
+            const Occupants occupants{.identifiers = {}, .names = {name}, .profiles = {application}};
+            for (const std::string& part : place.parts) {
+                for (const Path& folder : Files::matching(application, part)) {
+                    for (const WebCache& cache : place.caches) {
+                        const std::string phrase =
+                            localized(*cache.note == '\0' ? "rebuilt on next launch" : cache.note);
+                        addCache({.url = folder / cache.path,
+                                  .category = CleanCategory::appData,
+                                  .risk = cache.risk,
+                                  .occupants = occupants},
+                                 name, phrase, search, items);
+                    }
+                }
             }
         }
     }
     return items;
 }
 
-Items containerCaches(const std::vector<ContainerPlace>& places, const Path& home,
-                      const std::set<std::string>& runningBundleIDs, bool hasFullDiskAccess,
-                      const ApplicationNames& names, const SafetyGuard& safety) {
+Items containerCaches(const std::vector<ContainerPlace>& places, const Search& search,
+                      const ApplicationNames& names) {
     Items items;
-    if (!hasFullDiskAccess) return items;
     for (const ContainerPlace& place : places) {
-        for (const std::string& container : Files::names(home / place.folder, Files::Hidden::skip)) {
-            const Path path = home / place.folder / container / place.inner;
-            const auto size = worthwhileSize(path, safety);
-            if (!size) continue;
+        const auto& reviewed = place.reviewed;
+        for (const std::string& container : Files::names(search.home / place.folder, Files::Hidden::skip)) {
             const auto shownName = names.displayName(container);
-            const std::string name = shownName ? withoutApp(*shownName) : container;
-            const bool running = runningBundleIDs.contains(container);
-            items.push_back({
-                .url = path,
-                .size = *size,
-                .category = place.category,
-                .risk = running ? Risk::review : Risk::safe,
-                .note = note(name, running ? localized("running; quit it first")
-                                           : localized("rebuilt by the app on demand")),
-            });
+            const bool isReviewed = std::find(reviewed.begin(), reviewed.end(), container) != reviewed.end();
+            addCache({.url = search.home / place.folder / container / place.inner,
+                      .category = CleanCategory::userCaches,
+                      .risk = isReviewed ? Risk::review : Risk::safe,
+                      .occupants = {.identifiers = {container}, .names = {}, .profiles = {}}},
+                     shownName ? withoutApp(*shownName) : container,
+                     isReviewed ? localized("may hold more than can be had again")
+                                : localized("rebuilt by the app on demand"),
+                     search, items);
         }
     }
     return items;

@@ -1,14 +1,16 @@
 #pragma once
 
 #include "cleaning/CleanItem.h"
+#include "cleaning/Manner.h"
 #include "cleaning/SafetyGuard.h"
 #include "core/Instant.h"
+#include "core/Text.h"
 #include "platform/RunningApplications.h"
 #include "platform/Shell.h"
 
 #include <filesystem>
 #include <optional>
-#include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,32 +25,40 @@ inline constexpr std::int64_t leastSize = 65536;
 using Path = std::filesystem::path;
 using Items = std::vector<CleanItem>;
 
-/// Web caches that browser engines leave in an application's folder.
-inline constexpr std::string_view webCacheNames[] = {
-    "Cache",
-    "Code Cache",
-    "GPUCache",
-    "DawnCache",
-    "DawnGraphiteCache",
-    "DawnWebGPUCache",
-    "ShaderCache",
-    "GrShaderCache",
-    "Service Worker/CacheStorage",
-    "Service Worker/ScriptCache",
+/// A folder in an application's data that its browser engine fills, and what its loss costs.
+struct WebCache {
+    std::string_view path;
+    Risk risk = Risk::safe;
+    Text::English note = "";  // empty: it is rebuilt on the next launch
 };
 
-/// Where applications keep their data, and which of them have rows of their own.
+inline constexpr WebCache webCaches[] = {
+    {"Cache"},
+    {"Code Cache"},
+    {"GPUCache"},
+    {"DawnCache"},
+    {"DawnGraphiteCache"},
+    {"DawnWebGPUCache"},
+    {"ShaderCache"},
+    {"GrShaderCache"},
+    {"Service Worker/CacheStorage"},
+    {"Service Worker/ScriptCache"},
+};
+
+/// Where applications keep their data: each entry of a folder that matches `folders` is one's.
 struct WebCachePlaces {
-    Path folder;                       // relative to the home
+    std::string folders;               // relative to the home; parts may hold "*"
     std::string skippedPrefix;         // names that belong to the system; empty for none
     std::vector<std::string> skipped;  // names with catalog rows
+    std::vector<WebCache> caches;
+    std::vector<std::string> parts = {""};  // of an application's data, with caches of its own; patterns
 };
 
 /// One kind of sandbox: every entry of `folder` keeps a cache at `inner`. Relative to the home.
 struct ContainerPlace {
     Path folder;
     Path inner;
-    CleanCategory category = CleanCategory::userCaches;
+    std::vector<std::string> reviewed;  // entries whose cache may hold more than what can be had again
 };
 
 /// A folder of the system, some of whose entries root may remove.
@@ -102,15 +112,31 @@ struct SystemPlaces {
 /// which are also the roots under which the guard admits those.
 using VolumeTrashes = std::vector<Path>;
 
-[[nodiscard]] Items ai(const Path& home, const SafetyGuard& safety, int sessionAgeDays, Instant now);
+/// What an AI tool leaves in a folder of its own. A part of the path with a "*" stands for every name.
+struct AiFolder {
+    std::string_view path;  // relative to the home
+    CleanCategory category = CleanCategory::aiCaches;
+    Risk risk = Risk::safe;
+    Text::English note = "";
+};
 
-[[nodiscard]] Items appWebCaches(const std::vector<WebCachePlaces>& places, const Path& home,
-                                 const std::set<std::string>& runningNames, const SafetyGuard& safety);
+/// What every profile knows of: `ai` adds the folders of its own, whose rows win over these.
+[[nodiscard]] Items ai(const Path& home, const SafetyGuard& safety, int sessionAgeDays, Instant now,
+                       std::span<const AiFolder> folders = {});
 
-/// Empty without full disk access: the system would refuse these reads anyway.
-[[nodiscard]] Items containerCaches(const std::vector<ContainerPlace>& places, const Path& home,
-                                    const std::set<std::string>& runningBundleIDs, bool hasFullDiskAccess,
-                                    const ApplicationNames& names, const SafetyGuard& safety);
+/// What the scanners of a home work with; guard and applications are borrowed.
+struct Search {
+    Path home;
+    const SafetyGuard& safety;
+    const RunningApplications& running;
+    Manner manner;
+};
+
+[[nodiscard]] Items appWebCaches(const std::vector<WebCachePlaces>& places, const Search& search);
+
+/// Needs full disk access where the system hides containers.
+[[nodiscard]] Items containerCaches(const std::vector<ContainerPlace>& places, const Search& search,
+                                    const ApplicationNames& names);
 
 [[nodiscard]] Items oldEditorExtensions(const Path& home, const SafetyGuard& safety);
 

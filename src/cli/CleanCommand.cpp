@@ -60,6 +60,7 @@ class CleanRun {
     [[nodiscard]] bool isPreview() const { return options_.dryRun || session_.preferences().dryRun; }
     [[nodiscard]] Items choose();
     [[nodiscard]] bool agreed(const Items& chosen);
+    [[nodiscard]] Cleaner::Tools cleanerTools();
     [[nodiscard]] CleanReport remove(const Items& chosen, const Finder& finder, bool preview);
     void print(const CleanReport& report);
     void printNothing();
@@ -121,15 +122,16 @@ bool CleanRun::agreed(const Items& chosen) {
                                     byteCount(Selection::size(chosen))));
 }
 
+/// Programs that the command line calls running keep their items on this family of systems, too.
+Cleaner::Tools CleanRun::cleanerTools() {
+    Cleaner::Tools tools = tools_.cleaner(session_.profile());
+    if (options_.finder.running.empty() || session_.profile().family != Profile::Family::linux) return tools;
+    tools.running = [this] { return options_.finder.withNamed(tools_.running()); };
+    return tools;
+}
+
 CleanReport CleanRun::remove(const Items& chosen, const Finder& finder, bool preview) {
-    const Cleaner cleaner({
-        .access = systemFolderAccess(),
-        .trash = tools_.trash(),
-        .administrator = tools_.administrator(),
-        .systemRoots = session_.profile().scan.system.roots,
-        .history = session_.places().history(),
-        .now = [] { return Instant(std::chrono::system_clock::now()); },
-    });
+    const Cleaner cleaner(cleanerTools());
     const Cleaner::Options options = {
         .dryRun = preview,
         .alwaysTrash = options_.alwaysTrash || session_.preferences().alwaysTrash,

@@ -74,6 +74,15 @@ void FinderOptions::addTo(CLI::App& command) {
         ->check(refuseUnnamedProgram);
 }
 
+RunningApplications FinderOptions::withNamed(RunningApplications applications) const {
+    for (const std::string& program : running) {
+        const auto equals = program.find('=');
+        applications.bundleIDs.insert(program.substr(0, equals));
+        applications.names.insert(program.substr(equals + 1));
+    }
+    return applications;
+}
+
 Finder::Finder(const Session& session, const SystemTools& tools, const FinderOptions& options)
     : session_(session),
       tools_(tools),
@@ -113,12 +122,7 @@ Finder::Items Finder::itemsOfMode(Console& console) const {
 }
 
 Finder::Items Finder::junk(Console& console) const {
-    RunningApplications running = tools_.running();
-    for (const std::string& program : options_.running) {
-        const auto equals = program.find('=');
-        running.bundleIDs.insert(program.substr(0, equals));
-        running.names.insert(program.substr(equals + 1));
-    }
+    RunningApplications running = options_.withNamed(tools_.running());
     std::set<CleanCategory> categories = JunkScanner::systemCategories();
     if (!options_.categories.empty()) {
         const auto wanted = asked(options_.categories);

@@ -26,6 +26,8 @@ struct FinderOptions {
     std::vector<std::string> projectRoots;  // the preference and what is discovered when empty
     std::vector<std::string> running;       // "identifier=name"
 
+    /// `running` with the programs of the option of that name.
+    [[nodiscard]] RunningApplications withNamed(RunningApplications applications) const;
     /// Adds the mode and the options to a command.
     void addTo(CLI::App& command);
 };

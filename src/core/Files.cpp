@@ -1,6 +1,7 @@
 #include "core/Files.h"
 
 #include "core/FileHandle.h"
+#include "core/Paths.h"
 
 #include <algorithm>
 #include <array>
@@ -9,6 +10,7 @@
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
+#include <fnmatch.h>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -61,8 +63,7 @@ bool isRegular(const Path& path) {
 std::optional<Instant> modificationDate(const Path& path) {
     const auto status = facts(path);
     if (!status) return std::nullopt;
-    return Instant(std::chrono::seconds(status->st_mtim.tv_sec) +
-                   std::chrono::nanoseconds(status->st_mtim.tv_nsec));
+    return instantOf(status->st_mtim.tv_sec, status->st_mtim.tv_nsec);
 }
 
 std::optional<std::pair<dev_t, ino_t>> identifier(const Path& path) {
@@ -83,6 +84,32 @@ std::vector<std::string> names(const Path& folder, Hidden hidden) {
     }
     std::sort(found.begin(), found.end());
     return found;
+}
+
+std::vector<Path> matching(const Path& folder, std::string_view pattern) {
+    std::vector<Path> found{folder};
+    for (const std::string& part : Paths::components(pattern)) {
+        std::vector<Path> deeper;
+        for (const Path& here : found) {
+            if (part.find('*') == std::string::npos) {
+                if (identifier(here / part)) deeper.push_back(here / part);
+                continue;
+            }
+            for (const std::string& name : names(here)) {
+                if (::fnmatch(part.c_str(), name.c_str(), 0) == 0) deeper.push_back(here / name);
+            }
+        }
+        found = std::move(deeper);
+    }
+    return found;
+}
+
+bool beginsWith(const Path& file, std::string_view text) {
+    if (!isRegular(file)) return false;
+    const FileHandle handle(::open(file.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    std::string begin(text.size(), '\0');
+    return handle && ::read(handle.get(), begin.data(), begin.size()) == static_cast<ssize_t>(text.size()) &&
+           begin == text;
 }
 
 tl::expected<std::string, std::error_code> read(const Path& file) {

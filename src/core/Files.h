@@ -38,6 +38,14 @@ enum class Hidden { include, skip };
 /// The names in a folder in ascending byte order, "." and ".." left out. Empty when it cannot be listed.
 [[nodiscard]] std::vector<std::string> names(const Path& folder, Hidden hidden = Hidden::include);
 
+/// The paths below `folder` that exist and match `pattern`, ascending. Each part of the pattern that holds a
+/// "*" stands for every name that it fits as fnmatch(3) has it, hidden ones too; the others stand as they
+/// are.
+[[nodiscard]] std::vector<Path> matching(const Path& folder, std::string_view pattern);
+
+/// Whether `file` is a regular file that begins with `text`.
+[[nodiscard]] bool beginsWith(const Path& file, std::string_view text);
+
 /// The whole content of a file. The error is the system's, as `errno` gives it.
 [[nodiscard]] tl::expected<std::string, std::error_code> read(const Path& file);
 

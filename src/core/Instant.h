@@ -1,6 +1,8 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
+#include <limits>
 
 namespace tavrel {
 
@@ -13,5 +15,15 @@ using Days = std::chrono::duration<std::int64_t, std::ratio<86400>>;
 inline constexpr Instant distantPast = Instant::min();
 /// After any file that exists: what stands in for a date that cannot be read where "new" is the answer.
 inline constexpr Instant distantFuture = Instant::max();
+
+/// The moment that a file system notes as seconds since 1970 and nanoseconds below a second. Outside of what
+/// an `Instant` can hold (the years 1678 to 2262) it is the nearest end of that range.
+[[nodiscard]] constexpr Instant instantOf(std::int64_t seconds, std::int64_t nanoseconds) {
+    constexpr std::int64_t unit = 1'000'000'000;
+    constexpr std::int64_t farthest = std::numeric_limits<std::int64_t>::max() / unit - 1;
+    if (seconds > farthest) return distantFuture;
+    if (seconds < -farthest) return distantPast;
+    return Instant(std::chrono::nanoseconds(seconds * unit + nanoseconds));
+}
 
 }  // namespace tavrel

@@ -1,5 +1,6 @@
 #include "core/Paths.h"
 
+#include <fnmatch.h>
 #include <system_error>
 
 namespace tavrel::Paths {
@@ -40,6 +41,23 @@ bool isInside(std::string_view path, std::string_view root) {
     if (path == root) return true;
     if (!path.starts_with(root)) return false;
     return root.ends_with('/') || path[root.size()] == '/';
+}
+
+std::optional<std::size_t> matchedLength(std::string_view path, std::string_view root) {
+    const auto star = root.find('*');
+    if (star == std::string_view::npos)
+        return isInside(path, root) ? std::optional(root.size()) : std::nullopt;
+    const auto plain = root.substr(0, root.rfind('/', star) + 1);  // 0 where no slash stands before
+    if (!path.starts_with(plain)) return std::nullopt;
+    std::size_t at = 0;
+    for (const std::string& part : components(root)) {
+        if (at >= path.size()) return std::nullopt;
+        const std::string name(path.substr(at, path.find('/', at) - at));
+        const bool isPattern = part.find('*') != std::string::npos;
+        if (isPattern ? ::fnmatch(part.c_str(), name.c_str(), 0) != 0 : part != name) return std::nullopt;
+        at += name.size() + 1;
+    }
+    return at - 1;
 }
 
 Path expandingTilde(std::string_view text, const Path& home) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +19,11 @@ using Path = std::filesystem::path;
 
 /// Whether `path` is `root` itself or lies below it. Text only: "/a/bc" is not inside "/a/b".
 [[nodiscard]] bool isInside(std::string_view path, std::string_view root);
+
+/// How many bytes at the start of `path` the pattern `root` stands for: up to the end of the entry that it
+/// matches. A part of the pattern with a "*" fits any one name as fnmatch(3) has it. Nothing when `path` is
+/// not inside.
+[[nodiscard]] std::optional<std::size_t> matchedLength(std::string_view path, std::string_view root);
 
 /// `text` with a leading "~" or "~/" replaced by `home`; anything else unchanged.
 [[nodiscard]] Path expandingTilde(std::string_view text, const Path& home);

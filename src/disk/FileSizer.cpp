@@ -3,6 +3,7 @@
 #include "core/CheckedSum.h"
 #include "disk/TreeWalk.h"
 
+#include <algorithm>
 #include <sys/stat.h>
 
 namespace tavrel::FileSizer {
@@ -15,14 +16,16 @@ class ContentSum final : public Survey {
   public:
     void take(const FolderEntry& entry, std::uint64_t /*ordinal*/, Haul& haul) const override {
         if (entry.kind != FolderEntry::Kind::link) haul.bytes = addBytes(haul.bytes, entry.allocated);
+        haul.newest = std::max(haul.newest, entry.modified);
     }
     void gather(const std::shared_ptr<WalkFolder>& /*folder*/, Haul haul, std::size_t /*toCome*/) override {
-        bytes_ = addBytes(bytes_, haul.bytes);
+        found_.size = addBytes(found_.size, haul.bytes);
+        found_.newest = std::max(found_.newest, haul.newest);
     }
-    [[nodiscard]] std::int64_t bytes() const { return bytes_; }
+    [[nodiscard]] const Measure& found() const { return found_; }
 
   private:
-    std::int64_t bytes_ = 0;
+    Measure found_;
 };
 
 /// With a slash behind it the name of a link would stand for what it points to.
@@ -33,14 +36,20 @@ std::filesystem::path withoutSlashBehind(const std::filesystem::path& path) {
 }  // namespace
 
 std::int64_t size(const std::filesystem::path& of) {
+    return measure(of).size;
+}
+
+Measure measure(const std::filesystem::path& of) {
     const std::filesystem::path path = withoutSlashBehind(of);
     struct stat status {};
-    if (::lstat(path.c_str(), &status) != 0 || S_ISLNK(status.st_mode)) return 0;
-    if (!S_ISDIR(status.st_mode)) return status.st_blocks * blockSize;
+    if (::lstat(path.c_str(), &status) != 0) return {};
+    const Instant own = instantOf(status.st_mtim.tv_sec, status.st_mtim.tv_nsec);
+    if (S_ISLNK(status.st_mode)) return {.size = 0, .newest = own};
+    if (!S_ISDIR(status.st_mode)) return {.size = status.st_blocks * blockSize, .newest = own};
 
     ContentSum sum;
     walkTree(path, sum);
-    return sum.bytes();
+    return {.size = sum.found().size, .newest = std::max(own, sum.found().newest)};
 }
 
 }  // namespace tavrel::FileSizer

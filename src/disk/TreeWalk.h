@@ -26,6 +26,7 @@ struct Find {
 struct Haul {
     std::int64_t bytes = 0;
     std::int64_t files = 0;
+    Instant newest = distantPast;  // date of what is no folder
     std::vector<Find> finds;
 };
 

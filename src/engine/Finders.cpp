@@ -47,8 +47,7 @@ Finders::Items Finders::junk(const std::set<CleanCategory>& categories, RunningA
         .root = places.root(),
         .home = places.home(),
         .safety = guard,
-        .runningBundleIDs = std::move(running.bundleIDs),
-        .runningNames = std::move(running.names),
+        .running = std::move(running),
         .ownBundleID = Identity::bundleID,
         .hasFullDiskAccess = Permissions::hasFullDiskAccess(places.home(), profile_.fullDiskAccessProbes),
         .now = now,
@@ -57,7 +56,7 @@ Finders::Items Finders::junk(const std::set<CleanCategory>& categories, RunningA
 }
 
 Finders::Items Finders::ai(int ageDays, const SafetyGuard& guard, Instant now) const {
-    return SpecialScanners::ai(profile_.places.home(), guard, ageDays, now);
+    return SpecialScanners::ai(profile_.places.home(), guard, ageDays, now, profile_.aiFolders);
 }
 
 Finders::Items Finders::projects(const std::vector<Path>& roots, int staleDays, const SafetyGuard& guard,
@@ -69,7 +68,7 @@ Finders::Items Finders::installers(const SafetyGuard& guard, Instant now) const 
     const Places& places = profile_.places;
     return InstallerFinder::scan(profile_.installers,
                                  {places.downloads(), places.desktop(), places.documents()}, guard,
-                                 recentInstallerDays, now);
+                                 tools_.names(), recentInstallerDays, now);
 }
 
 std::vector<Finders::Path> Finders::projectRoots(const PreferenceValues& preferences) const {

@@ -10,6 +10,7 @@
 #include "platform/posix/NoCommands.h"
 #include "platform/posix/PosixShell.h"
 
+#include <chrono>
 #include <unistd.h>
 
 namespace tavrel {
@@ -70,6 +71,20 @@ SystemTools::SystemTools(const Profile& profile, PosixShell::Terminal prompting)
 RunningApplications SystemTools::running() const {
     if (!isRunningSystem_) return {};
     return runningApplications("/proc", applicationFolders_);
+}
+
+Cleaner::Tools SystemTools::cleaner(const Profile& profile) {
+    Cleaner::Tools tools{
+        .access = systemFolderAccess(),
+        .trash = *trash_,
+        .administrator = *administrator_,
+        .systemRoots = profile.scan.system.roots,
+        .history = profile.places.history(),
+        .now = [] { return Instant(std::chrono::system_clock::now()); },
+    };
+    if (isRunningSystem_ && profile.family == Profile::Family::linux)
+        tools.running = [this] { return running(); };
+    return tools;
 }
 
 }  // namespace tavrel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cleaning/Cleaner.h"
 #include "cleaning/Trash.h"
 #include "platform/Administrator.h"
 #include "platform/RunningApplications.h"
@@ -25,6 +26,9 @@ class SystemTools {
     [[nodiscard]] Trash& trash() { return *trash_; }
     [[nodiscard]] const ApplicationNames& names() const { return *names_; }
     [[nodiscard]] RunningApplications running() const;
+    /// What a cleaner of this profile works with; borrowed from here. Where the programs of the profile
+    /// cannot be running nothing asks for them.
+    [[nodiscard]] Cleaner::Tools cleaner(const Profile& profile);
 
   private:
     bool isRunningSystem_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Instant.h"
+
 #include <cstdint>
 #include <functional>
 #include <string_view>
@@ -18,6 +20,7 @@ struct FolderEntry {
     ino_t inode = 0;
     nlink_t links = 0;
     std::int64_t allocated = 0;  // bytes: blocks of 512 as the file's metadata reports them
+    Instant modified = distantPast;
 };
 
 /// The kind that the type bits of a mode stand for.

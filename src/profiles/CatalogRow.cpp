@@ -1,28 +1,29 @@
 #include "profiles/CatalogRow.h"
 
-#include <set>
 #include <string>
+#include <vector>
 
 namespace tavrel {
 
 namespace {
 
-std::set<std::string> words(std::string_view text) {
-    std::set<std::string> found;
+std::vector<std::string> words(std::string_view text) {
+    std::vector<std::string> found;
     while (!text.empty()) {
         const auto blank = text.find(' ');
-        found.emplace(text.substr(0, blank));
+        found.emplace_back(text.substr(0, blank));
         text.remove_prefix(blank == std::string_view::npos ? text.size() : blank + 1);
     }
     return found;
 }
 
 CleanRule::Mode modeOf(const CatalogRow& row) {
+    const auto extensions = words(row.extra.extensions);
     switch (row.mode) {
         case CatalogRow::Mode::children:
             return CleanRule::Mode::children();
         case CatalogRow::Mode::files:
-            return CleanRule::Mode::files(words(row.extra.extensions));
+            return CleanRule::Mode::files({extensions.begin(), extensions.end()});
         case CatalogRow::Mode::whole:
             break;
     }
@@ -44,7 +45,13 @@ std::vector<CleanRule> rulesOf(std::span<const CatalogRow> rows) {
             .minAgeDays = row.extra.minAgeDays,
             .permanent = row.extra.permanent,
             .reviewWithinDays = row.extra.reviewWithinDays,
-            .owner = std::string(row.extra.owner),
+            .magic = std::string(row.extra.magic),
+            .leastSize = row.extra.leastSize,
+            .toTrash = row.extra.toTrash,
+            .owners = words(row.extra.owners),
+            .profiles = words(row.extra.profiles),
+            .keeps = words(row.extra.keeps),
+            .onlyOfInstalled = row.extra.onlyOfInstalled,
         });
     }
     return rules;

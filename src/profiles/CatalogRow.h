@@ -3,6 +3,7 @@
 #include "cleaning/CleanRule.h"
 #include "core/Text.h"
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -19,7 +20,13 @@ struct CatalogRow {
         int minAgeDays = 0;
         bool permanent = false;
         int reviewWithinDays = 0;
-        std::string_view owner;
+        std::string_view owners = {};    // separated by blanks
+        std::string_view profiles = {};  // the same
+        std::string_view keeps = {};     // the same
+        std::string_view magic = {};
+        std::int64_t leastSize = 65536;
+        bool toTrash = false;
+        bool onlyOfInstalled = false;
     };
 
     std::string_view path;

@@ -31,6 +31,7 @@ struct Profile {
     Catalog catalog;
     JunkScanner::Tables scan;  // its rules are the catalog's
     InstallerFinder::Tables installers;
+    std::vector<SpecialScanners::AiFolder> aiFolders = {};  // beside those that every system has
     SafetyGuard::Lists guardLists;
     ProcessNotes processNotes;
     std::vector<std::string_view> fullDiskAccessProbes;

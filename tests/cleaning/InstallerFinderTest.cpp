@@ -14,7 +14,8 @@ TEST(InstallerFinderTest, FindsInstallersNearTheTopAndJudgesThemByAge) {
     const std::vector roots = {profile.places.downloads(), profile.places.desktop(),
                                profile.places.documents()};
     const auto scan = [&](const SafetyGuard& guard) {
-        return InstallerFinder::scan(profile.installers, roots, guard, 7, testing::now());
+        return InstallerFinder::scan(profile.installers, roots, guard, testing::NoApplications(), 7,
+                                     testing::now());
     };
     const char* system = R"(
         /Applications/Install macOS Sonoma.app/ | 9000 | 0 | safe | macOS installer app; download it again from the App Store if ever needed

@@ -45,7 +45,7 @@ TEST_F(JunkScannerTest, LeavesAChildThatIsOrHoldsAnotherRulesRootToThatRule) {
 }
 
 TEST_F(JunkScannerTest, WhatRunsIsForReviewAndTheProgramsOwnCacheIsNeverOffered) {
-    context.runningBundleIDs = {"org.running", "com.apple.dock"};
+    context.running.bundleIDs = {"org.running", "com.apple.dock"};
     context.ownBundleID = "com.quennith.tavrel";
     expect({userCaches, logs}, R"(
         ~/Library/Caches/com.quennith.tavrel/ | 70000
@@ -79,7 +79,7 @@ TEST_F(JunkScannerTest, GivesEachPathOnceLargestFirst) {
     mac.folder("~/Library/Application Support/Slack/Cache", 1, 90000);
     mac.folder("~/Library/Containers/org.app/Data/Library/Caches", 1, 300000);
     mac.folder("~/Library/Caches/one", 1, 200000);
-    context.runningNames = {"Slack"};
+    context.running.names = {"Slack"};
     const auto items = scan(JunkScanner::systemCategories());
     ASSERT_EQ(items.size(), 3U);
     EXPECT_TRUE(std::is_sorted(items.begin(), items.end(), [](auto& a, auto& b) { return a.size > b.size; }));

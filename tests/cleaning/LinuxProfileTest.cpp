@@ -20,12 +20,13 @@ class LinuxProfileTest : public ::testing::Test {
 
     std::vector<CleanItem> scan(std::set<std::string> running = {}) const {
         const Profile made = profile();
-        const JunkScanner::Context context{.root = disk.root(),
-                                           .home = made.places.home(),
-                                           .safety = made.safetyGuard(PreferenceValues(), {}),
-                                           .runningBundleIDs = std::move(running),
-                                           .hasFullDiskAccess = true,
-                                           .now = testing::now()};
+        const JunkScanner::Context context{
+            .root = disk.root(),
+            .home = made.places.home(),
+            .safety = made.safetyGuard(PreferenceValues(), {}),
+            .running = {.bundleIDs = std::move(running), .names = {}, .files = {}},
+            .hasFullDiskAccess = true,
+            .now = testing::now()};
         return testing::systemScan(made, context, JunkScanner::systemCategories());
     }
 

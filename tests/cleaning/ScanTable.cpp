@@ -39,13 +39,9 @@ void expectScan(const sample::SampleMac& mac, const std::string& table,
 }
 
 std::vector<CleanItem> systemScan(const Profile& profile, const JunkScanner::Context& context,
-                                  const std::set<CleanCategory>& categories) {
-    struct NoNames : ApplicationNames {
-        [[nodiscard]] std::optional<std::string> displayName(const std::string&) const override { return {}; }
-    };
+                                  const std::set<CleanCategory>& categories, const ApplicationNames& names) {
     NoCommands noTools;
-    const NoNames noNames;
-    return JunkScanner(profile.scan, noTools, noNames).scan(categories, context, [](CleanCategory) {});
+    return JunkScanner(profile.scan, noTools, names).scan(categories, context, [](CleanCategory) {});
 }
 
 }  // namespace tavrel::testing

@@ -17,9 +17,17 @@ namespace tavrel::testing {
 void expectScan(const sample::SampleMac& mac, const std::string& table,
                 const std::function<std::vector<CleanItem>()>& scan);
 
+/// Applications of a machine that has none.
+struct NoApplications : ApplicationNames {
+    [[nodiscard]] std::optional<std::string> displayName(const std::string& /*id*/) const override {
+        return {};
+    }
+};
+
 /// What the scanner of the system finds on a disk whose machine does not run: no tool answers, no application
 /// is known.
 [[nodiscard]] std::vector<CleanItem> systemScan(const Profile& profile, const JunkScanner::Context& context,
-                                                const std::set<CleanCategory>& categories);
+                                                const std::set<CleanCategory>& categories,
+                                                const ApplicationNames& names = NoApplications());
 
 }  // namespace tavrel::testing

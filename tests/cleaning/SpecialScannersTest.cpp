@@ -25,6 +25,10 @@ class SpecialScannersTest : public ::testing::Test {
         return SpecialScanners::ai(mac.home(), mac.guard(), sessionAgeDays, testing::now());
     }
 
+    SpecialScanners::Search search(const RunningApplications& running) const {
+        return {mac.home(), guard, running, {}};
+    }
+
     std::vector<CleanItem> system(Shell& shell) const {
         const auto places = mac.profile().scan.system;
         return SpecialScanners::systemData(places, shell, mac.guard().withRoots(places.roots),
@@ -33,6 +37,7 @@ class SpecialScannersTest : public ::testing::Test {
 
     Sandbox disk;
     SampleMac mac{disk.root()};
+    SafetyGuard guard = mac.guard();
 };
 
 TEST_F(SpecialScannersTest, EditorExtensionsAreComparedByNumberWithinOneFolder) {
@@ -56,10 +61,7 @@ TEST_F(SpecialScannersTest, WebCachesBelongToApplicationsThatHaveNoRows) {
         ~/Library/Application Support/Code/Cache/                        | 70000
         ~/Library/Application Support/com.apple.x/Cache/                 | 70000
         ~/Library/Application Support/Small/Cache/                       | 60000)",
-           [&] {
-               return SpecialScanners::appWebCaches(mac.profile().scan.webCaches, mac.home(), {},
-                                                    mac.guard());
-           });
+           [&] { return SpecialScanners::appWebCaches(mac.profile().scan.webCaches, search({})); });
 }
 
 TEST_F(SpecialScannersTest, ContainersAreNamedAsPeopleKnowThem) {
@@ -74,8 +76,8 @@ TEST_F(SpecialScannersTest, ContainersAreNamedAsPeopleKnowThem) {
         ~/Library/Containers/com.apple.Notes/Data/Library/Caches/   | 70000 | | review | Notes · running; quit it first
         ~/Library/Containers/.hidden/Data/Library/Caches/           | 70000)",
            [&] {
-               return SpecialScanners::containerCaches(mac.profile().scan.containers, mac.home(),
-                                                       {"com.apple.Notes"}, true, Names(), mac.guard());
+               return SpecialScanners::containerCaches(mac.profile().scan.containers,
+                                                       search({.bundleIDs = {"com.apple.Notes"}}), Names());
            });
 }
 

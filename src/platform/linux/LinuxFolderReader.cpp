@@ -15,7 +15,7 @@ constexpr std::int64_t blockSize = 512;     // the unit of stx_blocks
 
 /// Attributes that a network file system has at hand are good enough: no round trip for each file.
 constexpr int statFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
-constexpr unsigned wanted = STATX_TYPE | STATX_NLINK | STATX_INO | STATX_BLOCKS;
+constexpr unsigned wanted = STATX_TYPE | STATX_NLINK | STATX_INO | STATX_BLOCKS | STATX_MTIME;
 
 FolderEntry describe(int folder, const dirent64& found) {
     FolderEntry entry{.name = static_cast<const char*>(found.d_name)};
@@ -33,6 +33,7 @@ FolderEntry describe(int folder, const dirent64& found) {
     entry.inode = status.stx_ino;
     entry.links = status.stx_nlink;
     entry.allocated = static_cast<std::int64_t>(status.stx_blocks) * blockSize;
+    entry.modified = instantOf(status.stx_mtime.tv_sec, status.stx_mtime.tv_nsec);
     return entry;
 }
 

@@ -1,8 +1,10 @@
 #include "platform/linux/LinuxRunningApplications.h"
 
 #include "core/Files.h"
+#include "core/Paths.h"
 #include "core/Text.h"
 #include "platform/linux/DesktopEntries.h"
+#include "platform/linux/RunningProcess.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -51,35 +53,31 @@ std::vector<Application> installedApplications(const std::vector<fs::path>& fold
     return found;
 }
 
-/// Under what names one process may be known; either may be empty.
-struct Process {
-    std::string executable;
-    std::string ownName;
-};
-
-std::string executableName(const fs::path& process) {
-    constexpr std::string_view replaced = " (deleted)";  // an update took the file's place meanwhile
-    std::error_code error;
-    std::string name = fs::read_symlink(process / "exe", error).filename().native();
-    if (name.ends_with(replaced)) name.resize(name.size() - replaced.size());
-    return name;
-}
-
-std::vector<Process> processes(const fs::path& procRoot) {
+/// The processes of this user, for root those of all; nothing when they cannot be listed.
+std::optional<std::vector<RunningProcess>> processes(const fs::path& procRoot) {
     const uid_t user = ::geteuid();
-    std::vector<Process> found;
-    for (const std::string& name : Files::names(procRoot)) {
+    std::vector<RunningProcess> found;
+    const auto names = Files::names(procRoot);
+    const std::string self = std::to_string(::getpid());
+    for (const std::string& name : names) {
         if (name.find_first_not_of("0123456789") != std::string::npos) continue;
         struct stat status {};
         const fs::path process = procRoot / name;
         if (::stat(process.c_str(), &status) != 0 || (user != 0 && status.st_uid != user)) continue;
-        found.push_back({executableName(process), Text::trimmed(Files::read(process / "comm").value_or(""))});
+        found.push_back(RunningProcess::read(process));
+        // This program opens folders only to look at them.
+        if (name == self) found.back().files.clear();
     }
-    return found;
+    return names.empty() ? std::nullopt : std::optional(std::move(found));
 }
 
 void insertUnlessEmpty(std::set<std::string>& texts, const std::string& text) {
     if (!text.empty()) texts.insert(text);
+}
+
+/// "Signal" of "org.signal.Signal".
+std::string lastPart(const std::string& identifier) {
+    return identifier.substr(identifier.rfind('.') + 1);
 }
 
 bool runs(const Application& application, const RunningApplications& running) {
@@ -112,10 +110,13 @@ std::vector<fs::path> applicationFolders(const fs::path& home) {
 RunningApplications runningApplications(const fs::path& procRoot,
                                         const std::vector<fs::path>& applicationFolders) {
     RunningApplications running;
-    for (const Process& process : processes(procRoot)) {
+    const auto listed = processes(procRoot);
+    if (!listed) return {.bundleIDs = {}, .names = {}, .files = {}, .complete = false};
+    for (const RunningProcess& process : *listed) {
         insertUnlessEmpty(running.bundleIDs, process.executable);
-        insertUnlessEmpty(running.bundleIDs, process.ownName);
         insertUnlessEmpty(running.names, process.executable);
+        running.bundleIDs.insert(process.names.begin(), process.names.end());
+        for (const fs::path& file : process.files) running.files.insert(file.native());
     }
     RunningApplications entries;
     for (const Application& application : installedApplications(applicationFolders)) {
@@ -128,14 +129,37 @@ RunningApplications runningApplications(const fs::path& procRoot,
     return running;
 }
 
-std::optional<std::string> DesktopNames::displayName(const std::string& bundleID) const {
+const DesktopNames::Installed& DesktopNames::installed() const {
     std::call_once(read_, [this] {
-        for (const Application& application : installedApplications(folders_)) {
-            if (!application.name.empty()) names_.emplace(application.identifier, application.name);
+        for (const InstalledEntry& each : installedEntries(folders_)) {
+            const auto command = each.entry.command();
+            const std::string name = each.entry.value("Name").value_or("");
+            if (!name.empty()) installed_.names.emplace(each.identifier, name);
+            insertUnlessEmpty(installed_.known, Text::lowercased(each.identifier));
+            insertUnlessEmpty(installed_.known, Text::lowercased(lastPart(each.identifier)));
+            insertUnlessEmpty(installed_.known, Text::lowercased(programOf(command)));
+            for (const std::string& word : command) {
+                if (word.starts_with('/')) installed_.started.insert(Paths::resolved(word).native());
+            }
+            if (const auto tried = each.entry.value("TryExec"); tried && tried->starts_with('/'))
+                installed_.started.insert(Paths::resolved(*tried).native());
         }
     });
-    const auto found = names_.find(bundleID);
-    return found == names_.end() ? std::nullopt : std::optional(found->second);
+    return installed_;
+}
+
+std::optional<std::string> DesktopNames::displayName(const std::string& bundleID) const {
+    const auto& names = installed().names;
+    const auto found = names.find(bundleID);
+    return found == names.end() ? std::nullopt : std::optional(found->second);
+}
+
+bool DesktopNames::isInstalled(const std::string& name) const {
+    return installed().known.contains(Text::lowercased(name));
+}
+
+bool DesktopNames::isStarted(const fs::path& file) const {
+    return installed().started.contains(Paths::resolved(file).native());
 }
 
 }  // namespace tavrel

@@ -36,6 +36,7 @@ FolderEntry describe(int folder, const char* name) {
     entry.inode = status.st_ino;
     entry.links = status.st_nlink;
     entry.allocated = status.st_blocks * blockSize;
+    entry.modified = instantOf(status.st_mtim.tv_sec, status.st_mtim.tv_nsec);
     return entry;
 }
 

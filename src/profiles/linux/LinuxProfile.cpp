@@ -28,17 +28,20 @@ Linux::UserDirs userDirs(const Path& home, const Path& config) {
 JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
     JunkScanner::Tables tables{
         .rules = catalog.rules(),
-        .webCaches = {{.folder = ".config", .skipped = {std::begin(editorNames), std::end(editorNames)}}},
-        .containers = {{.folder = ".var/app", .inner = "cache"},
-                       {.folder = "snap", .inner = "common/.cache"},
-                       {.folder = ".local/state", .inner = "log", .category = CleanCategory::logs},
-                       {.folder = ".local/state", .inner = "logs", .category = CleanCategory::logs}},
+        .manner = {.age = Manner::Age::newestInside, .remarks = Manner::Remarks::addToNote},
+        .webCaches = Linux::webCachePlaces(),
+        .containers = {{.folder = ".var/app",
+                        .inner = "cache",
+                        .reviewed = {"org.gnome.Evolution", "org.keepassxc.KeePassXC", "org.rclone.Rclone"}},
+                       {.folder = "snap", .inner = "common/.cache", .reviewed = {"keepassxc"}}},
         .system = Linux::systemPlaces(places),
         .versioned = {{.parentSuffix = "JetBrains",
                        .key = JunkScanner::Tables::Versioned::Key::letters,
                        .newestNote =
                            Text::localized("Newest version of this IDE; rebuilt slowly on next open"),
-                       .olderNote = Text::localized("Older version of an IDE that has a newer one")}},
+                       .olderNote = Text::localized(
+                           "Older version of an IDE that has a newer one; its local history goes too"),
+                       .olderRisk = Risk::review}},
     };
     if (places.isRunningSystem()) {
         tables.volumeTrashes =
@@ -92,10 +95,8 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
         .places = places,
         .catalog = std::move(catalog),
         .scan = std::move(tables),
-        .installers = {.extensions = {"dmg", "pkg", "mpkg", "xip", "iso", "deb", "rpm", "appimage", "run",
-                                      "flatpakref", "snap"},
-                       .packages = {"app"},
-                       .applications = places.applications()},
+        .installers = Linux::installers(places),
+        .aiFolders = Linux::aiFolders(),
         .guardLists = Linux::guardLists(dirs, data / "Trash"),
         .processNotes = Linux::processNotes(),
         .trashLayout = Profile::TrashLayout::freedesktop,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaning/Catalog.h"
+#include "cleaning/InstallerFinder.h"
 #include "cleaning/SafetyGuard.h"
 #include "cleaning/SpecialScanners.h"
 #include "core/Places.h"
@@ -12,6 +13,15 @@ namespace tavrel::Linux {
 /// Where junk collects in a Linux home. Both folders are relative to it.
 [[nodiscard]] Catalog catalog(const std::filesystem::path& downloadsFolder,
                               const std::filesystem::path& trashFolder);
+
+/// Where applications keep the caches of their browser engine, browsers in sandboxes included.
+[[nodiscard]] std::vector<SpecialScanners::WebCachePlaces> webCachePlaces();
+
+/// What AI tools leave, beside what they leave on every system; a stricter view of some of that.
+[[nodiscard]] std::vector<SpecialScanners::AiFolder> aiFolders();
+
+/// What packages, images and archives with tools are called here.
+[[nodiscard]] InstallerFinder::Tables installers(const Places& places);
 
 /// What a Linux home holds dear. Every folder that holds something personal stays as well.
 [[nodiscard]] SafetyGuard::Lists guardLists(const UserDirs& dirs, const std::filesystem::path& trashFolder);

@@ -101,9 +101,11 @@ JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
     return {
         .rules = catalog.rules(),
         .systemCachePrefix = "com.apple.",
-        .webCaches = {{.folder = "Library/Application Support",
+        .webCaches = {{.folders = "Library/Application Support",
                        .skippedPrefix = "com.apple.",
-                       .skipped = {std::begin(editorNames), std::end(editorNames)}}},
+                       .skipped = {std::begin(editorNames), std::end(editorNames)},
+                       .caches = {std::begin(SpecialScanners::webCaches),
+                                  std::end(SpecialScanners::webCaches)}}},
         .containers = {{.folder = "Library/Containers", .inner = "Data/Library/Caches"}},
         .system = systemPlaces(places),
         .versioned = {{.parentSuffix = "DeviceSupport",

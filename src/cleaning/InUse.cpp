@@ -1,0 +1,36 @@
+#include "cleaning/InUse.h"
+
+#include "core/Text.h"
+#include "platform/posix/ProfileLock.h"
+
+#include <algorithm>
+
+namespace tavrel::InUse {
+
+namespace {
+
+bool anyOf(const std::vector<std::string>& wanted, const std::set<std::string>& running) {
+    return std::any_of(wanted.begin(), wanted.end(), [&](const std::string& name) {
+        if (running.contains(name)) return true;
+        const std::string lower = Text::lowercased(name);
+        return std::any_of(running.begin(), running.end(),
+                           [&](const std::string& other) { return Text::lowercased(other) == lower; });
+    });
+}
+
+}  // namespace
+
+bool isInUse(const CleanItem& item, const RunningApplications& running) {
+    if (!running.complete || running.use(item.url)) return true;
+    const Occupants& occupants = item.occupants;
+    if (anyOf(occupants.identifiers, running.bundleIDs) || anyOf(occupants.names, running.names)) return true;
+    return std::any_of(occupants.profiles.begin(), occupants.profiles.end(), [&](const auto& profile) {
+        return running.use(profile) || ProfileLock::isHeld(profile);
+    });
+}
+
+std::string refusal() {
+    return Text::localized("A program is using it; quit that program first");
+}
+
+}  // namespace tavrel::InUse

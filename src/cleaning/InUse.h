@@ -1,0 +1,18 @@
+#pragma once
+
+#include "cleaning/CleanItem.h"
+#include "platform/RunningApplications.h"
+
+/// The one question whether something is at work with an item. It is asked when the item is found, and again
+/// right before it is removed: minutes lie between.
+namespace tavrel::InUse {
+
+/// Whether one of the item's occupants runs, a lock in one of their profiles is held, or a process uses a
+/// file in the item or in such a profile. Names are compared without regard to letter case. True where it
+/// cannot be told, because the processes could not be listed or a lock could not be read.
+[[nodiscard]] bool isInUse(const CleanItem& item, const RunningApplications& running);
+
+/// What a person is told who wants to remove it all the same.
+[[nodiscard]] std::string refusal();
+
+}  // namespace tavrel::InUse

@@ -1,0 +1,14 @@
+#pragma once
+
+namespace tavrel {
+
+/// How the findings of a family of systems are dated and worded.
+struct Manner {
+    enum class Age { ownDate, newestInside };       // what tells when a folder was last modified
+    enum class Remarks { replaceNote, addToNote };  // where the reason for a review stands
+
+    Age age = Age::ownDate;
+    Remarks remarks = Remarks::replaceNote;
+};
+
+}  // namespace tavrel

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tavrel {
+
+/// Under what names one process may be known, and which files it works with.
+struct RunningProcess {
+    std::string executable;                    // name of the file that it runs; may be empty
+    std::vector<std::string> names;            // other names: its own, its script's, its sandbox's
+    std::vector<std::filesystem::path> files;  // what it runs, was started with, and holds open
+
+    /// Reads a folder such as /proc/7 (see proc(5)). What cannot be read is left out: another user's process
+    /// tells its own name and its command line.
+    [[nodiscard]] static RunningProcess read(const std::filesystem::path& folder);
+};
+
+}  // namespace tavrel

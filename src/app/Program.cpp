@@ -48,14 +48,16 @@ Program::Program(Parts parts)
       tools_(parts_.profile),
       sounds_(preferences_, shockwave_, *parts_.soundPlayer, *parts_.clock),
       icons_(*parts_.icons, ownersOf(parts_.profile)),
-      cleaner_({
-          .access = systemFolderAccess(),
-          .trash = tools_.trash(),
-          .administrator = tools_.administrator(),
-          .systemRoots = parts_.profile.scan.system.roots,
-          .history = parts_.profile.places.history(),
-          .now = [] { return Instant(std::chrono::system_clock::now()); },
-      }),
+      cleaner_(
+          {
+              .access = systemFolderAccess(),
+              .trash = tools_.trash(),
+              .administrator = tools_.administrator(),
+              .systemRoots = parts_.profile.scan.system.roots,
+              .history = parts_.profile.places.history(),
+              .now = [] { return Instant(std::chrono::system_clock::now()); },
+          },
+          parts_.profile.scan.volumeTrashes),
       monitor_({
           .clock = *parts_.clock,
           .sensors = parts_.machine.sensors,

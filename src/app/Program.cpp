@@ -48,7 +48,7 @@ Program::Program(Parts parts)
       tools_(parts_.profile),
       sounds_(preferences_, shockwave_, *parts_.soundPlayer, *parts_.clock),
       icons_(*parts_.icons, ownersOf(parts_.profile)),
-      cleaner_(tools_.cleaner(parts_.profile)),
+      cleaner_(tools_.cleaner(parts_.profile), parts_.profile.scan.volumeTrashes),
       monitor_({
           .clock = *parts_.clock,
           .sensors = parts_.machine.sensors,

@@ -52,9 +52,18 @@ std::int64_t runEmptyTrash(const Cleaner::Tools& tools) {
     return Cleaner::emptyTrash(tools.access, tools.trash);
 }
 
+CleanRunner::Runs runFindTrashed(const Restorer& restorer, std::vector<History::Entry> entries) {
+    return std::make_shared<const Restorer::Runs>(restorer.runs(std::move(entries)));
+}
+
+RestoreReport runRestore(const Restorer& restorer, const std::vector<Restorer::Item>& items) {
+    return restorer.restore(items, Trash::Act::move);
+}
+
 }  // namespace
 
-BackgroundCleaner::BackgroundCleaner(Cleaner::Tools tools) : tools_(std::move(tools)) {
+BackgroundCleaner::BackgroundCleaner(Cleaner::Tools tools, std::vector<std::filesystem::path> volumes)
+    : tools_(std::move(tools)), restorer_(tools_.trash, std::move(volumes)) {
     pool_.setMaxThreadCount(1);
 }
 
@@ -68,6 +77,14 @@ QFuture<CleanRunner::Report> BackgroundCleaner::clean(CleanJob job) {
 
 QFuture<std::int64_t> BackgroundCleaner::emptyTrash() {
     return QtConcurrent::run(&pool_, runEmptyTrash, tools_);
+}
+
+QFuture<CleanRunner::Runs> BackgroundCleaner::findTrashed(std::vector<History::Entry> entries) {
+    return QtConcurrent::run(&pool_, runFindTrashed, restorer_, std::move(entries));
+}
+
+QFuture<RestoreReport> BackgroundCleaner::restore(std::vector<Restorer::Item> items) {
+    return QtConcurrent::run(&pool_, runRestore, restorer_, std::move(items));
 }
 
 }  // namespace tavrel

@@ -44,4 +44,9 @@ std::string_view action(CleanMode mode) {
     return row(mode).action;
 }
 
+std::string_view knownWord(std::string_view word) {
+    // "clean" is the command's own name, and the other words are those of their modes.
+    return word == action(CleanMode::projects) ? rawValue(CleanMode::projects) : word;
+}
+
 }  // namespace tavrel::CleanModes

@@ -20,6 +20,9 @@ inline constexpr std::array allCases = {CleanMode::system, CleanMode::ai, CleanM
 [[nodiscard]] std::string title(CleanMode mode);
 /// The word for the mode in the history.
 [[nodiscard]] std::string_view action(CleanMode mode);
+/// The word that a user knows for a word of the history: the raw value of "projects" in place of its action,
+/// any other word as it is.
+[[nodiscard]] std::string_view knownWord(std::string_view action);
 
 }  // namespace CleanModes
 }  // namespace tavrel

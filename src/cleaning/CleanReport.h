@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaning/CleanItem.h"
+#include "cleaning/TrashedItem.h"
 
 #include <cstdint>
 #include <string>
@@ -21,6 +22,7 @@ struct CleanReport {
     std::vector<CleanItem> removed;
     std::vector<Skipped> skipped;
     bool dryRun = false;
+    std::vector<TrashedItem> inTrash = {};  // where the things lie that make up `trashed`; none in a preview
 
     bool operator==(const CleanReport&) const = default;
 };

@@ -65,6 +65,25 @@ struct Subtitle {
     }
 };
 
+template <typename Skipped>
+std::string reasonsOf(const std::vector<Skipped>& skipped) {
+    std::map<std::string, std::size_t> counts;
+    for (const auto& each : skipped) ++counts[each.reason];
+    std::vector<std::pair<std::string, std::size_t>> sorted(counts.begin(), counts.end());
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const auto& a, const auto& b) { return a.second > b.second; });
+    std::string lines;
+    for (const auto& [reason, count] : sorted) {
+        if (!lines.empty()) lines += '\n';
+        lines += phrase("{} skipped: {}", count, Text::shown(reason));
+    }
+    return lines;
+}
+
+std::string skippedText(std::size_t count) {
+    return count == 0 ? std::string() : phrase(" · {} skipped", count);
+}
+
 }  // namespace
 
 std::string heroTitle(const CleanPhase& phase, const Figures& figures, const Idle& idle) {
@@ -76,17 +95,30 @@ std::string heroSubtitle(const CleanPhase& phase, const Figures& figures, const 
 }
 
 std::string reasons(const CleanReport& report) {
-    std::map<std::string, std::size_t> counts;
-    for (const auto& [item, reason] : report.skipped) ++counts[reason];
-    std::vector<std::pair<std::string, std::size_t>> sorted(counts.begin(), counts.end());
-    std::stable_sort(sorted.begin(), sorted.end(),
-                     [](const auto& a, const auto& b) { return a.second > b.second; });
-    std::string lines;
-    for (const auto& [reason, count] : sorted) {
-        if (!lines.empty()) lines += '\n';
-        lines += phrase("{} skipped: {}", count, Text::shown(reason));
-    }
-    return lines;
+    return reasonsOf(report.skipped);
+}
+
+std::string reasons(const RestoreReport& report) {
+    return reasonsOf(report.skipped);
+}
+
+std::string putBack(const RestoreReport& report) {
+    return counted("{} item put back", "{} items put back", report.restored.size()) +
+           skippedText(report.skipped.size());
+}
+
+std::string wouldPutBack(const RestoreReport& report) {
+    return counted("Preview: {} item would be put back", "Preview: {} items would be put back",
+                   report.restored.size()) +
+           skippedText(report.skipped.size());
+}
+
+std::string erased(std::size_t count) {
+    return counted("{} item deleted for good", "{} items deleted for good", count);
+}
+
+std::string notInTrash(std::size_t count) {
+    return counted("{} item is not in the Trash any more", "{} items are not in the Trash any more", count);
 }
 
 std::string banner(const CleanReport& report) {
@@ -102,8 +134,7 @@ std::string banner(const CleanReport& report) {
         text = phrase("Freed {} · {} in the Trash", byteCount(report.freed - report.trashed),
                       byteCount(report.trashed));
     }
-    if (!report.skipped.empty()) text += phrase(" · {} skipped", report.skipped.size());
-    return text;
+    return text + skippedText(report.skipped.size());
 }
 
 }  // namespace tavrel::CleanTexts

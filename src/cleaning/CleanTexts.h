@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaning/CleanPhase.h"
+#include "cleaning/Restorer.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -30,8 +31,16 @@ struct Idle {
 
 /// Why things were skipped, the most frequent reason first, one a line; empty when nothing was.
 [[nodiscard]] std::string reasons(const CleanReport& report);
+[[nodiscard]] std::string reasons(const RestoreReport& report);
 
 /// One line on what a clean did or, in a preview, would have done.
 [[nodiscard]] std::string banner(const CleanReport& report);
+/// The same of a restore.
+[[nodiscard]] std::string putBack(const RestoreReport& report);
+[[nodiscard]] std::string wouldPutBack(const RestoreReport& report);
+
+/// What became of things of a run that cannot be put back.
+[[nodiscard]] std::string erased(std::size_t count);
+[[nodiscard]] std::string notInTrash(std::size_t count);
 
 }  // namespace tavrel::CleanTexts

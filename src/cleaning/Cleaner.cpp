@@ -45,7 +45,8 @@ History::Entry entryFor(const CleanReport& report, const std::string& action, In
                          .action = action,
                          .count = static_cast<std::int64_t>(report.removed.size()),
                          .bytes = report.freed,
-                         .paths = {}};
+                         .paths = {},
+                         .trashed = report.inTrash};
     std::transform(report.removed.begin(), report.removed.end(), std::back_inserter(entry.paths),
                    [](const CleanItem& item) { return Text::exact(item.url.native()); });
     return entry;
@@ -130,16 +131,21 @@ void Cleaner::cleanOne(const CleanItem& item, const SafetyGuard& safety, Options
     if (!options.dryRun) {
         const auto outcome = dispose(Removal::target(item.url, verdict, *seen), how);
         if (!outcome) return noteSkipped(report, item, outcome.error().reason);
+        if (how == Disposal::trash) {
+            report.inTrash.push_back(
+                {Text::exact(item.url.native()), Text::exact(outcome->place.native()), item.size});
+        }
     }
     if (how == Disposal::trash) report.trashed = addBytes(report.trashed, item.size);
     noteRemoved(report, item);
 }
 
-Removal::Outcome Cleaner::dispose(const Removal::Target& target, Disposal how) const {
+Trash::Expected<Trash::Trashed> Cleaner::dispose(const Removal::Target& target, Disposal how) const {
     if (how == Disposal::trash) return tools_.trash.trash(target);
-    auto outcome = Removal::erase(tools_.access, target);
-    if (outcome) tools_.trash.erased(target.path());
-    return outcome;
+    return Removal::erase(tools_.access, target).map([&] {
+        tools_.trash.erased(target.path());
+        return Trash::Trashed{};
+    });
 }
 
 std::optional<std::string> Cleaner::refusalForRoot(const CleanItem& item, const SafetyGuard& guard) const {

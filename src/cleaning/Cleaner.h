@@ -62,7 +62,8 @@ class Cleaner {
     enum class Disposal { erase, trash };
 
     [[nodiscard]] static Disposal disposal(const CleanItem& item, Options options);
-    [[nodiscard]] Removal::Outcome dispose(const Removal::Target& target, Disposal how) const;
+    /// Where the thing lies in the Trash; an empty path when it is deleted.
+    [[nodiscard]] Trash::Expected<Trash::Trashed> dispose(const Removal::Target& target, Disposal how) const;
     /// Why root may not remove the item; nothing when it may.
     [[nodiscard]] std::optional<std::string> refusalForRoot(const CleanItem& item,
                                                             const SafetyGuard& guard) const;

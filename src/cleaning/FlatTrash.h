@@ -16,12 +16,19 @@ class FlatTrash final : public MovingTrash {
     [[nodiscard]] Path contents() const override { return home() / folder(); }
 
   private:
-    [[nodiscard]] Outcome<FileHandle> openOnVolume(int top) const override;
+    [[nodiscard]] Outcome<OnVolume> openOnVolume(int top) const override;
     [[nodiscard]] Outcome<Bin> openBin(FileHandle trash) const override;
     [[nodiscard]] std::error_code note(const Bin& /*bin*/, const std::string& /*name*/) const override {
         return {};
     }
-    void dropNote(const Bin& /*bin*/, const std::string& /*name*/) const override {}
+    void dropNote(int /*notes*/, const std::string& /*name*/) const override {}
+    [[nodiscard]] std::optional<TrashNote> noteOn(int /*notes*/, const std::string& /*name*/) const override {
+        return std::nullopt;
+    }
+    [[nodiscard]] std::optional<std::string> notedName(const std::string& /*note*/) const override {
+        return std::nullopt;
+    }
+    [[nodiscard]] std::optional<Way> wayTo(const Path& contents) const override;
     [[nodiscard]] std::size_t noteSuffix() const override { return 0; }
 };
 

@@ -17,22 +17,17 @@ namespace tavrel {
 namespace {
 
 constexpr std::string_view infoExtension = ".trashinfo";
+constexpr const char* contentsFolder = "files";
+constexpr const char* notesFolder = "info";
+constexpr const char* sharedFolder = ".Trash";  // on a volume, with a folder for each user
+
+/// On a volume without a shared folder.
+std::string ownFolder(uid_t user) {
+    return fmt::format(".Trash-{}", user);
+}
 
 std::error_code lastError() {
     return {errno, std::generic_category()};
-}
-
-std::string infoName(const std::string& name) {
-    return name + std::string(infoExtension);
-}
-
-/// The present as the notes write it: local time without a zone.
-std::string deletionDate() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    ::localtime_r(&now, &local);
-    return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}", local.tm_year + 1900, local.tm_mon + 1,
-                       local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);
 }
 
 /// Writes all of `content` and sees it on the disk.
@@ -60,13 +55,18 @@ std::string FreedesktopTrash::percentEncoded(std::string_view bytes) {
     return encoded;
 }
 
-MovingTrash::Outcome<FileHandle> FreedesktopTrash::openOnVolume(int top) const {
-    auto shared = openShared(top);
-    return shared ? std::move(shared) : makeOwnFolders(top, {fmt::format(".Trash-{}", user())});
+MovingTrash::Outcome<MovingTrash::OnVolume> FreedesktopTrash::openOnVolume(int top) const {
+    if (auto shared = openShared(top)) {
+        return OnVolume{.trash = std::move(*shared), .way = Path(sharedFolder) / std::to_string(user())};
+    }
+    const std::string name = ownFolder(user());
+    return makeOwnFolders(top, {name}).map([&](FileHandle trash) {
+        return OnVolume{.trash = std::move(trash), .way = name};
+    });
 }
 
 MovingTrash::Outcome<FileHandle> FreedesktopTrash::openShared(int top) const {
-    auto shared = access().openBeneath(top, {".Trash"});
+    auto shared = access().openBeneath(top, {sharedFolder});
     if (!shared) return shared;
     // Without the sticky bit any user could put another folder in the place of ours.
     struct stat status {};
@@ -77,26 +77,39 @@ MovingTrash::Outcome<FileHandle> FreedesktopTrash::openShared(int top) const {
 }
 
 MovingTrash::Outcome<MovingTrash::Bin> FreedesktopTrash::openBin(FileHandle trash) const {
-    auto files = makeFolders(trash.get(), {"files"});
+    auto files = makeFolders(trash.get(), {contentsFolder});
     if (!files) return tl::unexpected(files.error());
-    auto info = makeFolders(trash.get(), {"info"});
+    auto info = makeFolders(trash.get(), {notesFolder});
     if (!info) return tl::unexpected(info.error());
-    return Bin{.files = std::move(*files), .notes = std::move(*info), .origin = {}, .trash = {}};
+    return Bin{.files = std::move(*files),
+               .notes = std::move(*info),
+               .contents = contentsFolder,
+               .origin = {},
+               .trash = {}};
 }
 
 std::error_code FreedesktopTrash::note(const Bin& bin, const std::string& name) const {
-    const FileHandle file(::openat(bin.notes.get(), infoName(name).c_str(),
+    const FileHandle file(::openat(bin.notes.get(), TrashNote::nameFor(name).c_str(),
                                    O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!file) return lastError();
-    const auto content =
-        fmt::format("[Trash Info]\nPath={}\nDeletionDate={}\n", percentEncoded(bin.origin), deletionDate());
+    const auto content = fmt::format("[Trash Info]\nPath={}\nDeletionDate={:%FT%T}\n",
+                                     percentEncoded(bin.origin), localTime(std::chrono::system_clock::now()));
     const auto failed = writeThrough(file.get(), content);
-    if (failed) dropNote(bin, name);
+    if (failed) dropNote(bin.notes.get(), name);
     return failed;
 }
 
-void FreedesktopTrash::dropNote(const Bin& bin, const std::string& name) const {
-    ::unlinkat(bin.notes.get(), infoName(name).c_str(), 0);
+void FreedesktopTrash::dropNote(int notes, const std::string& name) const {
+    ::unlinkat(notes, TrashNote::nameFor(name).c_str(), 0);
+}
+
+std::optional<TrashNote> FreedesktopTrash::noteOn(int notes, const std::string& name) const {
+    return TrashNote::read(notes, TrashNote::nameFor(name));
+}
+
+std::optional<std::string> FreedesktopTrash::notedName(const std::string& note) const {
+    if (!note.ends_with(infoExtension)) return std::nullopt;
+    return note.substr(0, note.size() - infoExtension.size());
 }
 
 std::size_t FreedesktopTrash::noteSuffix() const {
@@ -105,29 +118,36 @@ std::size_t FreedesktopTrash::noteSuffix() const {
 
 void FreedesktopTrash::erased(const Path& path) {
     const Path whole = Paths::standardized(path);
-    if (whole.parent_path().filename() != "files") return;
-    const auto way = wayToTrash(whole.parent_path().parent_path());
+    const auto way = wayTo(whole.parent_path());
     if (!way) return;
     const auto anchor = access().openAnchor(way->anchor);
     if (!anchor) return;
-    const auto trash = access().openBeneath(anchor->get(), way->components);
+    const auto trash = access().openBeneath(anchor->get(), way->trash);
     if (!trash) return;
-    const auto files = access().openBeneath(trash->get(), {"files"});
-    const auto info = access().openBeneath(trash->get(), {"info"});
+    const auto files = access().openBeneath(trash->get(), way->contents);
+    const auto info = access().openBeneath(trash->get(), way->notes);
     const std::string name = Paths::name(whole);
     if (!files || !info || access().identify(files->get(), name)) return;
-    ::unlinkat(info->get(), infoName(name).c_str(), 0);
+    ::unlinkat(info->get(), TrashNote::nameFor(name).c_str(), 0);
 }
 
-std::optional<FreedesktopTrash::Way> FreedesktopTrash::wayToTrash(const Path& trash) const {
+std::optional<MovingTrash::Way> FreedesktopTrash::wayTo(const Path& contents) const {
+    if (contents.filename() != contentsFolder) return std::nullopt;
+    const auto way = [](const Path& anchor, std::vector<std::string> trash) {
+        return Way{.anchor = anchor,
+                   .trash = std::move(trash),
+                   .contents = {contentsFolder},
+                   .notes = {notesFolder}};
+    };
+    const Path trash = contents.parent_path();
     if (trash == Paths::standardized(home() / folder())) {
-        return Way{.anchor = home(), .components = Paths::components(folder().native())};
+        return way(home(), Paths::components(folder().native()));
     }
     const std::string name = Paths::name(trash);
     const Path above = trash.parent_path();
-    if (name == fmt::format(".Trash-{}", user())) return Way{.anchor = above, .components = {name}};
-    if (name == std::to_string(user()) && above.filename() == ".Trash") {
-        return Way{.anchor = above.parent_path(), .components = {".Trash", name}};
+    if (name == ownFolder(user())) return way(above, {name});
+    if (name == std::to_string(user()) && above.filename() == sharedFolder) {
+        return way(above.parent_path(), {sharedFolder, name});
     }
     return std::nullopt;
 }

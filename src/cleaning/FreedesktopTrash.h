@@ -23,19 +23,15 @@ class FreedesktopTrash final : public MovingTrash {
     [[nodiscard]] static std::string percentEncoded(std::string_view bytes);
 
   private:
-    /// A folder and the way from there to a Trash.
-    struct Way {
-        Path anchor;
-        std::vector<std::string> components;
-    };
-
-    [[nodiscard]] Outcome<FileHandle> openOnVolume(int top) const override;
+    [[nodiscard]] Outcome<OnVolume> openOnVolume(int top) const override;
     [[nodiscard]] Outcome<FileHandle> openShared(int top) const;
     [[nodiscard]] Outcome<Bin> openBin(FileHandle trash) const override;
     [[nodiscard]] std::error_code note(const Bin& bin, const std::string& name) const override;
-    void dropNote(const Bin& bin, const std::string& name) const override;
+    void dropNote(int notes, const std::string& name) const override;
+    [[nodiscard]] std::optional<TrashNote> noteOn(int notes, const std::string& name) const override;
+    [[nodiscard]] std::optional<std::string> notedName(const std::string& note) const override;
     [[nodiscard]] std::size_t noteSuffix() const override;
-    [[nodiscard]] std::optional<Way> wayToTrash(const Path& trash) const;
+    [[nodiscard]] std::optional<Way> wayTo(const Path& contents) const override;
 };
 
 }  // namespace tavrel

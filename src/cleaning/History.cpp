@@ -23,16 +23,6 @@ using Json = nlohmann::ordered_json;
 
 constexpr std::size_t maxEntries = 500;
 
-std::string dateText(Instant date) {
-    using namespace std::chrono;
-    const auto day = floor<days>(date);
-    const year_month_day calendar(day);
-    const hh_mm_ss time(floor<seconds>(date - day));
-    return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}Z", static_cast<int>(calendar.year()),
-                       static_cast<unsigned>(calendar.month()), static_cast<unsigned>(calendar.day()),
-                       time.hours().count(), time.minutes().count(), time.seconds().count());
-}
-
 /// The text with every digit as "0": its shape.
 std::string shapeOf(std::string_view text) {
     std::string shape(text);
@@ -99,6 +89,21 @@ std::optional<std::vector<std::string>> texts(const Json& object, const char* ke
     return all;
 }
 
+std::vector<TrashedItem> trashed(const Json& object) {
+    const auto found = object.find("trashed");
+    if (found == object.end() || !found->is_array()) return {};
+    std::vector<TrashedItem> all;
+    for (const auto& value : *found) {
+        if (!value.is_object()) return {};
+        auto path = field<std::string>(value, "path");
+        auto place = field<std::string>(value, "place");
+        const auto size = field<std::int64_t>(value, "size");
+        if (!path || !place || !size) return {};
+        all.push_back({std::move(*path), std::move(*place), *size});
+    }
+    return all;
+}
+
 std::optional<Entry> decoded(const Json& object) {
     if (!object.is_object()) return std::nullopt;
     auto id = field<std::string>(object, "id");
@@ -109,14 +114,19 @@ std::optional<Entry> decoded(const Json& object) {
     auto paths = texts(object, "paths");
     const auto date = dateOf ? parsedDate(*dateOf) : std::nullopt;
     if (!id || !isIdentifier(*id) || !date || !action || !count || !bytes || !paths) return std::nullopt;
-    return Entry{std::move(*id), *date, std::move(*action), *count, *bytes, std::move(*paths)};
+    return Entry{std::move(*id),    *date,          std::move(*action), *count, *bytes,
+                 std::move(*paths), trashed(object)};
 }
 
 Json encoded(const Entry& entry) {
-    return {
+    Json object = {
         {"id", entry.id},       {"date", dateText(entry.date)}, {"action", entry.action},
         {"count", entry.count}, {"bytes", entry.bytes},         {"paths", entry.paths},
     };
+    for (const TrashedItem& item : entry.trashed) {
+        object["trashed"].push_back({{"path", item.path}, {"place", item.place}, {"size", item.size}});
+    }
+    return object;
 }
 
 std::optional<std::vector<Entry>> decodedAll(std::string_view content) {
@@ -132,6 +142,16 @@ std::optional<std::vector<Entry>> decodedAll(std::string_view content) {
 }
 
 }  // namespace
+
+std::string dateText(Instant date) {
+    using namespace std::chrono;
+    const auto day = floor<days>(date);
+    const year_month_day calendar(day);
+    const hh_mm_ss time(floor<seconds>(date - day));
+    return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}Z", static_cast<int>(calendar.year()),
+                       static_cast<unsigned>(calendar.month()), static_cast<unsigned>(calendar.day()),
+                       time.hours().count(), time.minutes().count(), time.seconds().count());
+}
 
 Record load(const std::filesystem::path& file) {
     const auto content = Files::read(file);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cleaning/TrashedItem.h"
 #include "core/Instant.h"
 
 #include <cstdint>
@@ -18,7 +19,8 @@ struct Entry {
     std::string action;  // "clean", "ai", "purge", "installers", "uninstall", "optimize"
     std::int64_t count = 0;
     std::int64_t bytes = 0;
-    std::vector<std::string> paths;  // as Text::exact writes them
+    std::vector<std::string> paths;         // as Text::exact writes them
+    std::vector<TrashedItem> trashed = {};  // those of `paths` that went to the Trash, where that is known
     bool operator==(const Entry&) const = default;
 };
 
@@ -41,7 +43,12 @@ void clear(const std::filesystem::path& file);
 /// A fresh random UUID (RFC 4122, version 4), upper case.
 [[nodiscard]] std::string newIdentifier();
 
-/// The file's form: a pretty-printed array with dates as ISO 8601 in UTC.
+/// A date as the file has it: ISO 8601 in UTC, to the second.
+[[nodiscard]] std::string dateText(Instant date);
+
+/// The file's form: a pretty-printed array with dates as ISO 8601 in UTC. "trashed" stands only where
+/// something is. A list under it that makes no sense counts as none: what the runs did is worth more than
+/// where its things lie, and the Trash has notes of its own.
 [[nodiscard]] std::string encode(const std::vector<Entry>& entries);
 
 }  // namespace tavrel::History

@@ -252,7 +252,9 @@ std::vector<CleanItem> JunkScanner::scan(const std::set<CleanCategory>& categori
         append(items, SpecialScanners::oldEditorExtensions(context.home, safety));
     if (categories.contains(trash)) {
         const SafetyGuard admitsVolumes = safety.withRoots(tables_.volumeTrashes);
-        append(items, SpecialScanners::volumeTrashes(tables_.volumeTrashes, admitsVolumes));
+        SpecialScanners::VolumeTrashes trashes = tables_.volumeTrashes;
+        if (tables_.homeTrash) trashes.push_back(*tables_.homeTrash);
+        append(items, SpecialScanners::trashed(trashes, tables_.trashReviewDays, admitsVolumes, context.now));
     }
     if (categories.contains(systemData)) {
         progress(systemData);

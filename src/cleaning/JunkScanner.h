@@ -30,6 +30,8 @@ class JunkScanner {
         std::vector<SpecialScanners::ContainerPlace> containers;
         SpecialScanners::SystemPlaces system;
         SpecialScanners::VolumeTrashes volumeTrashes;
+        std::optional<std::filesystem::path> homeTrash;  // where no rule takes what lies in it
+        int trashReviewDays = 0;                         // see SpecialScanners::trashed
 
         /// Folders that hold one copy a version, of which the newest may still be in use.
         struct Versioned {

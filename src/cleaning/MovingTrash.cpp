@@ -28,17 +28,16 @@ tl::unexpected<Removal::Refusal> refused(std::error_code error) {
     return tl::unexpected(Removal::refusal(error));
 }
 
-tl::unexpected<Removal::Refusal> unusable(std::error_code error) {
-    return tl::unexpected(Removal::Refusal{Text::localized("The Trash cannot be used") + ": " +
-                                           Removal::refusal(error).reason});
-}
-
 }  // namespace
 
 MovingTrash::MovingTrash(const FolderAccess& access, Path home, Path folder, uid_t user)
     : access_(access), home_(std::move(home)), folder_(std::move(folder)), user_(user) {}
 
-Removal::Outcome MovingTrash::trash(const Removal::Target& target) {
+Removal::Refusal MovingTrash::unusable(std::error_code error) {
+    return {Text::localized("The Trash cannot be used") + ": " + Removal::refusal(error).reason};
+}
+
+Trash::Expected<Trash::Trashed> MovingTrash::trash(const Removal::Target& target) {
     const auto located = Removal::locate(access_, target);
     if (!located) return tl::unexpected(located.error());
     if (located->identity.isFolder()) {
@@ -47,7 +46,7 @@ Removal::Outcome MovingTrash::trash(const Removal::Target& target) {
         }
     }
     const auto bin = binFor(target, *located);
-    if (!bin) return unusable(bin.error());
+    if (!bin) return tl::unexpected(unusable(bin.error()));
     // Moved once more a thing would take a new note, which names the Trash as the place to go back to.
     if (liesIn(bin->trash, *located)) {
         return tl::unexpected(Removal::Refusal{Text::localized("Already in the Trash")});
@@ -57,12 +56,12 @@ Removal::Outcome MovingTrash::trash(const Removal::Target& target) {
 
 MovingTrash::Outcome<MovingTrash::Bin> MovingTrash::binFor(const Removal::Target& target,
                                                            const Removal::Located& located) const {
-    const auto opened = [&](Outcome<FileHandle> trash, std::string origin) -> Outcome<Bin> {
-        if (!trash) return tl::unexpected(trash.error());
-        const auto identity = access_.identify(trash->get());
+    const auto opened = [&](FileHandle trash, const Path& path, std::string origin) -> Outcome<Bin> {
+        const auto identity = access_.identify(trash.get());
         if (!identity) return tl::unexpected(identity.error());
-        auto bin = openBin(std::move(*trash));
+        auto bin = openBin(std::move(trash));
         if (!bin) return bin;
+        bin->contents = Paths::standardized(path / bin->contents);
         bin->origin = std::move(origin);
         bin->trash = *identity;
         return bin;
@@ -73,12 +72,15 @@ MovingTrash::Outcome<MovingTrash::Bin> MovingTrash::binFor(const Removal::Target
     const auto atHome = access_.identify(anchor->get());
     if (!atHome) return tl::unexpected(atHome.error());
     if (atHome->sameMount(located.identity)) {
-        return opened(makeFolders(anchor->get(), Paths::components(folder_.native())),
-                      target.path().native());
+        auto trash = makeFolders(anchor->get(), Paths::components(folder_.native()));
+        if (!trash) return tl::unexpected(trash.error());
+        return opened(std::move(*trash), home_ / folder_, target.path().native());
     }
     const auto volume = volumeOf(target, located);
     if (!volume) return tl::unexpected(volume.error());
-    return opened(openOnVolume(volume->top.get()), volume->path);
+    auto found = openOnVolume(volume->top.get());
+    if (!found) return tl::unexpected(found.error());
+    return opened(std::move(found->trash), volume->topPath / found->way, volume->path);
 }
 
 MovingTrash::Outcome<MovingTrash::Volume> MovingTrash::volumeOf(const Removal::Target& target,
@@ -101,8 +103,10 @@ MovingTrash::Outcome<MovingTrash::Volume> MovingTrash::volumeOf(const Removal::T
         break;
     }
     if (depth > names.size()) return tl::unexpected(Removal::changed);
-    names.erase(names.begin(), names.end() - static_cast<std::ptrdiff_t>(depth));
-    return Volume{.top = std::move(*top), .path = fmt::format("{}", fmt::join(names, "/"))};
+    const auto below = names.end() - static_cast<std::ptrdiff_t>(depth);
+    return Volume{.top = std::move(*top),
+                  .topPath = fmt::format("/{}", fmt::join(names.begin(), below, "/")),
+                  .path = fmt::format("{}", fmt::join(below, names.end(), "/"))};
 }
 
 bool MovingTrash::liesIn(const FileIdentity& trash, const Removal::Located& located) const {
@@ -116,23 +120,25 @@ bool MovingTrash::liesIn(const FileIdentity& trash, const Removal::Located& loca
     return false;
 }
 
-Removal::Outcome MovingTrash::moveInto(const Bin& bin, const Removal::Located& located) const {
+Trash::Expected<Trash::Trashed> MovingTrash::moveInto(const Bin& bin, const Removal::Located& located) const {
     const auto room = roomForName(bin);
     for (unsigned number = 1; number <= maxAttempts; ++number) {
         const auto name = TrashNames::numbered(located.name, number, room);
         if (const auto failed = note(bin, name)) {
             if (failed == std::errc::file_exists) continue;
-            return unusable(failed);
+            return tl::unexpected(unusable(failed));
         }
         const auto failed = move(located, bin.files.get(), name);
-        if (!failed) return verifyArrival(bin, name, located);
-        dropNote(bin, name);
+        if (!failed) {
+            return verifyArrival(bin, name, located).map([&] { return Trashed{bin.contents / name}; });
+        }
+        dropNote(bin.notes.get(), name);
         if (failed == std::errc::cross_device_link) {
             return tl::unexpected(Removal::Refusal{Text::localized("The Trash lies on another disk")});
         }
         if (failed != std::errc::file_exists) return refused(failed);
     }
-    return unusable(std::make_error_code(std::errc::file_exists));
+    return tl::unexpected(unusable(std::make_error_code(std::errc::file_exists)));
 }
 
 std::error_code MovingTrash::move(const Removal::Located& located, int folder,
@@ -164,7 +170,7 @@ Removal::Outcome MovingTrash::verifyArrival(const Bin& bin, const std::string& n
         words.reason +=
             fmt::format(fmt::runtime(Text::localized("; it is now in the Trash as “{}”")), Text::shown(name));
     } else {
-        dropNote(bin, name);
+        dropNote(bin.notes.get(), name);
     }
     return tl::unexpected(words);
 }

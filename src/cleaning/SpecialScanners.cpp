@@ -2,13 +2,19 @@
 
 #include "cleaning/InUse.h"
 #include "cleaning/Scanning.h"
+#include "cleaning/TrashNote.h"
+#include "core/FileHandle.h"
 #include "core/Files.h"
+#include "core/Phrase.h"
 #include "core/Text.h"
 
 #include <algorithm>
 #include <charconv>
+#include <fcntl.h>
 #include <map>
 #include <regex>
+
+#include <fmt/chrono.h>
 
 namespace tavrel::SpecialScanners {
 
@@ -166,20 +172,41 @@ Items oldEditorExtensions(const Path& home, const SafetyGuard& safety) {
     return items;
 }
 
-Items volumeTrashes(const VolumeTrashes& trashes, const SafetyGuard& safety) {
+namespace {
+
+/// The item of an entry of a Trash that keeps notes.
+void judgeByNote(CleanItem& item, const std::optional<TrashNote>& trashNote,
+                 std::chrono::local_seconds oldBefore) {
+    if (!trashNote || !trashNote->moved) {
+        item.risk = Risk::review;
+        item.note = note(item.note, localized("when is not known"));
+        return;
+    }
+    if (*trashNote->moved >= oldBefore) item.risk = Risk::review;
+    const auto day =
+        std::chrono::sys_days(std::chrono::floor<std::chrono::days>(*trashNote->moved).time_since_epoch());
+    item.note = note(item.note, phrase("deleted on {}", fmt::format("{:%F}", day)));
+}
+
+}  // namespace
+
+Items trashed(const VolumeTrashes& trashes, int reviewDays, const SafetyGuard& safety, Instant now) {
     Items items;
+    const auto oldBefore = localTime(now) - Days(reviewDays);
     for (const Path& trash : trashes) {
+        const Path noteFolder = trash.parent_path() / "info";
+        const FileHandle notes(::open(noteFolder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
         for (const std::string& name : Files::names(trash)) {
-            const Path path = trash / name;
-            if (!vet(safety, path)) continue;
-            items.push_back({
-                .url = path,
-                .size = FileSizer::size(path),
-                .category = CleanCategory::trash,
-                .risk = Risk::safe,
-                .note = localized("Already in the Trash"),
-                .permanent = true,
-            });
+            CleanItem item{.url = trash / name,
+                           .category = CleanCategory::trash,
+                           .risk = Risk::safe,
+                           .note = localized("Already in the Trash"),
+                           .permanent = true};
+            if (!vet(safety, item.url)) continue;
+            item.size = FileSizer::size(item.url);
+            if (reviewDays > 0)
+                judgeByNote(item, TrashNote::read(notes.get(), TrashNote::nameFor(name)), oldBefore);
+            items.push_back(std::move(item));
         }
     }
     return items;

@@ -145,8 +145,10 @@ struct Search {
 [[nodiscard]] Items systemData(const SystemPlaces& places, Shell& shell, const SafetyGuard& safety,
                                Instant now);
 
-/// `safety` admits the trashes as extra roots.
-[[nodiscard]] Items volumeTrashes(const VolumeTrashes& trashes, const SafetyGuard& safety);
+/// What lies in the Trashes, whose folders `safety` admits. Where they keep notes beside their contents, what
+/// was deleted within `reviewDays`, or at a time that no note tells, is for review; 0 where they keep none.
+[[nodiscard]] Items trashed(const VolumeTrashes& trashes, int reviewDays, const SafetyGuard& safety,
+                            Instant now);
 
 /// Every version in a folder but the one modified last.
 [[nodiscard]] Items olderVersions(const Path& in, CleanCategory category, const std::string& label,

@@ -60,6 +60,7 @@ void addCommands(CLI::App& app, Command& chosen) {
     Commands::addLarge(app, chosen);
     Commands::addExplore(app, chosen);
     Commands::addHistory(app, chosen);
+    Commands::addRestore(app, chosen);
     Commands::addSettings(app, chosen);
     Commands::addSound(app, chosen);
     Commands::addStatus(app, chosen);

@@ -25,6 +25,7 @@ void addMeasure(CLI::App& app, Command& chosen);
 void addLarge(CLI::App& app, Command& chosen);
 void addExplore(CLI::App& app, Command& chosen);
 void addHistory(CLI::App& app, Command& chosen);
+void addRestore(CLI::App& app, Command& chosen);
 void addSettings(CLI::App& app, Command& chosen);
 void addSound(CLI::App& app, Command& chosen);
 void addStatus(CLI::App& app, Command& chosen);

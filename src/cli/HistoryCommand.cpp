@@ -1,16 +1,21 @@
 #include "cleaning/History.h"
+#include "cleaning/Restorer.h"
 #include "cli/AddCommand.h"
 #include "cli/ExitStatus.h"
+#include "cli/ItemList.h"
 #include "cli/Json.h"
+#include "cli/RunList.h"
 #include "cli/Session.h"
-#include "core/ByteCount.h"
 #include "core/Files.h"
+#include "core/Paths.h"
 #include "core/Phrase.h"
+#include "engine/SystemTools.h"
 
-#include <chrono>
+#include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
-#include <fmt/chrono.h>
 #include <nlohmann/json.hpp>
 
 namespace tavrel::cli {
@@ -20,49 +25,77 @@ namespace {
 using Text::localized;
 using Path = std::filesystem::path;
 
-std::string row(const History::Entry& entry) {
-    constexpr std::size_t actionColumns = 10;
-    constexpr std::size_t countColumns = 12;
-    constexpr std::size_t sizeColumns = 10;
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(entry.date);
-    const std::string count = counted("{} item", "{} items", static_cast<unsigned long>(entry.count));
-    return fmt::format("{:%Y-%m-%d %H:%M}  {:<{}}  {:>{}}  {:>{}}",
-                       fmt::localtime(seconds.time_since_epoch().count()), Text::shown(entry.action),
-                       actionColumns, count, countColumns, byteCount(entry.bytes), sizeColumns);
+/// Each path of a run, marked where `tavrelctl restore` can put it back.
+void printPaths(Console& console, const Restorer::Run& run, const Path& home) {
+    std::set<Path> waiting;
+    for (const Restorer::Item& item : run.items) {
+        if (item.present) waiting.insert(item.path);
+    }
+    for (const std::string& text : run.entry.paths) {
+        const Path path = Text::fromExact(text);
+        const bool marked = waiting.contains(Paths::standardized(path));
+        console.line(fmt::format("  {} {}", marked ? console.styled(Console::Style::mark, "●") : " ",
+                                 ItemList::shown(path, home)));
+    }
 }
 
-void print(Console& console, const std::vector<History::Entry>& entries) {
-    if (console.json()) return console.document(Json::Value::parse(History::encode(entries)));
-    if (entries.empty()) return console.line(localized("Nothing cleaned yet."));
-    for (const History::Entry& entry : entries) console.line(row(entry));
-}
-
-int show(const Path& file, Console& console) {
-    const History::Record record = History::load(file);
-    const bool damaged = record.state == History::State::damaged;
-    if (damaged) console.warn(phrase("the history in {} cannot be read", Text::shown(file.native())));
-    if (!damaged || console.json()) print(console, record.entries);
-    return damaged ? ExitStatus::undone : ExitStatus::done;
-}
-
-int clear(const Path& file, Console& console) {
-    History::clear(file);
-    const bool stays = Files::identifier(file).has_value();
-    if (stays) return console.fail(phrase("the history in {} cannot be removed", Text::shown(file.native())));
-    print(console, {});
-    return ExitStatus::done;
+void printWithPaths(Console& console, const Session& session, std::vector<History::Entry> entries) {
+    SystemTools tools(session.profile());
+    bool anyWaits = false;
+    for (const Restorer::Run& run : RunList::restorer(session, tools).runs(std::move(entries))) {
+        console.line(RunList::row(run.entry));
+        printPaths(console, run, session.places().home());
+        anyWaits |= run.present() > 0;
+    }
+    if (anyWaits && !console.quiet()) {
+        console.line(localized("What is marked ● is in the Trash. To put it back: tavrelctl restore"));
+    }
 }
 
 struct HistoryCommand {
     bool clears = false;
+    bool paths = false;
 
-    void addTo(CLI::App& command) { command.add_flag("--clear", clears, localized("forget all runs")); }
+    void addTo(CLI::App& command) {
+        command.add_flag("--clear", clears, localized("forget all runs"));
+        command.add_flag("--paths", paths, localized("tell the paths of each run, too"));
+    }
 
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
         const auto session = Session::open(global);
         if (!session) return console.fail(session.error());
-        const Path file = session->places().history();
-        return clears ? clear(file, console) : show(file, console);
+        return clears ? clear(session->places().history(), console) : show(*session, console);
+    }
+
+  private:
+    [[nodiscard]] int show(const Session& session, Console& console) const {
+        const Path file = session.places().history();
+        const History::Record record = History::load(file);
+        const bool damaged = record.state == History::State::damaged;
+        if (damaged) console.warn(phrase("the history in {} cannot be read", Text::shown(file.native())));
+        if (!damaged || console.json()) print(console, session, record.entries);
+        return damaged ? ExitStatus::undone : ExitStatus::done;
+    }
+
+    [[nodiscard]] static int clear(const Path& file, Console& console) {
+        History::clear(file);
+        const bool stays = Files::identifier(file).has_value();
+        if (stays) {
+            return console.fail(phrase("the history in {} cannot be removed", Text::shown(file.native())));
+        }
+        if (console.json()) {
+            console.document(Json::Value::array());
+        } else {
+            console.line(localized("Nothing cleaned yet."));
+        }
+        return ExitStatus::done;
+    }
+
+    void print(Console& console, const Session& session, const std::vector<History::Entry>& entries) const {
+        if (console.json()) return console.document(Json::Value::parse(History::encode(entries)));
+        if (entries.empty()) return console.line(localized("Nothing cleaned yet."));
+        if (paths) return printWithPaths(console, session, entries);
+        for (const History::Entry& entry : entries) console.line(RunList::row(entry));
     }
 };
 

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 #include <nlohmann/json.hpp>
@@ -44,15 +45,44 @@ Value scan(std::string_view mode, const std::vector<CleanItem>& found) {
     };
 }
 
+namespace {
+
+Value refusal(const std::filesystem::path& of, const std::string& reason) {
+    return {{"path", path(of)}, {"reason", Text::repaired(reason)}};
+}
+
+}  // namespace
+
 Value report(const CleanReport& report) {
     Value skipped = Value::array();
-    for (const auto& [item, reason] : report.skipped) {
-        skipped.push_back({{"path", path(item.url)}, {"reason", Text::repaired(reason)}});
-    }
+    for (const auto& [item, reason] : report.skipped) skipped.push_back(refusal(item.url, reason));
     return {
         {"dryRun", report.dryRun},          {"freed", report.freed}, {"trashed", report.trashed},
         {"removed", items(report.removed)}, {"skipped", skipped},
     };
+}
+
+Value runs(const Restorer::Runs& runs) {
+    Value list = Value::array();
+    for (const Restorer::Run& run : runs) {
+        Value items = Value::array();
+        for (const Restorer::Item& item : run.items) {
+            items.push_back({{"path", path(item.path)}, {"size", item.size}, {"present", item.present}});
+        }
+        list.push_back({{"id", run.entry.id},
+                        {"date", History::dateText(run.entry.date)},
+                        {"action", run.entry.action},
+                        {"items", std::move(items)}});
+    }
+    return list;
+}
+
+Value restored(const RestoreReport& report) {
+    Value back = Value::array();
+    for (const auto& each : report.restored) back.push_back(path(each));
+    Value skipped = Value::array();
+    for (const auto& [of, reason] : report.skipped) skipped.push_back(refusal(of, reason));
+    return {{"restored", std::move(back)}, {"skipped", std::move(skipped)}};
 }
 
 Value preference(const UserDefaults::Value& value) {

@@ -2,6 +2,7 @@
 
 #include "cleaning/CleanItem.h"
 #include "cleaning/CleanReport.h"
+#include "cleaning/Restorer.h"
 #include "core/UserDefaults.h"
 
 #include <filesystem>
@@ -21,6 +22,8 @@ using Value = nlohmann::ordered_json;
 [[nodiscard]] Value items(const std::vector<CleanItem>& items);
 [[nodiscard]] Value scan(std::string_view mode, const std::vector<CleanItem>& found);
 [[nodiscard]] Value report(const CleanReport& report);
+[[nodiscard]] Value runs(const Restorer::Runs& runs);
+[[nodiscard]] Value restored(const RestoreReport& report);
 [[nodiscard]] Value preference(const UserDefaults::Value& value);
 
 }  // namespace tavrel::cli::Json

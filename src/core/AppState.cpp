@@ -60,7 +60,7 @@ AppState::AppState(AppServices services, QObject* parent)
       ai_(action(CleanMode::ai), finder(CleanMode::ai), services_.clean),
       projects_(action(CleanMode::projects), finder(CleanMode::projects), services_.clean),
       installers_(action(CleanMode::installers), finder(CleanMode::installers), services_.clean),
-      history_(services_.profile.places.history()),
+      history_(services_.profile.places.history(), services_.clean.runner),
       loginItem_(services_.launchAtLogin),
       trashEmptier_(services_.clean.runner),
       diskWork_(services_.profile.packages, parallelWalks()),

@@ -24,14 +24,19 @@ class SlowTrash final : public Trash {
     explicit SlowTrash(std::atomic<int>& done, std::atomic<int>& mostAtOnce)
         : done_(done), mostAtOnce_(mostAtOnce) {}
 
-    [[nodiscard]] Removal::Outcome trash(const Removal::Target& /*target*/) override {
+    [[nodiscard]] Expected<Trashed> trash(const Removal::Target& /*target*/) override {
         const int here = ++inside_;
         if (here > mostAtOnce_) mostAtOnce_ = here;
         QThread::msleep(20);
         --inside_;
         ++done_;
+        return Trashed{};
+    }
+    [[nodiscard]] Expected<Entry> entry(const fs::path& /*place*/) const override { return Entry{}; }
+    [[nodiscard]] std::optional<std::vector<Entry>> noted(const fs::path& /*contents*/) const override {
         return {};
     }
+    [[nodiscard]] Removal::Outcome putBack(const Entry& /*entry*/, Act /*act*/) const override { return {}; }
     void erased(const fs::path& /*path*/) override {}
     [[nodiscard]] fs::path contents() const override { return {}; }
     [[nodiscard]] fs::path home() const override { return {}; }

@@ -55,12 +55,22 @@ class HeldRunner final : public CleanRunner {
     std::vector<CleanJob> jobs;
     Held<Report> cleaning;
     Held<std::int64_t> emptying;
+    Held<Runs> finding;
+    Held<RestoreReport> restoring;
+    std::vector<Restorer::Item> asked;
 
     [[nodiscard]] QFuture<Report> clean(CleanJob job) override {
         jobs.push_back(std::move(job));
         return cleaning.begin();
     }
     [[nodiscard]] QFuture<std::int64_t> emptyTrash() override { return emptying.begin(); }
+    [[nodiscard]] QFuture<Runs> findTrashed(std::vector<History::Entry> /*entries*/) override {
+        return finding.begin();
+    }
+    [[nodiscard]] QFuture<RestoreReport> restore(std::vector<Restorer::Item> items) override {
+        asked = std::move(items);
+        return restoring.begin();
+    }
     void report(const CleanReport& report) { cleaning.end(std::make_shared<const CleanReport>(report)); }
 };
 

@@ -59,6 +59,20 @@ TEST_F(HistoryTest, theFileReadsAsOthersWroteIt) {
     EXPECT_EQ(History::encode({}), "[]\n");
 }
 
+TEST_F(HistoryTest, whereThingsLieIsKeptAndNeverSpoilsTheRest) {
+    auto written = entry(1);
+    written.trashed = {{"/a", "/Trash/\\xFF", 7}};
+    EXPECT_FALSE(History::record(file, written));
+    EXPECT_EQ(History::load(file).entries, std::vector{written});
+    const std::string sound = testing::contentOf(file);
+    for (const char* wrong :
+         {"[7]", "{}", "[{\"path\": \"/a\"}]", "[{\"path\": 1, \"place\": \"\", \"size\": 1}]"}) {
+        const auto at = sound.find("\"trashed\": ") + 11;
+        std::ofstream(file) << sound.substr(0, at) << wrong << "}]";
+        EXPECT_EQ(History::load(file).entries, std::vector{entry(1)}) << wrong;
+    }
+}
+
 TEST_F(HistoryTest, theNewestStandsFirstAndTheOldestFallsOut) {
     std::vector<History::Entry> full;
     for (int i = 500; i > 0; --i) full.push_back(entry(i));

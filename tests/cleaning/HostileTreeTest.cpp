@@ -147,7 +147,7 @@ struct Way {
 
 Removal::Outcome intoTrash(Layout layout, const FolderAccess& access, const Stage& stage,
                            const Removal::Target& target) {
-    return makeTrash(layout, access, stage.home())->trash(target);
+    return makeTrash(layout, access, stage.home())->trash(target).map([](const auto& /*trashed*/) {});
 }
 
 const std::vector<Way>& ways() {

@@ -149,7 +149,7 @@ TEST_F(LinuxProfileTest, ReadsTheTrashesOfMountedVolumes) {
 
     disk.file("c/.Trash-1000/files/thing", 10);
     const auto guard = profile().safetyGuard(PreferenceValues(), {own});
-    const auto items = SpecialScanners::volumeTrashes({own}, guard);
+    const auto items = SpecialScanners::trashed({own}, 30, guard, testing::now());
     ASSERT_EQ(items.size(), 1U);
     EXPECT_TRUE(items[0].permanent);
 }

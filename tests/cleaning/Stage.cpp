@@ -42,10 +42,6 @@ std::map<std::string, std::string> snapshot(const fs::path& folder) {
     return all;
 }
 
-std::string reason(const Removal::Outcome& outcome) {
-    return outcome ? "" : outcome.error().reason;
-}
-
 const std::vector<NamedAccess>& accesses() {
     static const LinuxFolderAccess oldKernel([](int, const char*, std::uint64_t) {
         errno = ENOSYS;

@@ -35,7 +35,10 @@ class Stage {
 [[nodiscard]] std::map<std::string, std::string> snapshot(const std::filesystem::path& folder);
 
 /// The reason of a refusal; empty for a success.
-[[nodiscard]] std::string reason(const Removal::Outcome& outcome);
+template <typename Outcome>
+[[nodiscard]] std::string reason(const Outcome& outcome) {
+    return outcome ? "" : outcome.error().reason;
+}
 
 /// A way of reaching things by handle, by name.
 struct NamedAccess {

@@ -1,5 +1,6 @@
 #include "cleaning/History.h"
 #include "cli/Program.h"
+#include "core/Text.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -136,11 +137,52 @@ TEST_P(CommandLine, CleanRemovesWhatIsPreselectedAndRemembersIt) {
     for (const Json& entry : history.json()) actions.push_back(entry["action"]);
     EXPECT_THAT(actions, ElementsAre("purge", "installers", "clean"));
     EXPECT_EQ(history.json()[2]["paths"], Json::array({at("home/.npm/_cacache")}));
-    EXPECT_THAT(ctl({"history"}).out, HasSubstr("purge"));
+    EXPECT_THAT(ctl({"history"}).out, AllOf(HasSubstr("projects"), Not(HasSubstr("purge"))));
     EXPECT_FALSE(stands("home/moved")) << "the environment's folders count only without --home";
 
     EXPECT_EQ(ctl({"history", "--clear", "--json"}).json(), Json::array());
     EXPECT_FALSE(stands(GetParam().history));
+}
+
+TEST_P(CommandLine, RestorePutsBackWhatWentToTheTrashAndNeverOverAnything) {
+    ctl({"clean", "--yes"});
+    ctl({"clean", "installers", "--yes"});
+    const std::string iso = at("home/Downloads/old.iso");
+    const Json waiting = ctl({"restore", "--json"}).json();
+    ASSERT_THAT(waiting, SizeIs(1));
+    EXPECT_EQ(waiting[0]["action"], "installers");
+    EXPECT_EQ(waiting[0]["items"],
+              Json::array({{{"path", iso}, {"size", allocated(at(GetParam().trashed))}, {"present", true}}}));
+    const std::string id = waiting[0]["id"].get<std::string>().substr(0, 6);
+    EXPECT_THAT(ctl({"restore"}).out, AllOf(HasSubstr(id), HasSubstr("~/Downloads/old.iso")));
+    EXPECT_THAT(ctl({"history", "--paths"}).out,
+                AllOf(HasSubstr("● ~/Downloads/old.iso"), HasSubstr("    ~/.npm")));
+
+    const auto before = snapshot();
+    EXPECT_EQ(ctl({"restore", id}).status, 2) << "nobody was asked";
+    EXPECT_EQ(ctl({"restore", id, "--dry-run", "--json"}).json()["restored"], Json::array({iso}));
+    for (const Words& words : {Words{"restore", "--yes", "FFFFFFFF-nobody"}, Words{"restore", "--yes", ""},
+                               Words{"restore", "--yes", "--path", at("home/.npm/_cacache"), iso + "x"}}) {
+        const Ended ended = ctl(words);
+        EXPECT_EQ(ended.status, 1);
+        EXPECT_EQ(ended.out, "");
+        EXPECT_THAT(ended.err, ::testing::StartsWith("tavrelctl: "));
+    }
+    EXPECT_EQ(snapshot(), before);
+
+    box.file("home/Downloads/old.iso", 7);
+    const Ended blocked = ctl({"restore", id, "--yes", "--json"});
+    EXPECT_EQ(blocked.status, 1);
+    EXPECT_EQ(blocked.json()["skipped"][0]["reason"], "Something else stands in its place now");
+    EXPECT_EQ(fs::file_size(iso), 7U);
+    fs::remove_all(box.path("home/Downloads"));
+    const Ended ended = ctl({"restore", Text::lowercased(id), "--yes", "--json"});
+    EXPECT_EQ(ended.status, 0) << ended.err;
+    EXPECT_EQ(ended.json().dump(), Json({{"restored", {iso}}, {"skipped", Json::array()}}).dump());
+    EXPECT_EQ(fs::file_size(iso), big);
+    EXPECT_EQ(ctl({"restore", "--json"}).json(), Json::array());
+    EXPECT_EQ(ctl({"restore", "--path", iso, "--yes", "--json"}).json()["skipped"][0]["reason"],
+              "It is not in the Trash any more");
 }
 
 TEST_P(CommandLine, NothingIsRemovedWithoutAgreement) {

@@ -21,6 +21,10 @@ class NoRunner final : public CleanRunner {
   public:
     [[nodiscard]] QFuture<Report> clean(CleanJob /*job*/) override { return {}; }
     [[nodiscard]] QFuture<std::int64_t> emptyTrash() override { return {}; }
+    [[nodiscard]] QFuture<Runs> findTrashed(std::vector<History::Entry> /*entries*/) override { return {}; }
+    [[nodiscard]] QFuture<RestoreReport> restore(std::vector<Restorer::Item> /*items*/) override {
+        return {};
+    }
 };
 
 /// The explorer over a real folder with its real work, in real time.

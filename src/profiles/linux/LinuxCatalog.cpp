@@ -182,7 +182,6 @@ constexpr CatalogRow unfinishedDownloads{
     safe,
     "Download that never finished",
     {.extensions = "crdownload part download partial", .minAgeDays = 2, .toTrash = true}};
-constexpr CatalogRow trashedFiles{"", trash, children, safe, "Already in the Trash", {.permanent = true}};
 /// What other systems leave in folders that they show.
 constexpr CatalogRow strayFile{
     "", downloads, whole, review, "How another system shows this folder", {.leastSize = 1}};
@@ -222,7 +221,7 @@ std::vector<CleanRule> editorsWithOwners() {
 
 }  // namespace
 
-Catalog catalog(const std::filesystem::path& downloadsFolder, const std::filesystem::path& trashFolder) {
+Catalog catalog(const std::filesystem::path& downloadsFolder) {
     Catalog made{
         .packageManagers = rulesOf(packageManagerRows),
         .devCaches = rulesOf(devCacheRows),
@@ -237,7 +236,6 @@ Catalog catalog(const std::filesystem::path& downloadsFolder, const std::filesys
     for (const std::string_view name : strayNames)
         made.generic.push_back(ruleAt(downloadsFolder / name, strayFile));
     made.generic.push_back(ruleAt(downloadsFolder, unfinishedDownloads));
-    made.generic.push_back(ruleAt(trashFolder / "files", trashedFiles));
     return made;
 }
 

@@ -35,6 +35,8 @@ JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
                         .reviewed = {"org.gnome.Evolution", "org.keepassxc.KeePassXC", "org.rclone.Rclone"}},
                        {.folder = "snap", .inner = "common/.cache", .reviewed = {"keepassxc"}}},
         .system = Linux::systemPlaces(places),
+        .homeTrash = places.trash() / "files",
+        .trashReviewDays = 30,
         .versioned = {{.parentSuffix = "JetBrains",
                        .key = JunkScanner::Tables::Versioned::Key::letters,
                        .newestNote =
@@ -88,7 +90,7 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
                             .documents = dirs.at("DOCUMENTS"),
                             .autostart = config / "autostart",
                         });
-    Catalog catalog = Linux::catalog(dirs.at("DOWNLOAD"), data / "Trash");
+    Catalog catalog = Linux::catalog(dirs.at("DOWNLOAD"));
     JunkScanner::Tables tables = scanTables(places, catalog);
     return {
         .family = Profile::Family::linux,

@@ -10,9 +10,8 @@
 
 namespace tavrel::Linux {
 
-/// Where junk collects in a Linux home. Both folders are relative to it.
-[[nodiscard]] Catalog catalog(const std::filesystem::path& downloadsFolder,
-                              const std::filesystem::path& trashFolder);
+/// Where junk collects in a Linux home. The folder is relative to it.
+[[nodiscard]] Catalog catalog(const std::filesystem::path& downloadsFolder);
 
 /// Where applications keep the caches of their browser engine, browsers in sandboxes included.
 [[nodiscard]] std::vector<SpecialScanners::WebCachePlaces> webCachePlaces();

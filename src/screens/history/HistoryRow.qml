@@ -2,16 +2,22 @@ import QtQuick
 import QtQuick.Templates as T
 import Tavrel.Controls
 
-// One clean: when, what, how much, and on demand which paths.
+// One clean: when, what, how much, and on demand which paths and what of them can be put back.
 Card {
     id: row
 
+    required property int index
     required property string date
     required property string action
     required property string countText
     required property string size
     required property string paths
+    required property int waiting  // how many things are in the Trash
+    required property string note
     property bool expanded: false
+    property bool locked: false  // while a run is being put back
+
+    signal putBack
 
     implicitHeight: head.height + (expanded ? details.implicitHeight + 12 : 0)
     clip: true
@@ -89,7 +95,7 @@ Card {
             }
         }
     }
-    Label {
+    Column {
         id: details
 
         anchors.top: head.bottom
@@ -97,11 +103,50 @@ Card {
         anchors.right: parent.right
         anchors.leftMargin: 16
         anchors.rightMargin: 16
+        spacing: Theme.gap
         visible: row.expanded
-        text: row.expanded ? row.paths : ""
-        size: 10.5
-        color: Theme.secondary
-        wrapMode: Text.WrapAnywhere
-        lineHeight: 1.3
+
+        Label {
+            width: parent.width
+            text: row.expanded ? row.paths : ""
+            size: 10.5
+            color: Theme.secondary
+            wrapMode: Text.WrapAnywhere
+            lineHeight: 1.3
+        }
+        Item {
+            width: parent.width
+            height: Math.max(remark.text ? remark.implicitHeight : 0, row.waiting > 0 ? button.implicitHeight : 0)
+            visible: row.note !== "" || row.waiting > 0
+
+            Label {
+                id: remark
+
+                anchors.left: parent.left
+                anchors.right: row.waiting > 0 ? button.left : parent.right
+                anchors.rightMargin: row.waiting > 0 ? Theme.gap : 0
+                anchors.verticalCenter: parent.verticalCenter
+                visible: text !== ""
+                text: row.note
+                size: Theme.fontSmall
+                wrapMode: Text.Wrap
+            }
+            PillButton {
+                id: button
+
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                visible: row.waiting > 0
+                enabled: !row.locked
+                text: qsTr("Put back")
+                kind: PillButton.Kind.Secondary
+                Accessible.description: row.date
+                onClicked: {
+                    // It goes with what it put back.
+                    head.forceActiveFocus(visualFocus ? Qt.TabFocusReason : Qt.MouseFocusReason)
+                    row.putBack()
+                }
+            }
+        }
     }
 }

@@ -80,7 +80,11 @@ Dialog {
             bottomMargin: 12
             boundsBehavior: Flickable.StopAtBounds
             model: sheet.entries
-            delegate: HistoryRow { width: list.width }
+            delegate: HistoryRow {
+                width: list.width
+                locked: sheet.entries.restoring
+                onPutBack: sheet.entries.putBack(index)
+            }
             Accessible.role: Accessible.List
             Accessible.name: qsTr("Cleaning history")
             T.ScrollBar.vertical: SlimScrollBar {}

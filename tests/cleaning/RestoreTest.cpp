@@ -1,0 +1,300 @@
+#include "cleaning/Restorer.h"
+#include "cleaning/Stage.h"
+#include "core/Text.h"
+#include "platform/linux/LinuxFolderAccess.h"
+#include "support/Isolation.h"
+
+#include <ctime>
+#include <fstream>
+#include <functional>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+namespace tavrel {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Layout;
+using testing::reason;
+using testing::Stage;
+
+constexpr const char* gone = "It is not in the Trash any more";
+
+/// A thing in a Trash, and its way back.
+class Case {
+  public:
+    explicit Case(Layout layout, const FolderAccess& access = systemFolderAccess())
+        : trash(makeTrash(layout, access, stage.home())), access_(access) {}
+
+    Trash::Entry put(const fs::path& original) const {
+        const auto trashed = trash->trash(stage.target(access_, original));
+        EXPECT_TRUE(trashed) << reason(trashed);
+        return {.place = trashed ? trashed->place : "", .original = original, .moved = {}};
+    }
+    [[nodiscard]] std::string back(const Trash::Entry& entry) const {
+        return reason(trash->putBack(entry, Trash::Act::move));
+    }
+    /// Puts the thing back in vain: nothing changes anywhere.
+    void expectRefused(const Trash::Entry& entry, const std::string& why) const {
+        const auto before = testing::snapshot(stage.sandbox.root());
+        EXPECT_EQ(reason(trash->putBack(entry, Trash::Act::look)), why);
+        EXPECT_EQ(back(entry), why);
+        EXPECT_EQ(testing::snapshot(stage.sandbox.root()), before);
+    }
+    [[nodiscard]] fs::path note() const { return trash->contents().parent_path() / "info/item.trashinfo"; }
+
+    const Stage stage;
+    const std::unique_ptr<Trash> trash;
+
+  private:
+    const FolderAccess& access_;
+};
+
+TEST(RestoreTest, whatWasTrashedComesBackWithTheFoldersThatAreMissing) {
+    for (const auto layout : {Layout::flat, Layout::freedesktop}) {
+        const Case here(layout);
+        const auto file = here.stage.sandbox.text("home/a b/\xff%41/report.txt", "one");
+        const auto before = testing::snapshot(here.stage.home() / "a b");
+        const auto first = here.put(file);
+        here.stage.sandbox.text(file, "two");
+        const auto second = here.put(file);
+        fs::remove_all(here.stage.home() / "a b");
+        EXPECT_EQ(reason(here.trash->putBack(first, Trash::Act::look)), "");
+        EXPECT_FALSE(fs::exists(here.stage.home() / "a b")) << "a look makes nothing";
+        EXPECT_EQ(here.back(first), "");
+        EXPECT_EQ(testing::snapshot(here.stage.home() / "a b"), before);
+        here.expectRefused(first, gone);
+        here.expectRefused(second, "Something else stands in its place now");
+        fs::remove(file);
+        EXPECT_EQ(here.back(second), "");
+        EXPECT_EQ(testing::contentOf(file), "two");
+        for (const auto& left : fs::recursive_directory_iterator(here.trash->contents().parent_path())) {
+            EXPECT_NE(left.path().extension(), ".trashinfo");
+        }
+    }
+}
+
+TEST(RestoreTest, aNoteThatIsNotSoundOrNotItsOwnPutsNothingBack) {
+    using Spoil = std::function<void(const Case&)>;
+    const auto says = [](const std::string& path) -> Spoil {
+        return [path](const Case& at) {
+            std::ofstream(at.note()) << "[Trash Info]\nPath=" << path
+                                     << "\nDeletionDate=2026-01-01T00:00:00\n";
+        };
+    };
+    const auto instead = [](const std::function<void(const fs::path&)>& make) -> Spoil {
+        return [make](const Case& at) { fs::remove_all(at.note()), make(at.note()); };
+    };
+    const auto linked = [](const char* folder) -> Spoil {
+        return [folder](const Case& at) {
+            const auto real = at.note().parent_path().parent_path() / folder;
+            fs::rename(real, at.stage.sandbox.path("moved"));
+            fs::create_symlink(at.stage.sandbox.path("moved"), real);
+        };
+    };
+    const char* const link = "The Trash cannot be used: Reached through a symbolic link";
+    const std::tuple<const char*, Spoil, const char*> rows[] = {
+        {"another path", says("/home/other"), gone},
+        {"dots", says("HOME/x/../item"), gone},
+        {"outside", says("/etc/item"), gone},
+        {"NUL", says("HOME/item%00"), gone},
+        {"broken escape", says("HOME/item%4"), gone},
+        {"no head",
+         [](const Case& at) { std::ofstream(at.note()) << "Path=" << at.stage.home().native() << "/item\n"; },
+         gone},
+        {"huge", [](const Case& at) { fs::resize_file(at.note(), 1U << 30U); }, gone},
+        {"none", [](const Case& at) { fs::remove(at.note()); }, gone},
+        {"pipe", instead([](const fs::path& at) { ::mkfifo(at.c_str(), 0600); }), gone},
+        {"folder", instead([](const fs::path& at) { fs::create_directory(at); }), gone},
+        {"link",
+         [](const Case& at) {
+             fs::rename(at.note(), at.stage.outside() / "note"),
+                 fs::create_symlink(at.stage.outside() / "note", at.note());
+         },
+         gone},
+        {"linked notes", linked("info"), link},
+        {"linked files", linked("files"), link},
+    };
+    for (const auto& [name, spoil, why] : rows) {
+        SCOPED_TRACE(name);
+        const Case here(Layout::freedesktop);
+        const auto entry = here.put(here.stage.sandbox.text("home/item", "mine"));
+        spoil(here);
+        here.expectRefused(entry, why);
+        if (std::string(name) == "pipe") fs::remove(here.note());
+    }
+}
+
+TEST(RestoreTest, nothingIsWrittenOverAnythingOrThroughALink) {
+    struct Row {
+        const char* name;
+        std::function<void(const fs::path& original, const Stage&)> change;
+        const char* why;
+    };
+    const Row rows[] = {
+        {"a file stands there", [](const auto& at, const auto&) { std::ofstream(at) << "new"; },
+         "Something else stands in its place now"},
+        {"a dangling link stands there",
+         [](const auto& at, const auto&) { fs::create_symlink("/nowhere", at); },
+         "Something else stands in its place now"},
+        {"an empty folder stands there", [](const auto& at, const auto&) { fs::create_directory(at); },
+         "Something else stands in its place now"},
+        {"its folder leads elsewhere",
+         [](const auto& at, const Stage& stage) {
+             fs::remove_all(at.parent_path()), fs::create_symlink(stage.outside(), at.parent_path());
+         },
+         "Reached through a symbolic link"},
+        {"its folder is a file",
+         [](const auto& at, const auto&) {
+             fs::remove_all(at.parent_path()), std::ofstream(at.parent_path()) << "x";
+         },
+         "A file stands where its folder was"},
+    };
+    for (const auto layout : {Layout::flat, Layout::freedesktop}) {
+        for (const Row& row : rows) {
+            SCOPED_TRACE(row.name);
+            const Case here(layout);
+            const auto original = here.stage.sandbox.text("home/docs/item/inside", "mine").parent_path();
+            const auto entry = here.put(original);
+            row.change(original, here.stage);
+            here.expectRefused(entry, row.why);
+        }
+    }
+}
+
+TEST(RestoreTest, aRecordWrittenByHandLeadsNowhere) {
+    const Case here(Layout::flat);
+    const auto entry = here.put(here.stage.sandbox.text("home/item", "mine"));
+    const auto& stage = here.stage;
+    const auto own = std::to_string(::getuid());
+    const auto planted = stage.sandbox.text("home/sub/.Trashes/" + own + "/item", "planted");
+    const std::tuple<fs::path, fs::path, const char*> rows[] = {
+        {entry.place, "/etc/tavrel-item", "It was outside your home folder"},
+        {entry.place, stage.outside() / "item", "It was outside your home folder"},
+        {entry.place, stage.home(), "It was outside your home folder"},
+        {entry.place, stage.home() / "../outside/item", "It was outside your home folder"},
+        {entry.place, (stage.home() / "a").native() + std::string(1, '\0') + "b",
+         "It was outside your home folder"},
+        {entry.place, here.trash->contents() / "new", "It was in the Trash already"},
+        {stage.outside() / "canary", stage.home() / "item", "It was put in no Trash of yours"},
+        {entry.place / "../../sub", stage.home() / "item", "It was put in no Trash of yours"},
+        {"", stage.home() / "item", "It was put in no Trash of yours"},
+        {planted, stage.home() / "sub/x", "The Trash cannot be used: Operation not permitted"},
+    };
+    for (const auto& [place, original, why] : rows) {
+        SCOPED_TRACE(place.native() + " " + original.native());
+        here.expectRefused({.place = place, .original = original, .moved = {}}, why);
+    }
+}
+
+/// Does something right before a move.
+class Late : public LinuxFolderAccess {
+  public:
+    std::function<void()> beforeMove = [] {};
+    std::error_code moveExclusively(int from, const std::string& fromName, int to,
+                                    const std::string& toName) const override {
+        beforeMove();
+        return LinuxFolderAccess::moveExclusively(from, fromName, to, toName);
+    }
+};
+
+TEST(RestoreTest, whatAppearsBetweenCheckAndActStaysAndSoDoesTheEntry) {
+    Late late;
+    const Case here(Layout::freedesktop, late);
+    const auto item = here.stage.sandbox.text("home/item", "mine");
+    const auto entry = here.put(item);
+    late.beforeMove = [&] { std::ofstream(item) << "new"; };
+    EXPECT_EQ(here.back(entry), "Something else stands in its place now");
+    EXPECT_EQ(testing::contentOf(item), "new");
+    fs::remove(item);
+    late.beforeMove = [&, done = false]() mutable {
+        if (!std::exchange(done, true))
+            fs::remove(entry.place), fs::rename(here.stage.outside() / "canary", entry.place);
+    };
+    EXPECT_EQ(here.back(entry), "Changed since it was checked");
+    EXPECT_EQ(testing::contentOf(entry.place), "alive") << "it is back under its own name";
+    EXPECT_TRUE(fs::exists(here.note()));
+    EXPECT_FALSE(fs::exists(item));
+}
+
+TEST(RestoreTest, fromAnotherVolumeThingsGoBackOnThatVolumeOnly) {
+    for (const bool shared : {false, true}) {
+        const Case here(Layout::freedesktop);
+        const auto ran = testing::withPrivateMounts([&] {
+            const auto top = here.stage.sandbox.folder("disk");
+            testing::mountMemory(top);
+            if (shared)
+                fs::create_directory(top / ".Trash"), fs::permissions(top / ".Trash", fs::perms(01777));
+            const auto item = here.stage.sandbox.text(top / "a b/item", "mine");
+            const auto seen = Removal::identify(systemFolderAccess(), item);
+            const auto trashed =
+                here.trash->trash(Removal::target(item, SafetyGuard::Verdict::allowed(top), *seen));
+            ASSERT_TRUE(trashed);
+            const auto noted = here.trash->noted(trashed->place.parent_path());
+            ASSERT_TRUE(noted && noted->size() == 1);
+            EXPECT_EQ(noted->front().original, item);
+            const auto note = trashed->place.parent_path().parent_path() / "info/item.trashinfo";
+            const auto sound = testing::contentOf(note);
+            std::ofstream(note) << "[Trash Info]\nPath=" << here.stage.home().native() << "/item\n";
+            here.expectRefused({trashed->place, here.stage.home() / "item", {}},
+                               "It was on another disk than this Trash");
+            std::ofstream(note) << sound;
+            EXPECT_EQ(here.back({trashed->place, item, {}}), "");
+            EXPECT_EQ(testing::contentOf(item), "mine");
+        });
+        if (ran == testing::Ran::forbidden) GTEST_SKIP() << "mounting is forbidden here";
+    }
+}
+
+TEST(RestorerTest, eachEntryIsOfOneRunAndOldRunsAreToldByTheirDates) {
+    const Case here(Layout::freedesktop);
+    const auto& box = here.stage.sandbox;
+    const auto path = here.stage.home() / "item";
+    const auto run = [&](std::chrono::minutes ago, std::vector<TrashedItem> trashed) {
+        return History::Entry{.id = "",
+                              .date = testing::now() - ago,
+                              .action = "clean",
+                              .count = 2,
+                              .bytes = 5,
+                              .paths = {path.native(), "/gone"},
+                              .trashed = std::move(trashed)};
+    };
+    const auto noted = [&](const std::string& name, std::chrono::minutes ago) {
+        const auto at = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now() - ago);
+        char date[20];
+        std::strftime(date, sizeof date, "%FT%T", std::localtime(&at));
+        box.text(here.trash->contents() / name, name);
+        box.text(here.note().parent_path() / (name + ".trashinfo"),
+                 "[Trash Info]\nPath=" + path.native() + "\nDeletionDate=" + date + "\n");
+        return TrashedItem{path.native(), (here.trash->contents() / name).native(), 5};
+    };
+    using namespace std::chrono_literals;
+    const auto recorded = noted("recorded", 5min);
+    static_cast<void>(noted("old", 300min));
+    static_cast<void>(noted("byHand", 400min));
+    const auto later = noted("later", 0min);
+    const Restorer restorer(*here.trash, {});
+    const auto runs = restorer.runs(
+        {run(0min, {}), run(4min, {recorded}), run(5min, {recorded}), run(299min, {}), run(50h, {later})});
+    const std::vector<std::pair<std::string, std::size_t>> expected = {
+        {"later", 1}, {"recorded", 1}, {"", 1}, {"old", 1}, {"", 1}};
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        SCOPED_TRACE(i);
+        const bool present = runs[i].present() > 0;
+        EXPECT_EQ(present ? runs[i].items.front().place.filename() : "", expected[i].first);
+        EXPECT_EQ(runs[i].erased, expected[i].second);
+    }
+
+    auto items = runs[1].items;
+    items.insert(items.end(), runs[2].items.begin(), runs[2].items.end());
+    const auto report = restorer.restore(items, Trash::Act::move);
+    EXPECT_EQ(report.restored, std::vector{path});
+    ASSERT_EQ(report.skipped.size(), 1U);
+    EXPECT_EQ(report.skipped.front().reason, gone);
+    EXPECT_EQ(testing::contentOf(path), "recorded");
+}
+
+}  // namespace
+}  // namespace tavrel

@@ -92,8 +92,8 @@ std::error_code FreedesktopTrash::note(const Bin& bin, const std::string& name) 
     const FileHandle file(::openat(bin.notes.get(), TrashNote::nameFor(name).c_str(),
                                    O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!file) return lastError();
-    const auto content = fmt::format("[Trash Info]\nPath={}\nDeletionDate={:%FT%T}\n",
-                                     percentEncoded(bin.origin), localTime(std::chrono::system_clock::now()));
+    const auto content = fmt::format("[Trash Info]\nPath={}\nDeletionDate={}\n", percentEncoded(bin.origin),
+                                     noteDate(localTime(std::chrono::system_clock::now())));
     const auto failed = writeThrough(file.get(), content);
     if (failed) dropNote(bin.notes.get(), name);
     return failed;

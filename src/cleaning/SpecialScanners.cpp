@@ -14,8 +14,6 @@
 #include <map>
 #include <regex>
 
-#include <fmt/chrono.h>
-
 namespace tavrel::SpecialScanners {
 
 using Scanning::note;
@@ -183,9 +181,8 @@ void judgeByNote(CleanItem& item, const std::optional<TrashNote>& trashNote,
         return;
     }
     if (*trashNote->moved >= oldBefore) item.risk = Risk::review;
-    const auto day =
-        std::chrono::sys_days(std::chrono::floor<std::chrono::days>(*trashNote->moved).time_since_epoch());
-    item.note = note(item.note, phrase("deleted on {}", fmt::format("{:%F}", day)));
+    constexpr std::size_t dayLength = 10;
+    item.note = note(item.note, phrase("deleted on {}", noteDate(*trashNote->moved).substr(0, dayLength)));
 }
 
 }  // namespace

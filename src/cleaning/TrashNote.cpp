@@ -9,6 +9,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <fmt/chrono.h>
+
 namespace tavrel {
 
 namespace {
@@ -67,6 +69,10 @@ std::chrono::local_seconds localTime(Instant moment) {
     ::localtime_r(&seconds, &local);
     return local_days(year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday) +
            hours(local.tm_hour) + minutes(local.tm_min) + std::chrono::seconds(local.tm_sec);
+}
+
+std::string noteDate(std::chrono::local_seconds moment) {
+    return fmt::format("{:%FT%T}", std::chrono::sys_seconds(moment.time_since_epoch()));
 }
 
 std::optional<TrashNote> TrashNote::parsed(std::string_view content) {

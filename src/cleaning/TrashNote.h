@@ -32,5 +32,7 @@ struct TrashNote {
 
 /// The moment as clocks on the wall show it, in which notes are written: local time without a zone.
 [[nodiscard]] std::chrono::local_seconds localTime(Instant moment);
+/// "2026-11-22T23:23:05", as notes have it.
+[[nodiscard]] std::string noteDate(std::chrono::local_seconds moment);
 
 }  // namespace tavrel

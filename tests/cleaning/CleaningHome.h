@@ -23,7 +23,7 @@ class CleaningHome {
                              .administrator = administrator,
                              .systemRoots = {stage.sandbox.path("system")},
                              .history = stage.sandbox.path("support/history.json"),
-                             .now = [] { return Instant(); }})) {}
+                             .now = [] { return now(); }})) {}
 
     /// A file below the home that goes to the Trash when it is removed.
     [[nodiscard]] CleanItem item(const std::string& name) const {

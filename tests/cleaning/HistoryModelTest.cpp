@@ -1,6 +1,7 @@
+#include "cleaning/CleaningHome.h"
 #include "cleaning/HistoryModel.h"
 #include "core/DateText.h"
-#include "support/Sandbox.h"
+#include "support/EventLoop.h"
 
 #include <QAbstractItemModelTester>
 #include <chrono>
@@ -10,7 +11,8 @@
 namespace tavrel {
 namespace {
 
-using testing::Sandbox;
+using testing::CleaningHome;
+using testing::waitUntil;
 using Role = HistoryModel::Role;
 using namespace std::chrono_literals;
 
@@ -33,10 +35,10 @@ class HistoryModelTest : public ::testing::Test {
         return at(row, role).toString().toStdString();
     }
 
-    const Sandbox sandbox;
-    const std::filesystem::path file = sandbox.path("support/history.json");
+    const CleaningHome home;
+    const std::filesystem::path file = home.stage.sandbox.path("support/history.json");
     const Instant date = std::chrono::sys_days(std::chrono::year(2026) / 3 / 9) + 12h;
-    HistoryModel model{file};
+    HistoryModel model{file, *home.cleaner};
     const QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
@@ -64,9 +66,33 @@ TEST_F(HistoryModelTest, ReadsTheFileAnewEachTimeItIsAsked) {
     model.load();
     EXPECT_EQ(text(0, Role::action), "ai");
     EXPECT_EQ(model.count(), 2);
-    sandbox.text("support/history.json", "[{\"id\": 7}]");
+    home.stage.sandbox.text("support/history.json", "[{\"id\": 7}]");
     model.load();
     EXPECT_EQ(model.count(), 0);
+}
+
+TEST_F(HistoryModelTest, WhatWaitsInTheTrashIsPutBackAndTheRowSaysSo) {
+    const std::vector<CleanItem> items = {home.item("a"), home.item("b"), home.item("c")};
+    home.cleaner->clean(home.job(items)).waitForFinished();
+    std::filesystem::remove(home.trash->contents() / "b");
+    record("clean", {"/gone"}, 1);
+    model.load();
+    EXPECT_EQ(at(1, Role::waiting), 0);  // not known yet
+    ASSERT_TRUE(waitUntil([&] { return at(1, Role::waiting) == 2; }));
+    EXPECT_EQ(text(0, Role::note), "1 item deleted for good");
+    EXPECT_EQ(text(1, Role::note), "1 item is not in the Trash any more");
+    const auto path = QString::fromStdString(items[0].url.native());
+    EXPECT_TRUE(at(1, Role::paths).toString().startsWith(path + " · in the Trash\n"));
+
+    home.item("a");  // made again since
+    model.putBack(1);
+    model.putBack(1);  // one at a time
+    EXPECT_TRUE(model.isRestoring());
+    ASSERT_TRUE(waitUntil([&] { return !model.isRestoring(); }));
+    EXPECT_TRUE(std::filesystem::exists(items[2].url));
+    EXPECT_EQ(at(1, Role::waiting), 1);
+    EXPECT_EQ(text(1, Role::note),
+              "1 item put back · 1 skipped\n1 skipped: Something else stands in its place now");
 }
 
 TEST_F(HistoryModelTest, ClearingTakesTheFileAwayAndTellsTheSheet) {

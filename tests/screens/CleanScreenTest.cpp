@@ -134,6 +134,27 @@ TEST(CleanScreen, SaysSoWhenThereIsNothing) {
     EXPECT_FALSE(stage.reads("Review results"));
 }
 
+TEST(HistorySheet, PutsBackWhatARunMovedToTheTrash) {
+    Stage stage;
+    stage.press("Installers");
+    CleanListModel& list = *stage.state().installers();
+    scanAndReview(stage, list);
+    cleanUntilDone(stage, list, "Remove");
+    const fs::path removed = list.report()->removed.front().url;
+    stage.press("History");
+    HistoryModel& history = *stage.state().history();
+    const auto told = [&](HistoryModel::Role role) {
+        return history.data(history.index(0), static_cast<int>(role));
+    };
+    stage.until("a look into the Trash", [&] { return told(HistoryModel::Role::waiting).toInt() > 0; });
+    stage.press(told(HistoryModel::Role::date).toString());
+    stage.press("Put back");
+    stage.until("the way back", [&] { return !history.isRestoring(); });
+    EXPECT_TRUE(fs::exists(removed));
+    EXPECT_FALSE(stage.textWith(" put back").isEmpty());
+    EXPECT_FALSE(stage.reads("Put back"));
+}
+
 TEST(HistorySheet, ShowsNothingForGarbageAndLeavesIt) {
     Stage stage;
     const fs::path file = stage.mac().profile().places.history();

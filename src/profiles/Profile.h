@@ -3,6 +3,7 @@
 #include "cleaning/Catalog.h"
 #include "cleaning/InstallerFinder.h"
 #include "cleaning/JunkScanner.h"
+#include "cleaning/ProjectPurger.h"
 #include "cleaning/SafetyGuard.h"
 #include "cleaning/Trash.h"
 #include "core/Places.h"
@@ -31,6 +32,7 @@ struct Profile {
     Catalog catalog;
     JunkScanner::Tables scan;  // its rules are the catalog's
     InstallerFinder::Tables installers;
+    ProjectPurger::Tables projects;
     SafetyGuard::Lists guardLists;
     ProcessNotes processNotes;
     std::vector<std::string_view> fullDiskAccessProbes;

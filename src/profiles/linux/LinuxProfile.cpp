@@ -96,6 +96,7 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
                                       "flatpakref", "snap"},
                        .packages = {"app"},
                        .applications = places.applications()},
+        .projects = Linux::projects(),
         .guardLists = Linux::guardLists(dirs, data / "Trash"),
         .processNotes = Linux::processNotes(),
         .trashLayout = Profile::TrashLayout::freedesktop,

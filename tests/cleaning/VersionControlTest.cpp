@@ -39,7 +39,8 @@ TEST(VersionControlTest, TellsWhatIsTrackedAndTakesTheRestForTracked) {
         {":", "r/b/new", false},
         {"git rm -q --cached -r a; git commit -qm c", "r/a/target", false},
         {"touch b/new; git add -N b/new", "r/b/new", true},
-        {"touch a/target-1 a/target.c; git rm -q --cached -r a/target; git add a/target-1 a/target.c", "r/a/target", false},
+        {"touch a/target-1 a/target.c; git rm -q --cached -r a/target; git add a/target-1 a/target.c",
+         "r/a/target", false},
         {"git update-index --index-version 4", "r/a/target", true},
         {"git update-index --index-version 4", "r/b/new", false},
         {"git update-index --skip-worktree b/y", "r/b/y", true},  // written as version 3

@@ -1,14 +1,18 @@
 #include "cleaning/ProjectPurger.h"
 
 #include "cleaning/Scanning.h"
+#include "cleaning/VersionControl.h"
+#include "core/CheckedSum.h"
 #include "core/Files.h"
 #include "core/Text.h"
+#include "disk/TreeWalk.h"
 
 #include <algorithm>
+#include <atomic>
 #include <map>
-#include <optional>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace tavrel::ProjectPurger {
 
@@ -16,7 +20,9 @@ namespace {
 
 constexpr int deepest = 6;  // levels below a root
 constexpr std::int64_t leastSize = 65536;
-constexpr std::size_t mostProbed = 60;  // folders of one root that are looked into for projects
+constexpr int deepestSource = 2;           // folders below a project whose files tell of work
+constexpr std::size_t mostSources = 2000;  // entries of a project that are looked at for that
+constexpr std::size_t mostProbed = 60;     // folders of one root that are looked into for projects
 
 constexpr std::string_view skipped[] = {".git", ".hg", ".svn", "Library", ".Trash"};
 
@@ -24,85 +30,155 @@ constexpr std::string_view skipped[] = {".git", ".hg", ".svn", "Library", ".Tras
 constexpr std::string_view notCode[] = {"Library", "Applications", "Pictures", "Movies",
                                         "Music",   "Public",       "Downloads"};
 
+using Names = std::vector<std::string>;  // ascending
+
 template <typename Range>
 bool holds(const Range& range, std::string_view name) {
     return std::find(std::begin(range), std::end(range), name) != std::end(range);
 }
 
-const std::vector<Artifact>& table() {
-    using enum Risk;
-    // clang-format off
-    static const std::vector<Artifact> rows = {
-        {"node_modules",  {"package.json"},                                        safe,   "npm install restores it"},
-        {".next",         {"package.json"},                                        safe,   "Next.js build cache"},
-        {".nuxt",         {"package.json"},                                        safe,   "Nuxt build cache"},
-        {".svelte-kit",   {"package.json"},                                        safe,   "SvelteKit output"},
-        {".turbo",        {"package.json", "turbo.json"},                          safe,   "Turborepo cache"},
-        {".parcel-cache", {"package.json"},                                        safe,   "Parcel cache"},
-        {".angular",      {"angular.json"},                                        safe,   "Angular cache"},
-        {"dist",          {"package.json"},                                        review, "Build output"},
-        {"target",        {"Cargo.toml", "pom.xml"},                               safe,   "Rust/Maven build output"},
-        {".build",        {"Package.swift"},                                       safe,   "SwiftPM build output"},
-        {"Pods",          {"Podfile"},                                             safe,   "pod install restores it"},
-        {"build",         {"build.gradle", "build.gradle.kts", "pubspec.yaml"},    safe,   "Gradle/Flutter build output"},
-        {".gradle",       {"build.gradle", "build.gradle.kts", "settings.gradle"}, safe,   "Per-project Gradle cache"},
-        {".dart_tool",    {"pubspec.yaml"},                                        safe,   "Dart tool cache"},
-        {".venv",         {"pyproject.toml", "requirements.txt", "setup.py"},      review, "Virtualenv; recreate it to run the project"},
-        {"venv",          {"pyproject.toml", "requirements.txt", "setup.py"},      review, "Virtualenv; recreate it to run the project"},
-        {"__pycache__",   {},                                                      safe,   "Python bytecode"},
-        {".pytest_cache", {},                                                      safe,   "pytest cache"},
-        {".mypy_cache",   {},                                                      safe,   "mypy cache"},
-        {".ruff_cache",   {},                                                      safe,   "Ruff cache"},
-        {"vendor",        {"composer.json"},                                       safe,   "composer install restores it"},
-        {"zig-out",       {"build.zig"},                                           safe,   "Zig build output"},
-        {".zig-cache",    {"build.zig"},                                           safe,   "Zig cache"},
-        {".output",       {"nuxt.config.ts", "nuxt.config.js", "app.config.ts"},   safe,   "Nuxt/Nitro build output"},
-        {".expo",         {"app.json", "app.config.js", "app.config.ts"},          safe,   "Expo cache"},
-        {".cache",        {"gatsby-config.js", "gatsby-config.ts"},                safe,   "Gatsby cache"},
-        {"coverage",      {"package.json"},                                        safe,   "Test coverage report"},
-        {".tox",          {"tox.ini"},                                             safe,   "tox environments"},
-        {".nox",          {"noxfile.py"},                                          safe,   "nox environments"},
-        {"DerivedData",   {},                                                      safe,   "Xcode build output inside the project"},
+Instant dateOf(const Path& path) {
+    return Files::modificationDate(path).value_or(distantPast);
+}
+
+bool isRow(const Tables& tables, std::string_view name) {
+    return std::any_of(tables.artifacts.begin(), tables.artifacts.end(),
+                       [&](const Artifact& row) { return row.folder == name; });
+}
+
+bool isBeside(std::string_view marker, const Names& names) {
+    if (!marker.starts_with('*')) return std::binary_search(names.begin(), names.end(), marker);
+    return std::any_of(names.begin(), names.end(),
+                       [&](const std::string& name) { return name.ends_with(marker.substr(1)); });
+}
+
+/// What the folder `name` of `folder`, which holds `names`, is by the tables.
+const Artifact* artifactAt(const Tables& tables, const Path& folder, std::string_view name,
+                           const Names& names) {
+    const auto fits = [&](const Artifact& row) {
+        const auto beside = [&](std::string_view marker) { return isBeside(marker, names); };
+        const auto within = [&](std::string_view marker) { return Files::exists(folder / name / marker); };
+        const auto any = [](const auto& markers, const auto& test) {
+            return markers.empty() || std::any_of(markers.begin(), markers.end(), test);
+        };
+        return row.folder == name && any(row.markers, beside) && any(row.inside, within);
     };
-    // clang-format on
-    return rows;
+    const auto row = std::find_if(tables.artifacts.begin(), tables.artifacts.end(), fits);
+    return row == tables.artifacts.end() ? nullptr : &*row;
 }
 
-const Artifact* artifactNamed(std::string_view name) {
-    const auto& rows = table();
-    const auto row =
-        std::find_if(rows.begin(), rows.end(), [&](const Artifact& a) { return a.folder == name; });
-    return row == rows.end() ? nullptr : &*row;
-}
+/// What an artifact holds, from one walk.
+class Contents final : public Survey {
+  public:
+    Contents(const Artifact& artifact, const Path& folder) : artifact_(artifact) { walkTree(folder, *this); }
 
-/// When someone last worked in a project: the newest date directly in it, artifacts left out, as a rebuilt
-/// one says nothing about work.
-std::optional<Instant> projectActivity(const Path& folder, const std::vector<std::string>& names) {
-    std::optional<Instant> newest;
-    for (const std::string& name : names) {
-        if (artifactNamed(name) != nullptr) continue;
-        const auto date = Files::modificationDate(folder / name);
-        if (date && (!newest || *date > *newest)) newest = date;
+    [[nodiscard]] std::int64_t bytes() const { return bytes_; }
+    [[nodiscard]] bool hasWorkTree() const { return hasWorkTree_; }
+    [[nodiscard]] bool hasOtherFiles() const { return hasOtherFiles_; }
+
+    [[nodiscard]] bool enters(std::string_view name) const override {
+        if (VersionControl::isMark(name)) hasWorkTree_ = true;
+        return true;
     }
-    return newest;
+    void take(const FolderEntry& entry, std::uint64_t /*ordinal*/, Haul& haul) const override {
+        if (VersionControl::isMark(entry.name)) hasWorkTree_ = true;
+        const auto& endings = artifact_.endings;
+        if (!endings.empty() && std::none_of(endings.begin(), endings.end(), [&](std::string_view ending) {
+                return entry.name.ends_with(ending);
+            }))
+            hasOtherFiles_ = true;
+        if (entry.kind != FolderEntry::Kind::link) haul.bytes = addBytes(haul.bytes, entry.allocated);
+    }
+    void gather(const std::shared_ptr<WalkFolder>& /*folder*/, Haul haul, std::size_t /*toCome*/) override {
+        bytes_ = addBytes(bytes_, haul.bytes);
+    }
+
+  private:
+    const Artifact& artifact_;
+    std::int64_t bytes_ = 0;
+    // Set by any thread of the walk.
+    mutable std::atomic<bool> hasWorkTree_ = false;
+    mutable std::atomic<bool> hasOtherFiles_ = false;
+};
+
+/// Whether someone worked in a project of late.
+enum class Use { none, recent, unknown };
+
+/// By the newest date directly in it, artifacts left out, as a rebuilt one says nothing about work.
+Use useByTopLevel(const Tables& tables, const Path& folder, const Names& names, Instant staleBefore) {
+    Instant newest = distantPast;
+    for (const std::string& name : names) {
+        if (!isRow(tables, name)) newest = std::max(newest, dateOf(folder / name));
+    }
+    return newest < staleBefore ? Use::none : Use::recent;
+}
+
+/// By the dates of the source files, folder by folder downwards. Folders do not count themselves: their dates
+/// change when a build puts something there, or when a cleaner takes it away.
+class SourceDates {
+  public:
+    SourceDates(const Tables& tables, Instant staleBefore) : tables_(tables), staleBefore_(staleBefore) {}
+
+    Use read(const Path& project) {
+        std::vector<Path> folders{project};
+        for (int level = 0; level <= deepestSource; ++level) {
+            std::vector<Path> below;
+            for (const Path& folder : folders) {
+                if (const Use use = readOne(folder, below); use != Use::none) return use;
+            }
+            folders = std::move(below);
+        }
+        return Use::none;
+    }
+
+  private:
+    Use readOne(const Path& folder, std::vector<Path>& below) {
+        const Names names = Files::names(folder);
+        for (const std::string& name : names) {
+            if (++seen_ > mostSources) return Use::unknown;
+            const Path path = folder / name;
+            if (!Files::isFolder(path)) {
+                if (isRecent(path)) return Use::recent;
+            } else if (name == ".git") {
+                // Its index is written anew by a mere look at what has changed.
+                if (isRecent(path / "HEAD") || isRecent(path / "logs/HEAD")) return Use::recent;
+            } else if (!name.starts_with('.') && artifactAt(tables_, folder, name, names) == nullptr) {
+                below.push_back(path);
+            }
+        }
+        return Use::none;
+    }
+    [[nodiscard]] bool isRecent(const Path& path) const { return dateOf(path) >= staleBefore_; }
+
+    const Tables& tables_;
+    Instant staleBefore_;
+    std::size_t seen_ = 0;
+};
+
+/// The moment before which a project is stale, as far back as moments go.
+Instant daysBefore(Instant now, std::int64_t days) {
+    const auto whole = std::chrono::floor<Days>(now.time_since_epoch());
+    const auto most = whole - std::chrono::ceil<Days>(distantPast.time_since_epoch());
+    return days < most.count() ? now - Days(std::max<std::int64_t>(days, 0)) : distantPast;
 }
 
 class Walk {
   public:
-    Walk(const SafetyGuard& safety, Instant staleBefore) : safety_(safety), staleBefore_(staleBefore) {}
+    Walk(const Tables& tables, const SafetyGuard& safety, Instant staleBefore)
+        : tables_(tables), safety_(safety), staleBefore_(staleBefore) {}
 
-    void enter(const Path& folder, int depth) {
+    void enter(const Path& folder, const Path& projectAbove, int depth) {
         if (depth > deepest) return;
         const auto identifier = Files::identifier(folder);
         if (!identifier || !seen_.insert(*identifier).second) return;
-        const auto names = Files::names(folder);
+        const Names names = Files::names(folder);
+        const Path& project = isProjectFolder(names) ? folder : projectAbove;
         for (const std::string& name : names) {
             if (!Files::isFolder(folder / name)) continue;
-            const Artifact* artifact = artifactNamed(name);
-            if (artifact != nullptr && isMarked(*artifact, names)) {
-                offer(*artifact, folder, names);
-            } else if (!holds(skipped, name) && (!name.starts_with('.') || artifact != nullptr)) {
-                enter(folder / name, depth + 1);
+            if (const Artifact* artifact = artifactAt(tables_, folder, name, names)) {
+                offer(*artifact, project.empty() ? folder : project, folder, names);
+            } else if (!holds(skipped, name) && (!name.starts_with('.') || isRow(tables_, name))) {
+                enter(folder / name, project, depth + 1);
             }
         }
     }
@@ -110,31 +186,61 @@ class Walk {
     std::vector<CleanItem> take() { return std::move(items_); }
 
   private:
-    static bool isMarked(const Artifact& artifact, const std::vector<std::string>& names) {
-        const auto& markers = artifact.markers;
-        return markers.empty() || std::any_of(markers.begin(), markers.end(),
-                                              [&](std::string_view marker) { return holds(names, marker); });
+    [[nodiscard]] bool isProjectFolder(const Names& names) const {
+        if (tables_.notes == Tables::Notes::folder) return true;
+        const auto& rows = tables_.artifacts;
+        return std::any_of(names.begin(), names.end(), VersionControl::isMark) ||
+               std::any_of(rows.begin(), rows.end(), [&](const Artifact& row) {
+                   return std::any_of(row.markers.begin(), row.markers.end(),
+                                      [&](std::string_view marker) { return isBeside(marker, names); });
+               });
     }
 
-    void offer(const Artifact& artifact, const Path& project, const std::vector<std::string>& names) {
-        const Path path = project / artifact.folder;
+    void offer(const Artifact& artifact, const Path& project, const Path& folder, const Names& names) {
+        const Path path = folder / artifact.folder;
         if (!Scanning::vet(safety_, path)) return;
-        const std::int64_t size = FileSizer::size(path);
-        if (size < leastSize) return;
-        const bool stale = projectActivity(project, names).value_or(distantPast) < staleBefore_;
+        const Contents contents(artifact, path);
+        if (contents.bytes() < leastSize) return;
+        const Use use = useOf(project, folder, names);
+        const bool isTracked = contents.hasWorkTree() || versionControl_.tracks(path);
+
+        const bool isReplaced = tables_.notes == Tables::Notes::folder && use == Use::recent;
+        std::string note = Paths::name(project);
+        const auto add = [&](Text::English words) { note = Scanning::note(note, Text::localized(words)); };
+        if (!isReplaced) add(artifact.note);
+        if (contents.hasOtherFiles()) add("holds other files too");
+        if (use == Use::recent) add("used recently");
+        if (use == Use::unknown) add("may be in use");
+        if (isTracked) add("under version control");
+
+        const bool isPlain = use == Use::none && !contents.hasOtherFiles() && !isTracked;
         items_.push_back({
             .url = path,
-            .size = size,
+            .size = contents.bytes(),
             .category = CleanCategory::projects,
-            .risk = stale ? artifact.risk : Risk::review,
-            .note = Scanning::note(Paths::name(project),
-                                   Text::localized(stale ? artifact.note : "used recently")),
+            .risk = isPlain ? artifact.risk : Risk::review,
+            .note = std::move(note),
         });
     }
 
+    Use useOf(const Path& project, const Path& folder, const Names& names) {
+        if (tables_.activity == Tables::Activity::topLevel)
+            return useByTopLevel(tables_, folder, names, staleBefore_);
+        const Use use = useBySources(project);
+        return use == Use::none && folder != project ? useBySources(folder) : use;
+    }
+    Use useBySources(const Path& folder) {
+        const auto [known, isNew] = uses_.try_emplace(folder.native(), Use::none);
+        if (isNew) known->second = SourceDates(tables_, staleBefore_).read(folder);
+        return known->second;
+    }
+
+    const Tables& tables_;
     const SafetyGuard& safety_;
     Instant staleBefore_;
+    VersionControl versionControl_;
     std::set<std::pair<dev_t, ino_t>> seen_;
+    std::map<std::string, Use> uses_;  // by folder
     std::vector<CleanItem> items_;
 };
 
@@ -163,14 +269,10 @@ bool holdsProjects(const Path& folder) {
 
 }  // namespace
 
-std::span<const Artifact> artifacts() {
-    return table();
-}
-
-std::vector<CleanItem> scan(const std::vector<Path>& roots, int staleDays, const SafetyGuard& safety,
-                            Instant now) {
-    Walk walk(safety, now - Days(staleDays));
-    for (const Path& root : roots) walk.enter(root, 0);
+std::vector<CleanItem> scan(const Tables& tables, const std::vector<Path>& roots, std::int64_t staleDays,
+                            const SafetyGuard& safety, Instant now) {
+    Walk walk(tables, safety, daysBefore(now, staleDays));
+    for (const Path& root : roots) walk.enter(root, {}, 0);
     auto items = walk.take();
     Scanning::sortBySize(items);
     return items;

@@ -5,31 +5,52 @@
 #include "core/Instant.h"
 #include "core/Text.h"
 
+#include <cstdint>
 #include <filesystem>
-#include <span>
 #include <string_view>
 #include <vector>
 
 /// Finds what software projects build and download, and can make again. A folder's name proves nothing: the
-/// tool's own marker must lie beside it.
+/// tool's own marker must lie beside it or in it. What version control tracks is only for review.
 namespace tavrel::ProjectPurger {
 
 using Path = std::filesystem::path;
 
 struct Artifact {
     std::string_view folder;
-    std::vector<std::string_view>
-        markers;             // at least one must stand beside the folder; empty: none is needed
+    /// At least one must stand beside the folder; empty: none is needed. "*.x" is any name that ends in ".x".
+    std::vector<std::string_view> markers;
     Risk risk = Risk::safe;  // in a project that nobody touches
     Text::English note = "";
+    std::vector<std::string_view> inside =
+        {};  // at least one must stand in the folder; empty: none is needed
+    std::vector<std::string_view> endings =
+        {};  // a file in it without one of them makes it review; empty: any
 };
 
-[[nodiscard]] std::span<const Artifact> artifacts();
+/// How a family of systems looks at projects.
+struct Tables {
+    /// What shows that somebody works in a project.
+    enum class Activity {
+        topLevel,  // the newest date directly beside the artifact
+        sources,   // the newest file of the project two folders down, and what git notes about commits
+    };
+    /// What stands in a note.
+    enum class Notes {
+        folder,   // the name of the folder around the artifact; that it is in use stands in place of what it
+                  // is
+        project,  // the name of the project; what the artifact is stands in every note
+    };
+
+    std::vector<Artifact> artifacts;  // of rows for one folder the first whose markers are there counts
+    Activity activity = Activity::topLevel;
+    Notes notes = Notes::folder;
+};
 
 /// Artifacts below the roots, largest first. In a project touched within `staleDays` they are only for
 /// review.
-[[nodiscard]] std::vector<CleanItem> scan(const std::vector<Path>& roots, int staleDays,
-                                          const SafetyGuard& safety, Instant now);
+[[nodiscard]] std::vector<CleanItem> scan(const Tables& tables, const std::vector<Path>& roots,
+                                          std::int64_t staleDays, const SafetyGuard& safety, Instant now);
 
 /// Folders directly under `home` that hold Git projects, up to two levels down.
 [[nodiscard]] std::vector<Path> discoveredRoots(const Path& home);

@@ -134,12 +134,13 @@ Finder::Items Finder::junk(Console& console) const {
 }
 
 Finder::Items Finder::projects() const {
-    const auto preferred = static_cast<int>(session_.preferences().staleProjectDays);
+    const std::int64_t stale =
+        options_.staleDays ? *options_.staleDays : session_.preferences().staleProjectDays;
     std::vector<Path> roots;
     roots.reserve(options_.projectRoots.size());
     for (const std::string& root : options_.projectRoots) roots.push_back(Arguments::workingFolder() / root);
     roots = roots.empty() ? finders_.projectRoots(session_.preferences()) : ProjectPurger::mergedRoots(roots);
-    return Finders::projects(roots, options_.staleDays.value_or(preferred), guard(), now());
+    return finders_.projects(roots, stale, guard(), now());
 }
 
 int Finder::missingRoots(Console& console) const {

@@ -31,8 +31,7 @@ Finders::Items Finders::find(CleanMode mode, const PreferenceValues& preferences
         case CleanMode::ai:
             return ai(sessionAgeDays, safety, now);
         case CleanMode::projects:
-            return projects(projectRoots(preferences), static_cast<int>(preferences.staleProjectDays), safety,
-                            now);
+            return projects(projectRoots(preferences), preferences.staleProjectDays, safety, now);
         case CleanMode::installers:
             return installers(safety, now);
     }
@@ -59,9 +58,9 @@ Finders::Items Finders::ai(int ageDays, const SafetyGuard& guard, Instant now) c
     return SpecialScanners::ai(profile_.places.home(), guard, ageDays, now, profile_.aiFolders);
 }
 
-Finders::Items Finders::projects(const std::vector<Path>& roots, int staleDays, const SafetyGuard& guard,
-                                 Instant now) {
-    return ProjectPurger::scan(roots, staleDays, guard, now);
+Finders::Items Finders::projects(const std::vector<Path>& roots, std::int64_t staleDays,
+                                 const SafetyGuard& guard, Instant now) const {
+    return ProjectPurger::scan(profile_.projects, roots, staleDays, guard, now);
 }
 
 Finders::Items Finders::installers(const SafetyGuard& guard, Instant now) const {

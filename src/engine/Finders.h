@@ -9,6 +9,7 @@
 #include "platform/RunningApplications.h"
 #include "profiles/Profile.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <set>
 #include <vector>
@@ -36,8 +37,8 @@ class Finders {
                              const SafetyGuard& guard, Instant now,
                              const JunkScanner::Progress& progress) const;
     [[nodiscard]] Items ai(int ageDays, const SafetyGuard& guard, Instant now) const;
-    [[nodiscard]] static Items projects(const std::vector<Path>& roots, int staleDays,
-                                        const SafetyGuard& guard, Instant now);
+    [[nodiscard]] Items projects(const std::vector<Path>& roots, std::int64_t staleDays,
+                                 const SafetyGuard& guard, Instant now) const;
     [[nodiscard]] Items installers(const SafetyGuard& guard, Instant now) const;
 
     /// The code folders of the preferences and those that are discovered in the home, merged.

@@ -3,6 +3,7 @@
 #include "cleaning/Catalog.h"
 #include "cleaning/InstallerFinder.h"
 #include "cleaning/JunkScanner.h"
+#include "cleaning/ProjectPurger.h"
 #include "cleaning/SafetyGuard.h"
 #include "cleaning/Trash.h"
 #include "core/Places.h"
@@ -32,6 +33,7 @@ struct Profile {
     JunkScanner::Tables scan;  // its rules are the catalog's
     InstallerFinder::Tables installers;
     std::vector<SpecialScanners::AiFolder> aiFolders = {};  // beside those that every system has
+    ProjectPurger::Tables projects;
     SafetyGuard::Lists guardLists;
     ProcessNotes processNotes;
     std::vector<std::string_view> fullDiskAccessProbes;

@@ -99,6 +99,7 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
         .scan = std::move(tables),
         .installers = Linux::installers(places),
         .aiFolders = Linux::aiFolders(),
+        .projects = Linux::projects(),
         .guardLists = Linux::guardLists(dirs, data / "Trash"),
         .processNotes = Linux::processNotes(),
         .trashLayout = Profile::TrashLayout::freedesktop,

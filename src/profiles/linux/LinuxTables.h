@@ -2,6 +2,7 @@
 
 #include "cleaning/Catalog.h"
 #include "cleaning/InstallerFinder.h"
+#include "cleaning/ProjectPurger.h"
 #include "cleaning/SafetyGuard.h"
 #include "cleaning/SpecialScanners.h"
 #include "core/Places.h"
@@ -33,6 +34,9 @@ namespace tavrel::Linux {
 /// belong to `user`; no folder that is reached through a link.
 [[nodiscard]] SpecialScanners::VolumeTrashes volumeTrashes(std::string_view mounts, unsigned user,
                                                            const std::filesystem::path& homeTrash);
+
+/// What software projects leave that can be made again, and what may be the only copy of something.
+[[nodiscard]] ProjectPurger::Tables projects();
 
 /// By the names that the kernel keeps, of which some are cut short.
 [[nodiscard]] ProcessNotes processNotes();

@@ -152,6 +152,7 @@ Profile Profiles::macos(const Path& root, const Path& home) {
         .installers = {.extensions = {"dmg", "pkg", "mpkg", "xip", "iso"},
                        .packages = {"app", "framework", "bundle", "plugin", "kext", "photoslibrary"},
                        .applications = places.applications()},
+        .projects = Mac::projects(),
         .guardLists = guardLists(),
         .processNotes = Mac::processNotes(),
         .fullDiskAccessProbes = {"Library/Application Support/com.apple.TCC/TCC.db",

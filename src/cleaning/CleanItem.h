@@ -20,7 +20,7 @@ struct CleanItem {
     bool permanent = false;                   // delete outright: moving it would free nothing
     bool requiresAdmin = false;               // only root can remove it
     bool isNoLink = false;                    // as it was found: a link in its place is another thing
-    std::optional<std::string> adminCommand;  // the whole shell command, for what is no plain path
+    std::optional<std::string> adminCommand;  // the whole shell command; `url` is then a name and no path
 
     /// The key of a selection: two items with one path are one thing to choose.
     [[nodiscard]] const std::string& id() const { return url.native(); }

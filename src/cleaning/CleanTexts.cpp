@@ -75,6 +75,11 @@ std::string heroSubtitle(const CleanPhase& phase, const Figures& figures, const 
     return std::visit(Subtitle{figures, idle}, phase);
 }
 
+std::string size(const CleanItem& item) {
+    const bool unknown = item.adminCommand && item.size == 0;
+    return unknown ? localized("size unknown") : byteCount(item.size);
+}
+
 std::string reasons(const CleanReport& report) {
     std::map<std::string, std::size_t> counts;
     for (const auto& [item, reason] : report.skipped) ++counts[reason];

@@ -69,7 +69,9 @@ std::optional<CleanCategory> fromRawValue(std::string_view text) {
 std::string title(CleanCategory category) {
     return Text::localized(row(category).title);
 }
-std::string summary(CleanCategory category) {
+std::string summary(CleanCategory category, uid_t user) {
+    if (category == CleanCategory::systemData && user == 0)
+        return Text::localized("System caches, logs and local snapshots");
     return Text::localized(row(category).summary);
 }
 std::string_view symbol(CleanCategory category) {

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
+#include <unistd.h>
 
 namespace tavrel {
 
@@ -40,7 +42,8 @@ inline constexpr std::size_t count = 19;
 [[nodiscard]] std::optional<CleanCategory> fromRawValue(std::string_view text);
 
 [[nodiscard]] std::string title(CleanCategory category);
-[[nodiscard]] std::string summary(CleanCategory category);
+/// What `user` reads below the title: root is not told of a password that nobody asks it for.
+[[nodiscard]] std::string summary(CleanCategory category, uid_t user = ::geteuid());
 /// The name of the group's icon in the symbol set.
 [[nodiscard]] std::string_view symbol(CleanCategory category);
 

@@ -22,7 +22,7 @@ struct CleanItem {
     bool requiresAdmin = false;               // only root can remove it
     bool toTrash = false;                     // never deleted outright, whatever its category
     bool isNoLink = false;                    // as it was found: a link in its place is another thing
-    std::optional<std::string> adminCommand;  // the whole shell command, for what is no plain path
+    std::optional<std::string> adminCommand;  // the whole shell command; `url` is then a name and no path
     Occupants occupants;                      // who may be at work with it
 
     /// The key of a selection: two items with one path are one thing to choose.

@@ -94,6 +94,11 @@ std::string heroSubtitle(const CleanPhase& phase, const Figures& figures, const 
     return std::visit(Subtitle{figures, idle}, phase);
 }
 
+std::string size(const CleanItem& item) {
+    const bool unknown = item.adminCommand && item.size == 0;
+    return unknown ? localized("size unknown") : byteCount(item.size);
+}
+
 std::string reasons(const CleanReport& report) {
     return reasonsOf(report.skipped);
 }

@@ -29,6 +29,9 @@ struct Idle {
 [[nodiscard]] std::string heroTitle(const CleanPhase& phase, const Figures& figures, const Idle& idle);
 [[nodiscard]] std::string heroSubtitle(const CleanPhase& phase, const Figures& figures, const Idle& idle);
 
+/// What the item frees; says so where only its command knows that.
+[[nodiscard]] std::string size(const CleanItem& item);
+
 /// Why things were skipped, the most frequent reason first, one a line; empty when nothing was.
 [[nodiscard]] std::string reasons(const CleanReport& report);
 [[nodiscard]] std::string reasons(const RestoreReport& report);

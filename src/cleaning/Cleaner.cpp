@@ -180,8 +180,11 @@ void Cleaner::cleanWithAdmin(const std::vector<CleanItem>& items, const SafetyGu
                             : tools_.administrator.run(Scripts::statusBatch(commands), administratorLimit);
     for (const auto& item : accepted) {
         // The one status of the batch does not tell its commands apart, so the disk is asked.
-        const auto left = Removal::identify(tools_.access, item.url);
-        const bool gone = !item.adminCommand && !left && Removal::isGone(left.error());
+        const auto isGone = [&] {
+            const auto left = Removal::identify(tools_.access, item.url);
+            return !left && Removal::isGone(left.error());
+        };
+        const bool gone = !item.adminCommand && isGone();
         if (result.status == 0 || gone) {
             noteRemoved(report, item);
         } else {

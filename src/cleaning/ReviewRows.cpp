@@ -1,5 +1,6 @@
 #include "cleaning/ReviewRows.h"
 
+#include "cleaning/CleanTexts.h"
 #include "core/ByteCount.h"
 #include "core/CheckedSum.h"
 #include "core/Phrase.h"
@@ -12,6 +13,12 @@ namespace {
 
 QString text(const std::string& utf8) {
     return QString::fromStdString(utf8);
+}
+
+/// The last part of the path, or all of a command.
+std::string title(const CleanItem& item) {
+    const bool isCommand = item.adminCommand == item.url.native();
+    return Text::shown(isCommand ? *item.adminCommand : item.url.filename().native());
 }
 
 }  // namespace
@@ -80,11 +87,11 @@ QVariant ReviewRows::valueOfItem(const Row& row, Role role) const {
     const CleanItem& item = source_->items()[row.item];
     switch (role) {
         case Role::title:
-            return text(Text::shown(item.url.filename().native()));
+            return text(title(item));
         case Role::summary:
             return text(Text::shown(item.note));
         case Role::size:
-            return text(byteCount(item.size));
+            return text(CleanTexts::size(item));
         case Role::review:
             return item.risk == Risk::review;
         case Role::permanent:
@@ -151,7 +158,8 @@ QString ReviewRows::path(int row) const {
     if (!source_ || row < 0 || row >= count()) return {};
     const Row& asked = rows_[static_cast<std::size_t>(row)];
     if (asked.isHead()) return {};
-    return text(Text::repaired(source_->items()[asked.item].url.native()));
+    const CleanItem& item = source_->items()[asked.item];
+    return item.adminCommand ? QString() : text(Text::repaired(item.url.native()));
 }
 
 const CleanListModel::Group& ReviewRows::groupOf(const Row& row) const {

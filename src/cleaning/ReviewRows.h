@@ -53,7 +53,7 @@ class ReviewRows : public QAbstractListModel {
     Q_INVOKABLE void toggle(int row);
     /// Shows or hides the items below the head at `row`.
     Q_INVOKABLE void toggleExpanded(int row);
-    /// The path of the item at `row`, as it is put on the clipboard; empty for a head.
+    /// The path of the item at `row`, as it is put on the clipboard; empty for a head and for what has none.
     Q_INVOKABLE [[nodiscard]] QString path(int row) const;
 
   Q_SIGNALS:

@@ -84,9 +84,8 @@ struct SystemCommand {
         int minAgeDays = 0;
     };
 
-    std::string identifier;  // last part of the item's url
     Path tool;
-    std::string command;
+    std::string command;  // also the item's name
     std::vector<Empties>
         empties;  // their sizes make the item's; without any the size is unknown and stands as 0
     Risk risk = Risk::safe;
@@ -99,12 +98,21 @@ struct PackageRevisions {
     Path folder;
 };
 
+/// Runtimes that applications share, and the tool that removes them. Applications of the other installations
+/// use them too.
+struct SharedRuntimes {
+    Path tool;
+    Path installation;
+    std::vector<Path> others;
+};
+
 /// Everything system-owned that a profile knows, absolute paths already below the root in force.
 struct SystemPlaces {
     std::vector<SystemFolder> folders;
     std::vector<SystemCommand> commands;
     std::optional<Path> snapshotTool;  // lists local snapshots of the disk
     std::optional<PackageRevisions> packages;
+    std::optional<SharedRuntimes> runtimes;
     std::vector<Path> roots;  // the guard's extra roots for these items
 };
 
@@ -141,7 +149,7 @@ struct Search {
 [[nodiscard]] Items oldEditorExtensions(const Path& home, const SafetyGuard& safety);
 
 /// Every item needs root. `safety` admits the roots of `places`. Commands and snapshots are not vetted: their
-/// urls are identifiers that never reach the disk.
+/// urls are names that never reach the disk. A command is called what it is, so that a person can type it.
 [[nodiscard]] Items systemData(const SystemPlaces& places, Shell& shell, const SafetyGuard& safety,
                                Instant now);
 

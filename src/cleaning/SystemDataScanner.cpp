@@ -1,8 +1,8 @@
 #include "cleaning/Scanning.h"
 #include "cleaning/SpecialScanners.h"
+#include "cleaning/UnusedRuntimes.h"
 #include "core/CheckedSum.h"
 #include "core/Files.h"
-#include "core/Quoting.h"
 #include "core/Text.h"
 
 #include <algorithm>
@@ -43,11 +43,10 @@ CleanItem systemItem(Path url, std::int64_t size, Risk risk, std::string note) {
             .requiresAdmin = true};
 }
 
-/// An item that only its command removes. Its url names no path: it is what tells the item apart.
-CleanItem commandItem(const std::string& url, std::int64_t size, Risk risk, std::string note,
-                      std::string command) {
-    CleanItem item = systemItem(url, size, risk, std::move(note));
-    item.adminCommand = std::move(command);
+/// An item that only its command removes, and that is called what the command is.
+CleanItem commandItem(const std::string& command, std::int64_t size, Risk risk, std::string note) {
+    CleanItem item = systemItem(command, size, risk, std::move(note));
+    item.adminCommand = command;
     return item;
 }
 
@@ -78,10 +77,11 @@ void snapshotItems(const Path& tool, Shell& shell, Items& items) {
     if (listing.status != 0) return;
     for (const std::string& line : lines(listing.output)) {
         if (!std::regex_match(line, date)) continue;
-        items.push_back(commandItem(
-            "/.tavrel-snapshot/" + line, 0, Risk::review,
-            localized("Time Machine local snapshot ") + line + localized("; size known only to APFS"),
-            tool.native() + " deletelocalsnapshots " + line));
+        CleanItem item = commandItem(
+            tool.native() + " deletelocalsnapshots " + line, 0, Risk::review,
+            localized("Time Machine local snapshot ") + line + localized("; size known only to APFS"));
+        item.url = "/.tavrel-snapshot/" + line;
+        items.push_back(std::move(item));
     }
 }
 
@@ -104,7 +104,7 @@ void commandItems(const SystemCommand& row, Instant now, Items& items) {
     std::int64_t size = 0;
     for (const auto& files : row.empties) size = addBytes(size, emptied(files, files.folder, levels, now));
     if (!row.empties.empty() && size < leastSize) return;
-    items.push_back(commandItem("/.tavrel-command/" + row.identifier, size, row.risk, row.note, row.command));
+    items.push_back(commandItem(row.command, size, row.risk, row.note));
 }
 
 /// Lines of the package tool's list are "name version revision tracking publisher notes".
@@ -119,11 +119,21 @@ void revisionItems(const PackageRevisions& packages, Shell& shell, Items& items)
         const std::string name = match[1];
         const std::string revision = match[2];
         const Path file = packages.folder / fmt::format("{}_{}.snap", name, revision);
+        // The expression lets nothing pass that a shell would read as more than a word.
         items.push_back(commandItem(
-            fmt::format("/.tavrel-command/snap-{}-{}", name, revision), FileSizer::size(file), Risk::review,
-            Scanning::note(name, localized("disabled revision; without it there is no way back")),
-            fmt::format("{} remove {} --revision={}", packages.tool.native(), Quoting::shell(name),
-                        revision)));
+            fmt::format("{} remove {} --revision={}", packages.tool.native(), name, revision),
+            FileSizer::size(file), Risk::review,
+            Scanning::note(name, localized("disabled revision; without it there is no way back"))));
+    }
+}
+
+void runtimeItems(const SharedRuntimes& runtimes, Items& items) {
+    if (!Files::exists(runtimes.tool)) return;
+    for (const std::string& runtime : unusedRuntimes(runtimes.installation, runtimes.others)) {
+        items.push_back(commandItem(
+            runtimes.tool.native() + " uninstall --system --noninteractive runtime/" + runtime, 0,
+            Risk::review,
+            Scanning::note(runtime, localized("Flatpak runtime that no application uses; size unknown"))));
     }
 }
 
@@ -135,6 +145,7 @@ Items systemData(const SystemPlaces& places, Shell& shell, const SafetyGuard& sa
     if (places.snapshotTool) snapshotItems(*places.snapshotTool, shell, items);
     for (const SystemCommand& row : places.commands) commandItems(row, now, items);
     if (places.packages) revisionItems(*places.packages, shell, items);
+    if (places.runtimes) runtimeItems(*places.runtimes, items);
     return items;
 }
 

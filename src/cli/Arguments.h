@@ -2,7 +2,9 @@
 
 #include "cli/Console.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +23,10 @@ namespace tavrel::cli::Arguments {
 /// to the byte: nothing in a name is read as a list.
 CLI::Option* addList(CLI::App& command, const std::string& name, const std::string& placeholder,
                      std::vector<std::string>& target, const std::string& description);
+
+/// The bytes that a person means by a number with K, M, G or T for powers of 1000, as sizes are printed, or
+/// Ki, Mi, Gi, Ti for those of 1024; a B may follow, and case does not count. Nothing for other texts.
+[[nodiscard]] std::optional<std::int64_t> bytes(const std::string& text);
 
 /// Whether something stands at `path`, a link counting as itself. Says so when nothing does.
 bool exists(const std::string& path, Console& console);

@@ -4,6 +4,8 @@
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
 #include "cli/Session.h"
+#include "core/Files.h"
+#include "core/Paths.h"
 #include "core/Phrase.h"
 
 #include <algorithm>
@@ -20,29 +22,39 @@ namespace {
 using Path = std::filesystem::path;
 using Text::localized;
 
-Json::Value document(const std::vector<std::string>& paths, const SafetyGuard& guard) {
+/// What is known of one path.
+struct Judgement {
+    std::string path;
+    SafetyGuard::Verdict verdict;
+    bool exists;
+};
+
+Json::Value document(const std::vector<Judgement>& judgements) {
     Json::Value verdicts = Json::Value::array();
-    for (const std::string& path : paths) {
-        const auto verdict = guard.check(path);
+    for (const auto& [path, verdict, exists] : judgements) {
         verdicts.push_back({
             {"path", Json::path(path)},
             {"allowed", verdict.isAllowed()},
             {"reason", verdict.isAllowed() ? Json::Value(nullptr) : Json::Value(verdict.reason())},
+            {"exists", exists},
         });
     }
     return verdicts;
 }
 
-void print(Console& console, const std::vector<std::string>& paths, const SafetyGuard& guard) {
+void print(Console& console, const std::vector<Judgement>& judgements) {
     const std::vector<std::string> words = {localized("allowed"), localized("refused")};
     const auto wider = std::max(Text::columns(words[0]), Text::columns(words[1]));
-    for (const std::string& path : paths) {
-        const auto verdict = guard.check(path);
+    for (const auto& [path, verdict, exists] : judgements) {
         const std::string& word = words.at(verdict.isAllowed() ? 0 : 1);
         const auto style = verdict.isAllowed() ? Console::Style::mark : Console::Style::danger;
         std::string line = console.styled(style, word) + std::string(wider - Text::columns(word) + 2, ' ');
         line += Text::shown(path);
-        if (!verdict.isAllowed()) line += "  " + console.styled(Console::Style::dim, verdict.reason());
+        const auto remark = [&](const std::string& text) {
+            line += "  " + console.styled(Console::Style::dim, text);
+        };
+        if (!verdict.isAllowed()) remark(verdict.reason());
+        if (!exists) remark(localized("does not exist"));
         console.line(line);
     }
 }
@@ -73,16 +85,31 @@ struct CheckCommand {
         return guard;
     }
 
+    /// In the order of the paths; a relative one counts from the working folder.
+    [[nodiscard]] std::vector<Judgement> judge(const SafetyGuard& guard) const {
+        const Path here = Arguments::workingFolder();
+        std::vector<Judgement> judgements;
+        for (const std::string& path : paths) {
+            const bool relative = !path.empty() && !path.starts_with('/');
+            const std::string whole = relative ? Paths::standardized(here / path).native() : path;
+            judgements.push_back({whole, guard.check(whole), Files::identifier(whole).has_value()});
+        }
+        return judgements;
+    }
+
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
         const auto session = Session::open(global);
         if (!session) return console.fail(session.error());
         session->warnOfSettings(console);
+        const std::vector<Judgement> judgements = judge(guard(*session));
         if (console.json()) {
-            console.document(document(paths, guard(*session)));
+            console.document(document(judgements));
         } else {
-            print(console, paths, guard(*session));
+            print(console, judgements);
         }
-        return ExitStatus::done;
+        const bool all = std::all_of(judgements.begin(), judgements.end(),
+                                     [](const Judgement& each) { return each.verdict.isAllowed(); });
+        return all ? ExitStatus::done : ExitStatus::undone;
     }
 };
 

@@ -10,6 +10,7 @@
 #include "cli/Session.h"
 #include "core/ByteCount.h"
 #include "core/Phrase.h"
+#include "core/Quoting.h"
 #include "engine/SystemTools.h"
 #include "platform/FolderAccess.h"
 
@@ -58,7 +59,8 @@ class CleanRun {
 
   private:
     [[nodiscard]] bool isPreview() const { return options_.dryRun || session_.preferences().dryRun; }
-    [[nodiscard]] Items choose();
+    [[nodiscard]] Items choose(const Finder& finder);
+    void tellOfMissing(const std::vector<std::string>& names, const Finder& finder);
     [[nodiscard]] bool agreed(const Items& chosen);
     [[nodiscard]] Cleaner::Tools cleanerTools();
     [[nodiscard]] CleanReport remove(const Items& chosen, const Finder& finder, bool preview);
@@ -85,7 +87,7 @@ int CleanRun::run() {
     Finder::Found found = finder.find(console_);
     status_ = found.status;
     found_ = std::move(found.items);
-    const Items chosen = choose();
+    const Items chosen = choose(finder);
     if (!preview && !options_.yes && !chosen.empty() && !agreed(chosen)) {
         return console_.fail(localized("nothing was removed"));
     }
@@ -103,15 +105,27 @@ int CleanRun::run() {
     return status_;
 }
 
-Items CleanRun::choose() {
+Items CleanRun::choose(const Finder& finder) {
     if (options_.all) return found_;
     if (options_.select.empty()) return Selection::preselected(found_);
     Selection::Named named = Selection::named(found_, options_.select, Arguments::workingFolder());
-    for (const std::string& name : named.missing) {
-        console_.warn(phrase("\"{}\" is not among what was found", Text::shown(name)));
-        status_ = ExitStatus::undone;
-    }
+    if (!named.missing.empty()) tellOfMissing(named.missing, finder);
     return std::move(named.items);
+}
+
+void CleanRun::tellOfMissing(const std::vector<std::string>& names, const Finder& finder) {
+    status_ = ExitStatus::undone;
+    const auto elsewhere = finder.otherModes(names);
+    for (const std::string& name : names) {
+        const auto other = elsewhere.find(name);
+        if (other == elsewhere.end()) {
+            console_.warn(phrase("\"{}\" is not among what was found", Text::shown(name)));
+        } else {
+            const std::string_view mode = CleanModes::rawValue(other->second);
+            console_.warn(phrase("\"{}\" is found by the mode {}: tavrelctl clean {} --select {}",
+                                 Text::shown(name), mode, mode, Text::shown(Quoting::shell(name))));
+        }
+    }
 }
 
 bool CleanRun::agreed(const Items& chosen) {
@@ -165,6 +179,7 @@ void CleanRun::print(const CleanReport& report) {
 
 struct CleanCommand : CleanOptions {
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
+        if (const auto mistake = finder.mistake("clean")) return console.misuse(*mistake);
         auto session = Session::open(global);
         if (!session) return console.fail(session.error());
         return CleanRun(*this, std::move(*session), console).run();

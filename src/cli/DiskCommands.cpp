@@ -1,5 +1,6 @@
 #include "cli/AddCommand.h"
 #include "cli/Arguments.h"
+#include "cli/Columns.h"
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
 #include "core/ByteCount.h"
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <limits>
 #include <map>
 #include <string>
 #include <vector>
@@ -36,8 +36,14 @@ int statusFor(const std::vector<std::string>& paths, Console& console) {
     return status;
 }
 
+constexpr std::size_t sizeColumns = 10;
+
+std::string heading(const Console& console) {
+    const std::string words = Columns::right(localized("Size"), sizeColumns) + "  " + localized("File");
+    return console.styled(Console::Style::dim, words);
+}
+
 std::string row(const Console& console, const Sized& sized) {
-    constexpr std::size_t sizeColumns = 10;
     return fmt::format("{:>{}}  {}", byteCount(sized.size), sizeColumns,
                        console.fitted(Text::shown(sized.path), console.width() - sizeColumns - 2));
 }
@@ -53,10 +59,10 @@ void print(Console& console, const std::vector<Sized>& rows) {
 }
 
 struct SizeCommand {
-    std::vector<std::string> paths;
+    std::vector<std::string> paths = {"."};
 
     void addTo(CLI::App& command) {
-        Arguments::addList(command, "PATH", "...", paths, localized("files and folders"))->required();
+        Arguments::addList(command, "PATH", "...", paths, localized("files and folders (this folder)"));
     }
 
     [[nodiscard]] int run(const GlobalOptions& /*global*/, Console& console) const {
@@ -81,12 +87,12 @@ Json::Value document(const DiskIndex::Measurement& measured) {
 }
 
 struct MeasureCommand {
-    std::string path;
+    std::string path = ".";
     int depth = 2;
 
     void addTo(CLI::App& command) {
         constexpr int deepest = 1000;
-        command.add_option("PATH", path, localized("a folder"))->required()->type_name("");
+        command.add_option("PATH", path, localized("a folder (this one)"))->type_name("");
         command.add_option("--depth", depth, localized("levels of folders to tell of (2)"))
             ->check(CLI::Range(0, deepest).description(""))
             ->type_name("N");
@@ -119,18 +125,22 @@ struct MeasureCommand {
     }
 };
 
+std::string refuseNoSize(const std::string& text) {
+    if (Arguments::bytes(text)) return {};
+    return phrase("\"{}\" is no size such as 500000, 20K, 1M or 2GiB", text);
+}
+
 struct LargeCommand {
-    std::string path;
-    std::int64_t minimum = 524288000;  // 500 MiB
+    std::string path = ".";
+    std::string minimum = "500MiB";
     std::int64_t limit = 200;
 
     void addTo(CLI::App& command) {
-        constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
         constexpr std::int64_t mostRows = 1000000;
-        command.add_option("PATH", path, localized("a folder"))->required()->type_name("");
-        command.add_option("--minimum", minimum, localized("smallest size (524288000)"))
-            ->check(CLI::Range(std::int64_t{0}, most).description(""))
-            ->type_name("BYTES");
+        command.add_option("PATH", path, localized("a folder (this one)"))->type_name("");
+        command.add_option("--minimum", minimum, localized("smallest size, as 1M or 1MiB (500MiB)"))
+            ->check(refuseNoSize)
+            ->type_name("SIZE");
         command.add_option("--limit", limit, localized("most files to list (200)"))
             ->check(CLI::Range(std::int64_t{1}, mostRows).description(""))
             ->type_name("N");
@@ -139,13 +149,15 @@ struct LargeCommand {
     [[nodiscard]] int run(const GlobalOptions& /*global*/, Console& console) const {
         const int status = statusFor({path}, console);
         console.progress(localized("Measuring…"));
+        const std::int64_t least = Arguments::bytes(minimum).value_or(0);
         std::vector<Sized> rows;
-        for (const auto& file : DiskIndex::largeFiles(path, minimum, static_cast<std::size_t>(limit))) {
+        for (const auto& file : DiskIndex::largeFiles(path, least, static_cast<std::size_t>(limit))) {
             rows.push_back({file.path, file.size});
         }
+        if (!rows.empty() && !console.json()) console.line(heading(console));
         print(console, rows);
         if (rows.empty() && !console.json() && status == ExitStatus::done) {
-            console.line(phrase("No file of {} or more", byteCount(minimum)));
+            console.line(phrase("No file of {} or more", byteCount(least)));
         }
         return status;
     }

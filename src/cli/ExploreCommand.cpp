@@ -1,5 +1,6 @@
 #include "cli/AddCommand.h"
 #include "cli/Arguments.h"
+#include "cli/Columns.h"
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
 #include "cli/Session.h"
@@ -93,26 +94,40 @@ Json::Value document(const Path& folder, const Look& look) {
             {"entries", std::move(entries)}};
 }
 
+constexpr std::size_t sizeColumns = 10;
+constexpr std::size_t barColumns = 20;
+constexpr std::size_t shareColumns = barColumns + 8;  // " 100.0%"
+
+std::size_t fileColumns() {
+    return std::max<std::size_t>(6, Text::columns(localized("Files")));
+}
+
+std::string heading() {
+    return fmt::format("{}  {}  {}  {}", Columns::right(localized("Size"), sizeColumns),
+                       Columns::left(localized("Share"), shareColumns),
+                       Columns::right(localized("Files"), fileColumns()), localized("Name"));
+}
+
 std::string bar(double share) {
-    constexpr int columns = 20;
-    const auto filled = static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * columns));
+    const auto filled = static_cast<std::size_t>(std::lround(std::clamp(share, 0.0, 1.0) * barColumns));
     std::string line;
-    for (int i = 0; i < columns; ++i) line += i < filled ? "█" : "░";
+    for (std::size_t i = 0; i < barColumns; ++i) line += i < filled ? "█" : "░";
     return line;
 }
 
 void print(Console& console, const Look& look, std::size_t limit) {
-    constexpr std::size_t nameColumn = 48;
+    const std::size_t nameColumn = sizeColumns + 2 + shareColumns + 2 + fileColumns() + 2;
     constexpr std::size_t shortestName = 10;
     const std::size_t room = std::max(console.width(), nameColumn + shortestName) - nameColumn;
+    if (!look.rows.empty()) console.line(console.styled(Console::Style::dim, heading()));
     for (std::size_t i = 0; i < std::min(limit, look.rows.size()); ++i) {
         const AnalyzeEntry& entry = look.rows[i].entry;
         const std::int64_t size = entry.size.value_or(0);
         const std::string name = Text::shown(entry.url.filename().native()) + (entry.isFolder ? "/" : "");
-        console.line(fmt::format("{:>10}  {} {:>6}%  {:>6}  {}", byteCount(size),
-                                 console.styled(Console::Style::mark, bar(look.share(size))),
-                                 oneDecimal(look.share(size) * 100),
-                                 FileCount::format(entry.files.value_or(0)), console.fitted(name, room)));
+        console.line(fmt::format(
+            "{:>{}}  {} {:>6}%  {:>{}}  {}", byteCount(size), sizeColumns,
+            console.styled(Console::Style::mark, bar(look.share(size))), oneDecimal(look.share(size) * 100),
+            FileCount::format(entry.files.value_or(0)), fileColumns(), console.fitted(name, room)));
     }
     if (look.rows.size() > limit) {
         const auto more = static_cast<unsigned long>(look.rows.size() - limit);
@@ -125,14 +140,14 @@ void print(Console& console, const Look& look, std::size_t limit) {
 }
 
 struct ExploreCommand {
-    std::string path;
+    std::string path = ".";
     std::string exported;
     std::string compared;
     std::int64_t limit = 30;
 
     void addTo(CLI::App& command) {
         constexpr std::int64_t mostRows = 1'000'000;
-        command.add_option("PATH", path, localized("a folder"))->required()->type_name("");
+        command.add_option("PATH", path, localized("a folder (this one)"))->type_name("");
         command.add_option("--limit", limit, localized("most rows to print (30)"))
             ->check(CLI::Range(std::int64_t{1}, mostRows).description(""))
             ->type_name("N");

@@ -3,7 +3,9 @@
 #include "cleaning/JunkScanner.h"
 #include "cleaning/ProjectPurger.h"
 #include "cli/Arguments.h"
+#include "cli/CategoryNames.h"
 #include "cli/ExitStatus.h"
+#include "cli/Selection.h"
 #include "core/Phrase.h"
 
 #include <algorithm>
@@ -26,12 +28,6 @@ constexpr int longestAge = 36500;  // days; dates further back are no dates of f
 
 Instant now() {
     return std::chrono::system_clock::now();
-}
-
-/// A category by its raw value; the error names the text.
-std::string refuseUnknownCategory(const std::string& text) {
-    if (CleanCategories::fromRawValue(text)) return {};
-    return phrase("\"{}\" is no category", text);
 }
 
 std::string refuseUnnamedProgram(const std::string& text) {
@@ -58,7 +54,6 @@ void FinderOptions::addTo(CLI::App& command) {
         ->type_name("");
     command.add_option("--categories", categories, localized("only these groups, separated by commas"))
         ->delimiter(',')
-        ->check(refuseUnknownCategory)
         ->allow_extra_args(false)
         ->option_text("A,B");
     command.add_option("--stale-days", staleDays, localized("age of an untouched project (the setting)"))
@@ -72,6 +67,12 @@ void FinderOptions::addTo(CLI::App& command) {
     Arguments::addList(command, "--running", "BUNDLEID=NAME", running,
                        localized("treat this program as running"))
         ->check(refuseUnnamedProgram);
+    command.footer(CategoryNames::help());
+}
+
+std::optional<std::string> FinderOptions::mistake(const std::string& command) const {
+    return CategoryNames::mistake(categories, CleanModes::fromRawValue(mode).value_or(CleanMode::system),
+                                  command);
 }
 
 RunningApplications FinderOptions::withNamed(RunningApplications applications) const {
@@ -119,6 +120,19 @@ Finder::Items Finder::itemsOfMode(Console& console) const {
             return finders_.installers(guard(), now());
     }
     return {};
+}
+
+std::map<std::string, CleanMode> Finder::otherModes(const std::vector<std::string>& names) const {
+    std::map<std::string, CleanMode> found;
+    for (const CleanMode mode : CleanModes::allCases) {
+        if (mode == mode_ && options_.categories.empty()) continue;
+        const Items items = finders_.find(mode, session_.preferences(), now());
+        for (const std::string& name : names) {
+            if (!Selection::named(items, {name}, Arguments::workingFolder()).items.empty())
+                found.emplace(name, mode);
+        }
+    }
+    return found;
 }
 
 Finder::Items Finder::junk(Console& console) const {

@@ -7,6 +7,7 @@
 #include "engine/SystemTools.h"
 
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,6 +31,9 @@ struct FinderOptions {
     [[nodiscard]] RunningApplications withNamed(RunningApplications applications) const;
     /// Adds the mode and the options to a command.
     void addTo(CLI::App& command);
+
+    /// What makes no sense about them, for the user of `command`.
+    [[nodiscard]] std::optional<std::string> mistake(const std::string& command) const;
 };
 
 /// The finder of one mode: what it finds, and what the guard admits besides the home when that is removed.
@@ -43,6 +47,10 @@ class Finder {
     };
 
     [[nodiscard]] Found find(Console& console) const;
+
+    /// Which other modes find what is called by `names`, or this one without its categories; what none finds
+    /// is left out. Looks at the disk once more.
+    [[nodiscard]] std::map<std::string, CleanMode> otherModes(const std::vector<std::string>& names) const;
 
     /// A guard of this moment for the items.
     [[nodiscard]] SafetyGuard guard() const;

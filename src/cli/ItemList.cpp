@@ -1,5 +1,7 @@
 #include "cli/ItemList.h"
 
+#include "cleaning/CleanTexts.h"
+#include "cli/Columns.h"
 #include "cli/Selection.h"
 #include "core/ByteCount.h"
 #include "core/Paths.h"
@@ -16,8 +18,7 @@ namespace {
 using Style = Console::Style;
 using Text::localized;
 
-constexpr std::size_t sizeColumns = 8;  // "999.9 MB", "12.34 GB"
-constexpr std::size_t pathColumn = 2 + 1 + 2 + sizeColumns + 2;
+constexpr std::size_t leastSizeColumns = 8;  // "999.9 MB", "12.34 GB"
 constexpr std::size_t gap = 2;
 
 /// One item as two texts: what it is, and what to mind about it.
@@ -33,14 +34,9 @@ struct Row {
     }
 };
 
-/// What is removed, as people know it: the path, or the command where there is none.
-std::string subject(const CleanItem& item, const std::filesystem::path& home) {
-    return item.adminCommand ? Text::shown(*item.adminCommand) : shown(item.url, home);
-}
-
 Row rowFor(const Console& console, const CleanItem& item, const std::filesystem::path& home,
            std::size_t room) {
-    Row row{.item = item, .path = console.fitted(subject(item, home), room)};
+    Row row{.item = item, .path = console.fitted(shown(item.url, home), room)};
     const auto chip = [&row](bool stands, Style style, Text::English word) {
         if (stands) row.remarks.emplace_back(style, "[" + localized(word) + "]");
     };
@@ -56,11 +52,17 @@ Row rowFor(const Console& console, const CleanItem& item, const std::filesystem:
 /// Remarks stand beside the paths where the whole group has room for that, else below them.
 enum class Remarks { beside, below };
 
-void printRow(Console& console, const Row& row, bool marked, Remarks place) {
+/// Where the paths of a group begin, behind marks and sizes.
+std::size_t pathColumn(std::size_t sizeColumns) {
+    return 2 + 1 + 2 + sizeColumns + 2;
+}
+
+void printRow(Console& console, const Row& row, std::size_t sizeColumns, bool marked, Remarks place) {
     const std::string mark = marked ? console.styled(Style::mark, "●") : "○";
-    std::string line = fmt::format("  {}  {:>{}}  {}", mark, byteCount(row.item.size), sizeColumns, row.path);
+    const std::string size = Columns::right(CleanTexts::size(row.item), sizeColumns);
+    std::string line = fmt::format("  {}  {}  {}", mark, size, row.path);
     std::string between =
-        place == Remarks::beside ? std::string(gap, ' ') : "\n" + std::string(pathColumn, ' ');
+        place == Remarks::beside ? std::string(gap, ' ') : "\n" + std::string(pathColumn(sizeColumns), ' ');
     for (const auto& [style, text] : row.remarks) {
         line += between + console.styled(style, text);
         between = " ";
@@ -75,7 +77,10 @@ void printGroup(Console& console, CleanCategory category, const std::vector<Clea
     console.line(fmt::format("{} · {} · {}", title, count, byteCount(Selection::size(group))));
     console.line(console.styled(Style::dim, CleanCategories::summary(category)));
 
-    const std::size_t room = console.width() - pathColumn;
+    std::size_t sizeColumns = leastSizeColumns;
+    for (const CleanItem& item : group)
+        sizeColumns = std::max(sizeColumns, Text::columns(CleanTexts::size(item)));
+    const std::size_t room = console.width() - std::min(console.width(), pathColumn(sizeColumns));
     std::vector<Row> rows;
     rows.reserve(group.size());
     for (const CleanItem& item : group) rows.push_back(rowFor(console, item, home, room));
@@ -83,7 +88,7 @@ void printGroup(Console& console, CleanCategory category, const std::vector<Clea
         return Text::columns(row.path) + gap + row.columnsOfRemarks() <= room;
     });
     for (const Row& row : rows) {
-        printRow(console, row, marked(row.item), fits ? Remarks::beside : Remarks::below);
+        printRow(console, row, sizeColumns, marked(row.item), fits ? Remarks::beside : Remarks::below);
     }
     console.line("");
 }

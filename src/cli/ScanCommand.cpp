@@ -48,6 +48,7 @@ struct ScanCommand {
     void addTo(CLI::App& command) { options.addTo(command); }
 
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
+        if (const auto mistake = options.mistake("scan")) return console.misuse(*mistake);
         const auto session = Session::open(global);
         if (!session) return console.fail(session.error());
         session->warnOfSettings(console);

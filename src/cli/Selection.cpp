@@ -32,12 +32,17 @@ std::string key(const std::filesystem::path& path) {
     return Paths::standardized(path).native();
 }
 
+/// Only a path has several spellings.
+std::string key(const CleanItem& item) {
+    return item.adminCommand ? item.url.native() : key(item.url);
+}
+
 }  // namespace
 
 Named named(const Items& found, const std::vector<std::string>& names,
             const std::filesystem::path& workingFolder) {
     std::set<std::string> known;
-    for (const CleanItem& item : found) known.insert(key(item.url));
+    for (const CleanItem& item : found) known.insert(key(item));
 
     Named result;
     std::set<std::string> chosen;
@@ -45,7 +50,9 @@ Named named(const Items& found, const std::vector<std::string>& names,
         // An absolute name takes the place of the working folder.
         const std::string asBytes = key(workingFolder / name);
         const std::string asEscaped = key(workingFolder / Text::fromExact(name));
-        if (known.contains(asBytes)) {
+        if (known.contains(name)) {
+            chosen.insert(name);
+        } else if (known.contains(asBytes)) {
             chosen.insert(asBytes);
         } else if (known.contains(asEscaped)) {
             chosen.insert(asEscaped);
@@ -54,7 +61,7 @@ Named named(const Items& found, const std::vector<std::string>& names,
         }
     }
     std::copy_if(found.begin(), found.end(), std::back_inserter(result.items),
-                 [&](const CleanItem& item) { return chosen.contains(key(item.url)); });
+                 [&](const CleanItem& item) { return chosen.contains(key(item)); });
     return result;
 }
 

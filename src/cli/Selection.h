@@ -25,8 +25,9 @@ struct Named {
     std::vector<std::string> missing;
 };
 
-/// Each name is a path, as its bytes or in the escaped form of the JSON output; a relative one counts from
-/// `workingFolder`. The bytes come first: the escaped reading only counts where they name no item.
+/// Each name is a command as it stands in the list, or a path, as its bytes or in the escaped form of the
+/// JSON output; a relative one counts from `workingFolder`. The bytes come first: the escaped reading only
+/// counts where they name no item.
 [[nodiscard]] Named named(const Items& found, const std::vector<std::string>& names,
                           const std::filesystem::path& workingFolder);
 

@@ -106,7 +106,8 @@ int compare(const Path& root, const std::string& file, std::size_t limit, Consol
     const auto before = TreeRecord::decoded(*text);
     if (!before) return console.fail(phrase("{} is no export of a tree", Text::shown(file)));
     if (before->root != root)
-        console.warn(phrase("{} was taken of {}", Text::shown(file), Text::shown(before->root.native())));
+        return console.misuse(
+            phrase("{} was taken of {}", Text::shown(file), Text::shown(before->root.native())));
     const TreeRecord now = TreeRecord::take(root, std::chrono::system_clock::now());
     const auto all = changes(*before, now);
     if (console.json()) {

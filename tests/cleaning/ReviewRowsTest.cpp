@@ -12,7 +12,9 @@ namespace {
 
 using testing::CleanDesk;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 using testing::reviewItem;
 using testing::safeItem;
 using Role = ReviewRows::Role;
@@ -173,6 +175,23 @@ TEST_F(ReviewRowsTest, EachItemCarriesItsChips) {
     for (int row = 1; row <= 4; ++row) {
         for (int chip = 0; chip < 3; ++chip) EXPECT_EQ(at(row, chips[chip]).toBool(), row == chip + 2) << row;
     }
+}
+
+TEST_F(ReviewRowsTest, ACommandIsShownAsItStandsAndHasNoPathToReveal) {
+    const std::string command = "/usr/bin/tool remove a/b/1";
+    const std::pair<const char*, const char*> titles[] = {{"/usr/bin/tool remove a/b/1", command.c_str()},
+                                                          {"/.snapshot/2026", "2026"}};
+    for (const auto& [url, title] : titles) {
+        CleanItem item = reviewItem(url, 0);
+        item.adminCommand = command;
+        desk.find({item});
+        if (rows.count() == 1) rows.toggleExpanded(0);
+        EXPECT_EQ(text(1, Role::title), title);
+        EXPECT_EQ(text(1, Role::size), "size unknown");
+        EXPECT_EQ(rows.path(1), "");
+    }
+    EXPECT_THAT(CleanCategories::summary(CleanCategory::systemData, 0), Not(HasSubstr("password")));
+    EXPECT_THAT(CleanCategories::summary(CleanCategory::systemData, 1000), HasSubstr("password"));
 }
 
 TEST_F(ReviewRowsTest, AHugeCategoryOpensAndIsMarkedAsAWhole) {

@@ -173,7 +173,8 @@ TEST_F(SpecialScannersTest, DisabledPackageRevisionsAreNamedSafely) {
                                                 "$(x)    1        2     latest    evil       disabled\n"});
     const auto items = SpecialScanners::systemData(places, shell, mac.guard(), testing::now());
     ASSERT_EQ(items.size(), 1U);
-    EXPECT_EQ(items[0].adminCommand, tool.native() + " remove 'core20' --revision=1974");
+    EXPECT_EQ(items[0].adminCommand, tool.native() + " remove core20 --revision=1974");
+    EXPECT_EQ(items[0].url, *items[0].adminCommand) << "a person types what stands there";
     EXPECT_EQ(items[0].size, 8192);
     EXPECT_EQ(items[0].risk, Risk::review);
 }
@@ -185,8 +186,7 @@ TEST_F(SpecialScannersTest, ACommandIsOfferedForWhatItWouldEmpty) {
     mac.file("/archives/young.deb", 100000, 1);
     mac.file("/archives/lock", 100000, 20);
     SpecialScanners::SystemPlaces places{
-        .commands = {{.identifier = "tidy",
-                      .tool = tool,
+        .commands = {{.tool = tool,
                       .command = "/bin/tidy up",
                       .empties = {{.folder = mac.at("/archives"), .nameHolds = ".deb", .minAgeDays = 14}}}}};
     ScriptedShell shell;
@@ -196,6 +196,31 @@ TEST_F(SpecialScannersTest, ACommandIsOfferedForWhatItWouldEmpty) {
     EXPECT_EQ(scan()[0].adminCommand, "/bin/tidy up");
     places.commands[0].tool = mac.at("/bin/missing");
     EXPECT_TRUE(scan().empty());
+}
+
+TEST_F(SpecialScannersTest, RuntimesAreUnusedWhenNoApplicationLeadsToThem) {
+    const auto deploy = [this](const std::string& ref, const std::string& metadata) {
+        disk.text(ref + "/hash/metadata", metadata);
+        disk.link(ref + "/active", "hash");
+    };
+    deploy("all/app/a/x/1", "[Application]\nname=a\nruntime=used/x/1\nsdk=sdk/x/1\n");
+    deploy("own/app/b/x/1", "[Application]\nruntime=own/x/1\n");
+    deploy("all/runtime/used/x/1", "[Runtime]\nruntime=used/x/1\nsdk=more/x/1\n");
+    deploy("all/runtime/used.Locale/x/1", "[Runtime]\n[ExtensionOf]\nref=runtime/used/x/1\n");
+    for (const char* name :
+         {"sdk/x/1", "more/x/1", "own/x/1", "pinned/x/1", "kept/x/1", "kept/x/2", "$(x)/x/1"})
+        deploy(std::string("all/runtime/") + name, std::string("[Runtime]\nruntime=") + name + "\n");
+    disk.text("all/repo/config", "[core]\nxa.pinned=runtime/pin*;runtime/kept/x/2\n");
+
+    const auto tool = disk.file("bin/flatpak", 1);
+    const SpecialScanners::SystemPlaces places{
+        .runtimes = {{.tool = tool, .installation = disk.path("all"), .others = {disk.path("own")}}}};
+    ScriptedShell shell;
+    const auto scan = [&] { return SpecialScanners::systemData(places, shell, mac.guard(), testing::now()); };
+    ASSERT_EQ(scan().size(), 1U);
+    EXPECT_EQ(scan()[0].url, tool.native() + " uninstall --system --noninteractive runtime/kept/x/1");
+    disk.link("own/app/c/x/1/active", "gone");
+    EXPECT_TRUE(scan().empty()) << "what this application needs is not known";
 }
 
 }  // namespace

@@ -229,6 +229,9 @@ TEST_P(CommandLine, SelectingTakesWhatIsNamedAndTellsWhatIsNot) {
     EXPECT_EQ(cleaned.status, 1) << "one of the three was not found";
     EXPECT_THAT(cleaned.err, AllOf(HasSubstr("no.iso"), Not(HasSubstr("old.iso"))));
     EXPECT_THAT(cleaned.json()["removed"], SizeIs(2));
+    const std::string mine = at("home/.npm/_cacache");
+    EXPECT_THAT(ctl({"clean", "installers", "--yes", "--select", mine}).err,
+                HasSubstr("is found by the mode system: tavrelctl clean system --select '" + mine + "'\n"));
     EXPECT_FALSE(stands(name));
     EXPECT_TRUE(stands(GetParam().trashed));
     EXPECT_TRUE(stands("home/Downloads/kept.iso")) << "nothing is preselected beside what is named";
@@ -284,19 +287,28 @@ TEST_P(CommandLine, CheckGivesTheVerdictOnEachPath) {
         {at("extra/x"), nullptr},
         {at("home/studio/keep/x"), "protected in Settings"},
         {at("home/barred"), "protected in Settings"},
-        {"[a,b]", "not an absolute file path"},
+        {at("home/[a,b]"), nullptr},
+        {"", "not an absolute file path"},
     };
     ASSERT_EQ(ctl({"settings", "protectedPaths", R"(["~/barred"])"}).status, 0);
     Words words = {"check", "--json", "--extra-root", at("extra"), "--protect", at("home/studio/keep")};
     for (const auto& [path, reason] : expected) words.push_back(path);
     const Ended ended = ctl(words);
-    EXPECT_EQ(ended.status, 0) << ended.err;
+    EXPECT_EQ(ended.status, 1) << ended.err;
     ASSERT_THAT(ended.json(), SizeIs(expected.size()));
     for (const Json& verdict : ended.json()) {
         const auto reason = expected.at(verdict["path"]);
         EXPECT_EQ(verdict["reason"], reason) << verdict["path"];
         EXPECT_EQ(verdict["allowed"], reason.is_null()) << verdict["path"];
+        EXPECT_EQ(verdict["exists"], fs::exists(verdict["path"].get<std::string>())) << verdict["path"];
     }
+    const auto before = fs::current_path();
+    fs::current_path(box.path("home/studio"));
+    const Ended relative = ctl({"check", "../[a,b]", "missing"});
+    fs::current_path(before);
+    EXPECT_EQ(relative.status, 0);
+    EXPECT_EQ(relative.out, "allowed  " + at("home/[a,b]") + "\nallowed  " + at("home/studio/missing") +
+                                "  does not exist\n");
 }
 
 TEST_P(CommandLine, SizesAreThoseOfTheDisk) {
@@ -317,6 +329,17 @@ TEST_P(CommandLine, SizesAreThoseOfTheDisk) {
 
     const Json found = ctl({"large", at("home/tree"), "--json", "--minimum", "0", "--limit", "1"}).json();
     EXPECT_EQ(found, Json::array({{{"path", at("home/tree/large")}, {"size", large}}}));
+
+    const auto before = fs::current_path();
+    fs::current_path(box.path("home/tree"));
+    const std::pair<const char*, std::size_t> rows[] = {
+        {"600000", 1}, {"601K", 1}, {"615kb", 0}, {"587KiB", 1}, {"1M", 0}, {"9000Gi", 0}, {"0b", 2},
+    };
+    for (const auto& [minimum, count] : rows)
+        EXPECT_THAT(ctl({"large", "--json", "--minimum", minimum}).json(), SizeIs(count)) << minimum;
+    EXPECT_EQ(ctl({"measure", "--json"}).json()["size"], measured["size"]);
+    EXPECT_EQ(ctl({"size", "--json"}).json()[0]["size"], small + large);
+    fs::current_path(before);
 }
 
 TEST_P(CommandLine, SettingsKeepWhatFitsAndRefuseTheRest) {
@@ -447,6 +470,9 @@ TEST_P(CommandLine, WrongUsageSaysOneLineAndDoesNothing) {
         {"sweep"},
         {"--json"},
         {"scan", "--categories", "dust"},
+        {"clean", "--yes", "--categories", "logs,aiModels"},
+        {"large", "--minimum", "1X"},
+        {"large", "--minimum", "9300000T"},
         {"scan", "everything"},
         {"scan", "--stale-days", "soon"},
         {"scan", "--running", "nameless"},
@@ -469,6 +495,11 @@ TEST_P(CommandLine, WrongUsageSaysOneLineAndDoesNothing) {
         EXPECT_EQ(std::count(ended.err.begin(), ended.err.end(), '\n'), 1) << ended.err;
     }
     EXPECT_EQ(snapshot(), before);
+    EXPECT_THAT(ctl({"scan", "ai", "--categories", "dust"}).err, HasSubstr("ai has aiSessions, aiCaches"));
+    EXPECT_THAT(ctl({"scan", "--categories", "installers"}).err,
+                HasSubstr("tavrelctl scan installers --categories installers"));
+    EXPECT_THAT(ctl.bare({"clean", "--help"}).out,
+                HasSubstr("\n  ai         aiSessions aiCaches aiModels\n"));
     EXPECT_EQ(ctl.bare({}).status, 0);
     EXPECT_THAT(ctl.bare({}).out, AllOf(HasSubstr("scan"), HasSubstr("--json")));
     EXPECT_THAT(ctl.bare({"--version"}).out, ::testing::StartsWith("tavrelctl "));

@@ -26,22 +26,33 @@ TEST(Administrator, RootIsNotAsked) {
     PosixShell shell;
     const CommandResult result = LinuxAdministrator(shell, root).run("echo \"a  b\"; exit 126", 10s);
     EXPECT_EQ(result.status, 126);
-    EXPECT_EQ(result.output, "a  b\n");
+    EXPECT_EQ(result.output, "a  b");
 }
 
-TEST(Administrator, OnLinuxThePromptsEndingIsTold) {
+TEST(Administrator, OnLinuxWhatFailsIsToldInOneLine) {
     struct Case {
         CommandResult answer;
         std::string output;
     };
-    const std::string refused = "Administrator rights could not be obtained.";
+    const std::string refused = "Administrator rights could not be obtained";
+    const std::string nobody = "Nobody could be asked for the administrator's password";
+    const std::string warning = "\n(flatpak:33): GLib-WARNING **: 18:46:01.000: no bus\n";
+    const std::string step = "busy\n__TAVREL_DONE__ one 1\n";
     const Case cases[] = {
-        {{0, "done\n"}, "done\n"},
-        {{1, "rm: cannot remove"}, "rm: cannot remove"},
-        {{126, "Error: Request dismissed"}, "Error: Request dismissed\n-128"},
-        {{126, ""}, "-128"},
-        {{127, "no agent"}, refused + "\nno agent"},
-        {{-1, ""}, refused},
+        {{0, "a\nb\n"}, "a\nb\n"},
+        {{1, "E: no lock\r\n\x1b[31mE: is it busy?\x1b[0m\a\n" + warning + "\n"}, "E: is it busy?"},
+        {{1, warning}, ""},
+        {{15, step}, step},
+        {{126, "Error executing command as another user: Request dismissed\n"}, "-128"},
+        {{127, "Error executing command as another user: Not authorized\n\nThis incident has been reported."},
+         "Not authorized to act as administrator"},
+        {{127, "Error executing command as another user: No authentication agent found.\n"}, nobody},
+        {{127, warning + "Error creating textual authentication agent: /dev/tty\n"}, nobody},
+        {{127, "Error getting authority: Error initializing authority: no such file\n"},
+         "The system's authorization service (polkit) does not answer"},
+        {{127, "first\nlast\n"}, refused + ": last"},
+        {{127, ""}, refused},
+        {{-1, "No such file"}, "Administrator rights need pkexec, which could not be started: No such file"},
     };
     for (const auto& [answer, output] : cases) {
         ScriptedShell shell(answer);

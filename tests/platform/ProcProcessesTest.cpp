@@ -135,8 +135,8 @@ TEST_F(ProcProcessesTest, ListsTheBusiestAndTheLargest) {
         for (int pid = 1; pid <= 45; ++pid) process(pid, "p", pid / 2, 10, std::to_string(pid));
     });
     std::vector<int> expected;
-    for (int pid = 44; pid >= 6; pid -= 2) expected.insert(expected.end(), {pid, pid + 1});
-    for (int pid = 81; pid <= 100; ++pid) expected.push_back(pid);
+    for (int pid = 45; pid >= 6; --pid) expected.push_back(pid);
+    for (int pid = 100; pid >= 81; --pid) expected.push_back(pid);
     std::vector<int> pids(listed.size());
     std::transform(listed.begin(), listed.end(), pids.begin(), [](const auto& each) { return each.pid; });
     EXPECT_EQ(pids, expected);

@@ -7,7 +7,8 @@
 
 namespace tavrel {
 
-/// Root through polkit's prompt; no prompt where the program runs as root already.
+/// Root through polkit's prompt; no prompt where the program runs as root already. What a failed script or a
+/// failed prompt wrote is reduced to one line for a person, unless the script marked its steps.
 class LinuxAdministrator final : public Administrator {
   public:
     /// `shell` outlives this object.

@@ -156,11 +156,11 @@ std::vector<ProcessInfo> ProcProcesses::described(const Look& look) const {
     std::vector<const Sample*> chosen;
     chosen.reserve(look.samples.size());
     for (const Sample& sample : look.samples) chosen.push_back(&sample);
-    const auto busier = [](const Sample* a, const Sample* b) {
-        return a->cpu != b->cpu ? a->cpu > b->cpu : a->pid < b->pid;
-    };
     const auto larger = [](const Sample* a, const Sample* b) {
         return a->memory != b->memory ? a->memory > b->memory : a->pid < b->pid;
+    };
+    const auto busier = [larger](const Sample* a, const Sample* b) {
+        return a->cpu != b->cpu ? a->cpu > b->cpu : larger(a, b);
     };
     if (chosen.size() > mostListed) {
         const auto rest = chosen.begin() + busiestListed;

@@ -18,8 +18,9 @@ namespace tavrel {
 /// look and yet was not seen in it counts as idle: how much of its use is recent cannot be told.
 ///
 /// Of the at most 60 processes given, the 40 busiest come for their use, and those with most memory fill up
-/// the list, so that it can be sorted by memory as well; all stand in the order of their use. `power` is the
-/// share of the time of all processors, in percent: an impact, from which no watts follow.
+/// the list, so that it can be sorted by memory as well; all stand in the order of their use, idle ones in
+/// that of their memory. `power` is the share of the time of all processors, in percent: an impact, from
+/// which no watts follow.
 class ProcProcesses final : public ProcessSource {
   public:
     using Duration = std::chrono::nanoseconds;

@@ -52,36 +52,27 @@ std::vector<SystemFolder> folders(const Path& logs, const Path& dumps, const Pat
 std::vector<SystemCommand> commands(const Places& places) {
     const auto at = [&](std::string_view path) { return places.resolve(path); };
     return {
-        {.identifier = "journal",
-         .tool = "/usr/bin/journalctl",
+        {.tool = "/usr/bin/journalctl",
          .command = "/usr/bin/journalctl --quiet --vacuum-time=14d",
          .empties = {{.folder = at("/var/log/journal"), .nameHolds = "@", .minAgeDays = 14}},
          .risk = Risk::safe,
          .note = localized("Journal entries older than 14 days")},
-        {.identifier = "apt",
-         .tool = "/usr/bin/apt-get",
+        {.tool = "/usr/bin/apt-get",
          .command = "/usr/bin/apt-get clean",
          .empties = {{.folder = at("/var/cache/apt/archives"), .nameHolds = ".deb"},
                      {.folder = at("/var/cache/apt"), .nameHolds = "pkgcache.bin"}},
          .risk = Risk::safe,
          .note = localized("Downloaded packages; fetched again when needed")},
-        {.identifier = "dnf",
-         .tool = "/usr/bin/dnf",
+        {.tool = "/usr/bin/dnf",
          .command = "/usr/bin/dnf --quiet clean packages",
          .empties = {{.folder = at("/var/cache/dnf"), .nameHolds = ".rpm"},
                      {.folder = at("/var/cache/libdnf5"), .nameHolds = ".rpm"}},
          .risk = Risk::safe,
          .note = localized("Downloaded packages; fetched again when needed")},
-        {.identifier = "pacman",
-         .tool = "/usr/bin/paccache",
+        {.tool = "/usr/bin/paccache",
          .command = "/usr/bin/paccache --quiet -rk2",
          .risk = Risk::review,
          .note = localized("Cached packages but the two newest versions of each; size known only to pacman")},
-        {.identifier = "flatpak",
-         .tool = "/usr/bin/flatpak",
-         .command = "/usr/bin/flatpak uninstall --system --unused --assumeyes --noninteractive",
-         .risk = Risk::review,
-         .note = localized("Flatpak runtimes that no application uses; size known only to Flatpak")},
     };
 }
 
@@ -96,6 +87,10 @@ SpecialScanners::SystemPlaces systemPlaces(const Places& places) {
     if (places.isRunningSystem()) {
         system.commands = commands(places);
         system.packages = {.tool = "/usr/bin/snap", .folder = places.resolve("/var/lib/snapd/snaps")};
+        const Path userData = places.trash().parent_path();
+        system.runtimes = {.tool = "/usr/bin/flatpak",
+                           .installation = places.resolve("/var/lib/flatpak"),
+                           .others = {userData / "flatpak"}};
     }
     return system;
 }

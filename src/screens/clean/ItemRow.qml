@@ -10,6 +10,7 @@ Item {
     HoverHandler { id: hover }
     TapHandler {
         acceptedButtons: Qt.RightButton
+        enabled: item.row.path !== ""
         onTapped: menu.popup()
     }
     TapHandler { onTapped: item.row.toggled() }
@@ -82,7 +83,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         anchors.right: parent.right
         anchors.rightMargin: 20
-        width: 72
+        width: Math.max(72, implicitWidth)
         horizontalAlignment: Text.AlignRight
         text: item.row.size
         color: Theme.secondary

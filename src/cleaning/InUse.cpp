@@ -1,5 +1,6 @@
 #include "cleaning/InUse.h"
 
+#include "cleaning/Scanning.h"
 #include "core/Text.h"
 #include "platform/posix/ProfileLock.h"
 
@@ -27,6 +28,14 @@ bool isInUse(const CleanItem& item, const RunningApplications& running) {
     return std::any_of(occupants.profiles.begin(), occupants.profiles.end(), [&](const auto& profile) {
         return running.use(profile) || ProfileLock::isHeld(profile);
     });
+}
+
+void mark(std::vector<CleanItem>& items, const RunningApplications& running) {
+    for (CleanItem& item : items) {
+        if (item.risk != Risk::safe || !isInUse(item, running)) continue;
+        item.risk = Risk::review;
+        item.note = Scanning::note(item.note, Text::localized("running; quit it first"));
+    }
 }
 
 std::string refusal() {

@@ -3,6 +3,9 @@
 #include "cleaning/CleanItem.h"
 #include "platform/RunningApplications.h"
 
+#include <string>
+#include <vector>
+
 /// The one question whether something is at work with an item. It is asked when the item is found, and again
 /// right before it is removed: minutes lie between.
 namespace tavrel::InUse {
@@ -11,6 +14,9 @@ namespace tavrel::InUse {
 /// file in the item or in such a profile. Names are compared without regard to letter case. True where it
 /// cannot be told, because the processes could not be listed or a lock could not be read.
 [[nodiscard]] bool isInUse(const CleanItem& item, const RunningApplications& running);
+
+/// Puts what is safe and in use up for review; its note says so.
+void mark(std::vector<CleanItem>& items, const RunningApplications& running);
 
 /// What a person is told who wants to remove it all the same.
 [[nodiscard]] std::string refusal();

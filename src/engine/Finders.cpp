@@ -1,5 +1,6 @@
 #include "engine/Finders.h"
 
+#include "cleaning/InUse.h"
 #include "cleaning/InstallerFinder.h"
 #include "cleaning/ProjectPurger.h"
 #include "cleaning/SpecialScanners.h"
@@ -55,19 +56,24 @@ Finders::Items Finders::junk(const std::set<CleanCategory>& categories, RunningA
 }
 
 Finders::Items Finders::ai(int ageDays, const SafetyGuard& guard, Instant now) const {
-    return SpecialScanners::ai(profile_.places.home(), guard, ageDays, now, profile_.aiFolders);
+    return judgedByUse(SpecialScanners::ai(profile_.places.home(), guard, ageDays, now, profile_.aiFolders));
 }
 
 Finders::Items Finders::projects(const std::vector<Path>& roots, std::int64_t staleDays,
                                  const SafetyGuard& guard, Instant now) const {
-    return ProjectPurger::scan(profile_.projects, roots, staleDays, guard, now);
+    return judgedByUse(ProjectPurger::scan(profile_.projects, roots, staleDays, guard, now));
 }
 
 Finders::Items Finders::installers(const SafetyGuard& guard, Instant now) const {
     const Places& places = profile_.places;
-    return InstallerFinder::scan(profile_.installers,
-                                 {places.downloads(), places.desktop(), places.documents()}, guard,
-                                 tools_.names(), recentInstallerDays, now);
+    return judgedByUse(InstallerFinder::scan(profile_.installers,
+                                             {places.downloads(), places.desktop(), places.documents()},
+                                             guard, tools_.names(), recentInstallerDays, now));
+}
+
+Finders::Items Finders::judgedByUse(Items items) const {
+    InUse::mark(items, tools_.running());
+    return items;
 }
 
 std::vector<Finders::Path> Finders::projectRoots(const PreferenceValues& preferences) const {

@@ -45,6 +45,9 @@ class Finders {
     [[nodiscard]] std::vector<Path> projectRoots(const PreferenceValues& preferences) const;
 
   private:
+    /// The items, those that are in use for review.
+    [[nodiscard]] Items judgedByUse(Items items) const;
+
     const Profile& profile_;
     const SystemTools& tools_;
 };

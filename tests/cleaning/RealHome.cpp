@@ -10,6 +10,12 @@ namespace tavrel::testing {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+constexpr double oldFolder = 300;
+
+}
+
 RealHome::RealHome(const std::vector<Promise>& promises) {
     disk.folder("home/ana");
     applications();
@@ -31,7 +37,8 @@ void RealHome::lay(const Promise& promise) const {
     const std::string path = promise.path;
     const Path file = path.ends_with('/') ? home() / path / "content" : home() / path;
     if (!fs::exists(file)) disk.file(file.lexically_relative(disk.root()), 70000);
-    for (const Path& each : {file, at(path)}) Sandbox::date(each, daysAgo(promise.age));
+    Sandbox::date(at(path), daysAgo(oldFolder));  // its content tells how old it is
+    Sandbox::date(file, daysAgo(promise.age));
     if (path.starts_with(".local/share/Trash/files/"))
         write(".local/share/Trash/info/" + TrashNote::nameFor(file.filename()),
               "[Trash Info]\nPath=/x\nDeletionDate=" + noteDate(localTime(daysAgo(promise.age))) + "\n");

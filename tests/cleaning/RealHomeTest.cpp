@@ -45,7 +45,7 @@ const std::vector<RealHome::Promise> promises = {
     {system, ".cache/deno/location_data/",                  5,   "-",      ""},
     {system, ".cache/pre-commit/patch1700000000-7",         5,   "-",      ""},
     {system, ".cache/some-program/",                        5,   "review", "Trash"},
-    {system, ".cache/org.example.spotify/deep/",            0.1, "-",      ""},
+    {system, ".cache/org.example.Spotify/",                 0.1, "review", "Trash"},
     {system, ".cache/evolution/",                           5,   "review", "Trash"},
     {system, ".cache/JetBrains/IdeaIC2023.1/",              300, "review", "Trash"},
     {system, ".cache/JetBrains/IdeaIC2024.1/",              30,  "review", "Trash"},

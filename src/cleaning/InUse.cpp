@@ -12,10 +12,7 @@ namespace {
 
 bool anyOf(const std::vector<std::string>& wanted, const std::set<std::string>& running) {
     return std::any_of(wanted.begin(), wanted.end(), [&](const std::string& name) {
-        if (running.contains(name)) return true;
-        const std::string lower = Text::lowercased(name);
-        return std::any_of(running.begin(), running.end(),
-                           [&](const std::string& other) { return Text::lowercased(other) == lower; });
+        return running.contains(name) || running.contains(Text::lowercased(name));
     });
 }
 

@@ -78,8 +78,7 @@ std::optional<std::string> FinderOptions::mistake(const std::string& command) co
 RunningApplications FinderOptions::withNamed(RunningApplications applications) const {
     for (const std::string& program : running) {
         const auto equals = program.find('=');
-        applications.bundleIDs.insert(program.substr(0, equals));
-        applications.names.insert(program.substr(equals + 1));
+        applications.add(program.substr(0, equals), program.substr(equals + 1));
     }
     return applications;
 }

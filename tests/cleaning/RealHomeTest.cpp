@@ -126,7 +126,7 @@ TEST_F(RealHomeTest, WhatAProgramUsesIsRefusedAtTheAct) {
     const std::filesystem::path firefox = laid.at(".cache/mozilla/firefox/k4.idle");
     const RunningApplications cases[] = {
         {.bundleIDs = {"firefox-esr"}, .names = {}, .files = {}},
-        {.bundleIDs = {"Firefox-bin"}, .names = {}, .files = {}},
+        {.bundleIDs = {"firefox-bin"}, .names = {}, .files = {}},
         {.bundleIDs = {}, .names = {}, .files = {firefox / "content"}},
         {.bundleIDs = {}, .names = {}, .files = {laid.at(".config/mozilla/firefox/k4.idle/cookies.sqlite")}},
         {.bundleIDs = {}, .names = {}, .files = {}, .complete = false},

@@ -36,9 +36,22 @@ TEST_F(RunningApplicationsTest, KnowsProcessesByEveryName) {
     process(8, "", "kworker/0:1");
     sandbox.folder("proc/9");
     sandbox.text("proc/self/comm", "no process\n");
+    process(10, "/snap/slack/77/usr/lib/Slack/Slack", "Slack");
+    process(11, "/usr/bin/python3.11", "python3");
+    sandbox.text("proc/11/cmdline", std::string("python3\0/opt/notes/Notes.py\0--x\0", 34));
+    sandbox.text("proc/11/root/.flatpak-info", "[Application]\nname=org.example.Notes\n");
+    sandbox.link("proc/11/fd/3", "/home/a/.cache/notes/index");
+    sandbox.link("proc/11/fd/4", "/home/a/gone (deleted)");
+    sandbox.link("proc/11/fd/5", "socket:[77]");
     const RunningApplications found = running();
-    EXPECT_THAT(found.bundleIDs, UnorderedElementsAre("firefox-bin", "firefox", "kworker/0:1"));
-    EXPECT_THAT(found.names, UnorderedElementsAre("firefox-bin"));
+    EXPECT_THAT(found.bundleIDs, UnorderedElementsAre("firefox-bin", "firefox", "kworker/0:1", "Slack",
+                                                      "slack", "python3.11", "python3", "Notes.py",
+                                                      "notes.py", "org.example.Notes", "org.example.notes"));
+    EXPECT_THAT(found.names, UnorderedElementsAre("firefox-bin", "Slack", "slack", "python3.11"));
+    EXPECT_TRUE(found.use("/home/a/.cache/notes"));
+    EXPECT_TRUE(found.use("/opt/notes/Notes.py"));
+    EXPECT_FALSE(found.use("/home/a/.cache/note"));
+    EXPECT_FALSE(found.use("/home/a/gone"));
 }
 
 TEST_F(RunningApplicationsTest, MatchesEntriesWithWhatTheyStart) {
@@ -71,7 +84,7 @@ TEST_F(RunningApplicationsTest, MatchesEntriesWithWhatTheyStart) {
 
 TEST_F(RunningApplicationsTest, SeesThisVeryTest) {
     EXPECT_THAT(runningApplications("/proc", {}).bundleIDs, Contains("tavrel_platform_tests"));
-    EXPECT_THAT(runningApplications(sandbox.path("missing"), {}).bundleIDs, UnorderedElementsAre());
+    EXPECT_FALSE(runningApplications(sandbox.path("missing"), {}).complete);
 }
 
 TEST_F(RunningApplicationsTest, NamesComeFromTheFirstFolderThatHasThem) {

@@ -113,16 +113,14 @@ RunningApplications runningApplications(const fs::path& procRoot,
     const auto listed = processes(procRoot);
     if (!listed) return {.bundleIDs = {}, .names = {}, .files = {}, .complete = false};
     for (const RunningProcess& process : *listed) {
-        insertUnlessEmpty(running.bundleIDs, process.executable);
-        insertUnlessEmpty(running.names, process.executable);
-        running.bundleIDs.insert(process.names.begin(), process.names.end());
+        running.add(process.executable, process.executable);
+        for (const std::string& name : process.names) running.add(name, {});
         for (const fs::path& file : process.files) running.files.insert(file.native());
     }
     RunningApplications entries;
     for (const Application& application : installedApplications(applicationFolders)) {
         if (!runs(application, running)) continue;
-        entries.bundleIDs.insert(application.identifier);
-        insertUnlessEmpty(entries.names, application.name);
+        entries.add(application.identifier, application.name);
     }
     running.bundleIDs.merge(entries.bundleIDs);
     running.names.merge(entries.names);

@@ -38,7 +38,7 @@ TEST_F(RunningApplicationsTest, KnowsProcessesByEveryName) {
     sandbox.text("proc/self/comm", "no process\n");
     process(10, "/snap/slack/77/usr/lib/Slack/Slack", "Slack");
     process(11, "/usr/bin/python3.11", "python3");
-    sandbox.text("proc/11/cmdline", std::string("python3\0/opt/notes/Notes.py\0--x\0", 34));
+    sandbox.text("proc/11/cmdline", std::string("python3\0/opt/notes/Notes.py\0--x\0", 32));
     sandbox.text("proc/11/root/.flatpak-info", "[Application]\nname=org.example.Notes\n");
     sandbox.link("proc/11/fd/3", "/home/a/.cache/notes/index");
     sandbox.link("proc/11/fd/4", "/home/a/gone (deleted)");

@@ -15,7 +15,7 @@ struct TrashNote {
 
     /// The longest note that is read: a path of the system's greatest length, every byte of it escaped, and
     /// room for the keys of others.
-    static constexpr std::size_t maxSize = 64U * 1024;
+    static constexpr std::size_t maxSize = 65536;
 
     /// Nothing for any other content: without the head line or a path, with a broken escape or a NUL in it.
     [[nodiscard]] static std::optional<TrashNote> parsed(std::string_view content);

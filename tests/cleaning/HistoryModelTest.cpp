@@ -90,8 +90,7 @@ TEST_F(HistoryModelTest, WhatWaitsInTheTrashIsPutBackAndTheRowSaysSo) {
     ASSERT_TRUE(waitUntil([&] { return !model.isRestoring(); }));
     EXPECT_TRUE(std::filesystem::exists(items[2].url));
     EXPECT_EQ(at(1, Role::waiting), 1);
-    EXPECT_EQ(text(1, Role::note),
-              "1 item put back · 1 skipped\n1 skipped: Something else stands in its place now");
+    EXPECT_EQ(text(1, Role::note), "1 item put back\n1 skipped: Something else stands in its place now");
 }
 
 TEST_F(HistoryModelTest, ClearingTakesTheFileAwayAndTellsTheSheet) {

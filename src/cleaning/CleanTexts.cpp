@@ -80,10 +80,6 @@ std::string reasonsOf(const std::vector<Skipped>& skipped) {
     return lines;
 }
 
-std::string skippedText(std::size_t count) {
-    return count == 0 ? std::string() : phrase(" · {} skipped", count);
-}
-
 }  // namespace
 
 std::string heroTitle(const CleanPhase& phase, const Figures& figures, const Idle& idle) {
@@ -108,14 +104,12 @@ std::string reasons(const RestoreReport& report) {
 }
 
 std::string putBack(const RestoreReport& report) {
-    return counted("{} item put back", "{} items put back", report.restored.size()) +
-           skippedText(report.skipped.size());
+    return counted("{} item put back", "{} items put back", report.restored.size());
 }
 
 std::string wouldPutBack(const RestoreReport& report) {
     return counted("Preview: {} item would be put back", "Preview: {} items would be put back",
-                   report.restored.size()) +
-           skippedText(report.skipped.size());
+                   report.restored.size());
 }
 
 std::string erased(std::size_t count) {
@@ -139,7 +133,8 @@ std::string banner(const CleanReport& report) {
         text = phrase("Freed {} · {} in the Trash", byteCount(report.freed - report.trashed),
                       byteCount(report.trashed));
     }
-    return text + skippedText(report.skipped.size());
+    if (!report.skipped.empty()) text += phrase(" · {} skipped", report.skipped.size());
+    return text;
 }
 
 }  // namespace tavrel::CleanTexts

@@ -38,7 +38,7 @@ struct Idle {
 
 /// One line on what a clean did or, in a preview, would have done.
 [[nodiscard]] std::string banner(const CleanReport& report);
-/// The same of a restore.
+/// One line on what a restore put back or, in a preview, would have.
 [[nodiscard]] std::string putBack(const RestoreReport& report);
 [[nodiscard]] std::string wouldPutBack(const RestoreReport& report);
 

@@ -138,12 +138,13 @@ Restorer::Runs Restorer::runs(std::vector<History::Entry> entries) const {
 
 RestoreReport Restorer::restore(const std::vector<Item>& items, Trash::Act act) const {
     RestoreReport report;
-    for (auto item = items.rbegin(); item != items.rend(); ++item) {
-        const auto outcome = putBack(*item, act);
+    for (auto at = items.size(); at-- > 0;) {
+        const Item& item = items[at];
+        const auto outcome = putBack(item, act);
         if (outcome) {
-            report.restored.push_back(item->path);
+            report.restored.push_back(item.path);
         } else {
-            report.skipped.push_back({item->path, outcome.error().reason});
+            report.skipped.push_back({item.path, outcome.error().reason});
         }
     }
     return report;

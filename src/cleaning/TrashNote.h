@@ -17,7 +17,7 @@ struct TrashNote {
 
     /// The longest note that is read: a path of the system's greatest length, every byte of it escaped, and
     /// room for the keys of others.
-    static constexpr std::size_t maxSize = 64U * 1024;
+    static constexpr std::size_t maxSize = 65536;
 
     /// The name of the note on the entry `name`.
     [[nodiscard]] static std::string nameFor(const std::string& name) { return name + ".trashinfo"; }

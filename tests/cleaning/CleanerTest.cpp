@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -147,7 +148,8 @@ TEST_F(CleanerTest, aPreviewTellsWhatTheRealRunWouldAndTouchesNothing) {
     EXPECT_EQ(preview.trashed, 8);
 
     preview.dryRun = false;
-    const auto real = clean(items);
+    auto real = clean(items);
+    EXPECT_THAT(std::exchange(real.inTrash, {}), ::testing::SizeIs(1)) << "what a preview cannot know";
     EXPECT_EQ(real, preview);
     EXPECT_THAT(reasons(real), ElementsAre("protected in Settings", "outside the folders Tavrel cleans"));
 }

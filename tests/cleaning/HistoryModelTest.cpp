@@ -77,22 +77,20 @@ TEST_F(HistoryModelTest, WhatWaitsInTheTrashIsPutBackAndTheRowSaysSo) {
     std::filesystem::remove(home.trash->contents() / "b");
     record("clean", {"/gone"}, 1);
     model.load();
-    EXPECT_EQ(at(1, Role::waiting), 0);  // not known yet
     ASSERT_TRUE(waitUntil([&] { return at(1, Role::waiting) == 2; }));
     EXPECT_EQ(text(0, Role::note), "1 item deleted for good");
     EXPECT_EQ(text(1, Role::note), "1 item is not in the Trash any more");
     const auto path = QString::fromStdString(items[0].url.native());
     EXPECT_TRUE(at(1, Role::paths).toString().startsWith(path + " · in the Trash\n"));
 
-    home.item("a");  // made again since
+    static_cast<void>(home.item("a"));  // made again since
     model.putBack(1);
     model.putBack(1);  // one at a time
     EXPECT_TRUE(model.isRestoring());
     ASSERT_TRUE(waitUntil([&] { return !model.isRestoring(); }));
     EXPECT_TRUE(std::filesystem::exists(items[2].url));
     EXPECT_EQ(at(1, Role::waiting), 1);
-    EXPECT_EQ(text(1, Role::note),
-              "1 item put back · 1 skipped\n1 skipped: Something else stands in its place now");
+    EXPECT_EQ(text(1, Role::note), "1 item put back\n1 skipped: Something else stands in its place now");
 }
 
 TEST_F(HistoryModelTest, ClearingTakesTheFileAwayAndTellsTheSheet) {

@@ -145,8 +145,8 @@ TEST_P(CommandLine, CleanRemovesWhatIsPreselectedAndRemembersIt) {
 }
 
 TEST_P(CommandLine, RestorePutsBackWhatWentToTheTrashAndNeverOverAnything) {
-    ctl({"clean", "--yes"});
-    ctl({"clean", "installers", "--yes"});
+    EXPECT_EQ(ctl({"clean", "--yes"}).status, 0);
+    EXPECT_EQ(ctl({"clean", "installers", "--yes"}).status, 0);
     const std::string iso = at("home/Downloads/old.iso");
     const Json waiting = ctl({"restore", "--json"}).json();
     ASSERT_THAT(waiting, SizeIs(1));

@@ -106,14 +106,6 @@ Card {
         spacing: Theme.gap
         visible: row.expanded
 
-        Label {
-            width: parent.width
-            text: row.expanded ? row.paths : ""
-            size: 10.5
-            color: Theme.secondary
-            wrapMode: Text.WrapAnywhere
-            lineHeight: 1.3
-        }
         Item {
             width: parent.width
             height: Math.max(remark.text ? remark.implicitHeight : 0, row.waiting > 0 ? button.implicitHeight : 0)
@@ -147,6 +139,14 @@ Card {
                     row.putBack()
                 }
             }
+        }
+        Label {
+            width: parent.width
+            text: row.expanded ? row.paths : ""
+            size: 10.5
+            color: Theme.secondary
+            wrapMode: Text.WrapAnywhere
+            lineHeight: 1.3
         }
     }
 }

@@ -30,7 +30,7 @@ RealHome::Path RealHome::at(const std::string& path) const {
 }
 
 void RealHome::write(const std::string& path, std::string_view content) const {
-    disk.text("home/ana/" + path, content);
+    Sandbox::date(disk.text("home/ana/" + path, content), daysAgo(oldFolder));
 }
 
 void RealHome::lay(const Promise& promise) const {

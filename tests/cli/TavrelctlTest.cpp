@@ -250,8 +250,9 @@ TEST_P(CommandLine, SelectingTakesWhatIsNamedAndTellsWhatIsNot) {
 
 TEST_P(CommandLine, OptionsOfTheScanReachTheFinders) {
     const std::string cache = at(GetParam().caches) + "/com.example.App";
-    box.file(cache + "/blob", big);
-    Sandbox::date(cache, daysAgo(10));
+    const auto blob = box.file(cache + "/blob", big);
+    const auto tag = box.text(cache + "/CACHEDIR.TAG", "Signature: 8a477f597d28d172789f06886806bc55");
+    for (const auto& each : {blob, tag, fs::path(cache)}) Sandbox::date(each, daysAgo(10));
     const Words scan = {"scan", "--json"};
     EXPECT_EQ(itemAt(ctl(scan).json()["items"], cache)["risk"], "safe");
     const Words running = {"scan", "--json", "--running", "com.example.App=App"};

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tavrel {
 
@@ -23,10 +24,14 @@ struct CleanItem {
     bool toTrash = false;                     // never deleted outright, whatever its category
     bool isNoLink = false;                    // as it was found: a link in its place is another thing
     std::optional<std::string> adminCommand;  // the whole shell command; `url` is then a name and no path
+    std::vector<std::string> userCommand;     // program and arguments, run as the user; `url` is then a name
     Occupants occupants;                      // who may be at work with it
 
     /// The key of a selection: two items with one path are one thing to choose.
     [[nodiscard]] const std::string& id() const { return url.native(); }
+
+    /// Whether a command removes it and `url` is no path.
+    [[nodiscard]] bool isCommand() const { return adminCommand || !userCommand.empty(); }
 
     bool operator==(const CleanItem&) const = default;
 };

@@ -91,7 +91,7 @@ std::string heroSubtitle(const CleanPhase& phase, const Figures& figures, const 
 }
 
 std::string size(const CleanItem& item) {
-    const bool unknown = item.adminCommand && item.size == 0;
+    const bool unknown = item.isCommand() && item.size == 0;
     return unknown ? localized("size unknown") : byteCount(item.size);
 }
 

@@ -21,6 +21,7 @@ namespace tavrel {
 namespace {
 
 constexpr std::chrono::seconds administratorLimit{600};
+constexpr std::chrono::seconds commandLimit{600};
 
 void noteRemoved(CleanReport& report, const CleanItem& item) {
     report.removed.push_back(item);
@@ -113,6 +114,7 @@ Cleaner::Disposal Cleaner::disposal(const CleanItem& item, Options options) {
 
 void Cleaner::cleanOne(const CleanItem& item, const SafetyGuard& safety, Options options, Watch& watch,
                        CleanReport& report) const {
+    if (!item.userCommand.empty()) return runCommand(item, options, report);
     // Seen first and vetted second: whatever is swapped in after the vetting is then another thing than was
     // seen.
     const auto seen = Removal::identify(tools_.access, item.url);
@@ -137,6 +139,17 @@ void Cleaner::cleanOne(const CleanItem& item, const SafetyGuard& safety, Options
         }
     }
     if (how == Disposal::trash) report.trashed = addBytes(report.trashed, item.size);
+    noteRemoved(report, item);
+}
+
+void Cleaner::runCommand(const CleanItem& item, Options options, CleanReport& report) const {
+    if (tools_.shell == nullptr)
+        return noteSkipped(report, item, Text::localized("No command can be run here"));
+    if (!options.dryRun) {
+        const auto& words = item.userCommand;
+        const auto result = tools_.shell->run(words.front(), {words.begin() + 1, words.end()}, commandLimit);
+        if (result.status != 0) return noteSkipped(report, item, Text::trimmed(result.output));
+    }
     noteRemoved(report, item);
 }
 

@@ -7,6 +7,7 @@
 #include "core/Instant.h"
 #include "platform/Administrator.h"
 #include "platform/RunningApplications.h"
+#include "platform/Shell.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -33,6 +34,7 @@ class Cleaner {
         std::function<Instant()> now;
         /// What runs at the moment of the call; may be empty where nothing can be at work with the items.
         std::function<RunningApplications()> running = {};
+        Shell* shell = nullptr;  // runs the commands of items that need no root; without it they are skipped
     };
 
     struct Options {
@@ -71,6 +73,7 @@ class Cleaner {
     /// What runs, no older than a second.
     class Watch;
 
+    void runCommand(const CleanItem& item, Options options, CleanReport& report) const;
     void cleanOne(const CleanItem& item, const SafetyGuard& safety, Options options, Watch& watch,
                   CleanReport& report) const;
     void cleanWithAdmin(const std::vector<CleanItem>& items, const SafetyGuard& safety, Options options,

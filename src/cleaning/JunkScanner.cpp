@@ -248,6 +248,8 @@ std::vector<CleanItem> JunkScanner::scan(const std::set<CleanCategory>& categori
     }
     if (categories.contains(userCaches) && context.hasFullDiskAccess)
         append(items, SpecialScanners::containerCaches(tables_.containers, search, names_));
+    if (categories.contains(packageManagers) && tables_.userRuntimes)
+        append(items, SpecialScanners::runtimes(*tables_.userRuntimes));
     if (categories.contains(editors))
         append(items, SpecialScanners::oldEditorExtensions(context.home, safety));
     if (categories.contains(trash)) {

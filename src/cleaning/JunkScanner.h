@@ -31,7 +31,8 @@ class JunkScanner {
         SpecialScanners::SystemPlaces system;
         SpecialScanners::VolumeTrashes volumeTrashes;
         std::optional<std::filesystem::path> homeTrash;  // where no rule takes what lies in it
-        int trashReviewDays = 0;                         // see SpecialScanners::trashed
+        std::optional<SpecialScanners::SharedRuntimes> userRuntimes;
+        int trashReviewDays = 0;  // see SpecialScanners::trashed
 
         /// Folders that hold one copy a version, of which the newest may still be in use.
         struct Versioned {

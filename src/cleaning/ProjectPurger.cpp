@@ -174,6 +174,7 @@ class Walk {
         const Names names = Files::names(folder);
         const Path& project = isProjectFolder(names) ? folder : projectAbove;
         for (const std::string& name : names) {
+            if (holds(tables_.strays, name)) offerStray(folder / name);
             if (!Files::isFolder(folder / name)) continue;
             if (const Artifact* artifact = artifactAt(tables_, folder, name, names)) {
                 offer(*artifact, project.empty() ? folder : project, folder, names);
@@ -221,6 +222,20 @@ class Walk {
             .risk = isPlain ? artifact.risk : Risk::review,
             .note = std::move(note),
         });
+    }
+
+    /// However small: such files are a nuisance, not a burden.
+    void offerStray(const Path& path) {
+        if (!Files::isRegular(path) || !Scanning::vet(safety_, path)) return;
+        std::string note = Scanning::note(Paths::name(path.parent_path()),
+                                          Text::localized("How another system shows this folder"));
+        if (versionControl_.tracks(path))
+            note = Scanning::note(note, Text::localized("under version control"));
+        items_.push_back({.url = path,
+                          .size = FileSizer::size(path),
+                          .category = CleanCategory::projects,
+                          .risk = Risk::review,
+                          .note = std::move(note)});
     }
 
     Use useOf(const Path& project, const Path& folder, const Names& names) {

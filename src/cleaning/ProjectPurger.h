@@ -43,6 +43,7 @@ struct Tables {
     };
 
     std::vector<Artifact> artifacts;  // of rows for one folder the first whose markers are there counts
+    std::vector<std::string_view> strays = {};  // names of files that other systems leave anywhere
     Activity activity = Activity::topLevel;
     Notes notes = Notes::folder;
 };

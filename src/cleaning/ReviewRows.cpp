@@ -17,8 +17,8 @@ QString text(const std::string& utf8) {
 
 /// The last part of the path, or all of a command.
 std::string title(const CleanItem& item) {
-    const bool isCommand = item.adminCommand == item.url.native();
-    return Text::shown(isCommand ? *item.adminCommand : item.url.filename().native());
+    const bool isSnapshot = item.adminCommand && *item.adminCommand != item.url.native();
+    return Text::shown(item.isCommand() && !isSnapshot ? item.url.native() : item.url.filename().native());
 }
 
 }  // namespace
@@ -159,7 +159,7 @@ QString ReviewRows::path(int row) const {
     const Row& asked = rows_[static_cast<std::size_t>(row)];
     if (asked.isHead()) return {};
     const CleanItem& item = source_->items()[asked.item];
-    return item.adminCommand ? QString() : text(Text::repaired(item.url.native()));
+    return item.isCommand() ? QString() : text(Text::repaired(item.url.native()));
 }
 
 const CleanListModel::Group& ReviewRows::groupOf(const Row& row) const {

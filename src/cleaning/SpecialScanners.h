@@ -101,9 +101,12 @@ struct PackageRevisions {
 /// Runtimes that applications share, and the tool that removes them. Applications of the other installations
 /// use them too.
 struct SharedRuntimes {
+    enum class Owner { system, user };
+
     Path tool;
     Path installation;
     std::vector<Path> others;
+    Owner owner = Owner::system;
 };
 
 /// Everything system-owned that a profile knows, absolute paths already below the root in force.
@@ -152,6 +155,9 @@ struct Search {
 /// urls are names that never reach the disk. A command is called what it is, so that a person can type it.
 [[nodiscard]] Items systemData(const SystemPlaces& places, Shell& shell, const SafetyGuard& safety,
                                Instant now);
+
+/// What no application needs of the runtimes; the user's go without root.
+[[nodiscard]] Items runtimes(const SharedRuntimes& shared);
 
 /// What lies in the Trashes, whose folders `safety` admits. Where they keep notes beside their contents, what
 /// was deleted within `reviewDays`, or at a time that no note tells, is for review; 0 where they keep none.

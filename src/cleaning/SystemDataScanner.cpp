@@ -127,16 +127,6 @@ void revisionItems(const PackageRevisions& packages, Shell& shell, Items& items)
     }
 }
 
-void runtimeItems(const SharedRuntimes& runtimes, Items& items) {
-    if (!Files::exists(runtimes.tool)) return;
-    for (const std::string& runtime : unusedRuntimes(runtimes.installation, runtimes.others)) {
-        items.push_back(commandItem(
-            runtimes.tool.native() + " uninstall --system --noninteractive runtime/" + runtime, 0,
-            Risk::review,
-            Scanning::note(runtime, localized("Flatpak runtime that no application uses; size unknown"))));
-    }
-}
-
 }  // namespace
 
 Items systemData(const SystemPlaces& places, Shell& shell, const SafetyGuard& safety, Instant now) {
@@ -145,7 +135,33 @@ Items systemData(const SystemPlaces& places, Shell& shell, const SafetyGuard& sa
     if (places.snapshotTool) snapshotItems(*places.snapshotTool, shell, items);
     for (const SystemCommand& row : places.commands) commandItems(row, now, items);
     if (places.packages) revisionItems(*places.packages, shell, items);
-    if (places.runtimes) runtimeItems(*places.runtimes, items);
+    if (places.runtimes) {
+        for (CleanItem& item : runtimes(*places.runtimes)) items.push_back(std::move(item));
+    }
+    return items;
+}
+
+Items runtimes(const SharedRuntimes& shared) {
+    Items items;
+    if (!Files::exists(shared.tool)) return items;
+    for (const std::string& runtime : unusedRuntimes(shared.installation, shared.others)) {
+        const std::string note =
+            Scanning::note(runtime, localized("Flatpak runtime that no application uses; size unknown"));
+        const std::string name = "runtime/" + runtime;
+        if (shared.owner == SharedRuntimes::Owner::system) {
+            items.push_back(commandItem(shared.tool.native() + " uninstall --system --noninteractive " + name,
+                                        0, Risk::review, note));
+            continue;
+        }
+        // The tool would look in the home of who runs it.
+        items.push_back({.url = shared.tool.native() + " uninstall --user --noninteractive " + name,
+                         .category = CleanCategory::packageManagers,
+                         .risk = Risk::review,
+                         .note = note,
+                         .permanent = true,
+                         .userCommand = {"/usr/bin/env", "FLATPAK_USER_DIR=" + shared.installation.native(),
+                                         shared.tool, "uninstall", "--user", "--noninteractive", name}});
+    }
     return items;
 }
 

@@ -34,7 +34,7 @@ std::string key(const std::filesystem::path& path) {
 
 /// Only a path has several spellings.
 std::string key(const CleanItem& item) {
-    return item.adminCommand ? item.url.native() : key(item.url);
+    return item.isCommand() ? item.url.native() : key(item.url);
 }
 
 }  // namespace

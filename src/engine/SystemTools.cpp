@@ -84,6 +84,7 @@ Cleaner::Tools SystemTools::cleaner(const Profile& profile) {
     };
     if (isRunningSystem_ && profile.family == Profile::Family::linux)
         tools.running = [this] { return running(); };
+    tools.shell = shell_.get();
     return tools;
 }
 

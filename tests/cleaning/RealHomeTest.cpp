@@ -61,6 +61,7 @@ const std::vector<RealHome::Promise> promises = {
     {ai,     ".cache/whisper/",                             5,   "review", "Trash"},
     {ai,     ".gemini/tmp/",                                5,   "review", "Trash"},
     {projects,   "code/tracked/node_modules/",              200, "review", "Trash"},
+    {projects,   "code/plain/src/Thumbs.db",                200, "review", "Trash"},
     {projects,   "code/tool/target/",                       200, "review", "Trash"},
     {installers, "Downloads/Other.AppImage",                30,  "review", "Trash"},
     {installers, "Downloads/go1.22.linux-amd64.tar.gz",     30,  "review", "Trash"},

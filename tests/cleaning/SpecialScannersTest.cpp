@@ -219,6 +219,12 @@ TEST_F(SpecialScannersTest, RuntimesAreUnusedWhenNoApplicationLeadsToThem) {
     const auto scan = [&] { return SpecialScanners::systemData(places, shell, mac.guard(), testing::now()); };
     ASSERT_EQ(scan().size(), 1U);
     EXPECT_EQ(scan()[0].url, tool.native() + " uninstall --system --noninteractive runtime/kept/x/1");
+    SpecialScanners::SharedRuntimes ofUser = *places.runtimes;
+    ofUser.owner = SpecialScanners::SharedRuntimes::Owner::user;
+    const auto own = SpecialScanners::runtimes(ofUser);
+    ASSERT_FALSE(own.empty());
+    EXPECT_FALSE(own[0].requiresAdmin);
+    EXPECT_EQ(own[0].userCommand[1], "FLATPAK_USER_DIR=" + disk.path("all").native());
     disk.link("own/app/c/x/1/active", "gone");
     EXPECT_TRUE(scan().empty()) << "what this application needs is not known";
 }

@@ -67,6 +67,7 @@ ProjectPurger::Tables Linux::projects() {
     };
     // clang-format on
     return {.artifacts = std::move(rows),
+            .strays = {".DS_Store", "Thumbs.db"},
             .activity = ProjectPurger::Tables::Activity::sources,
             .notes = ProjectPurger::Tables::Notes::project};
 }

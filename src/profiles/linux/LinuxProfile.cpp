@@ -46,6 +46,10 @@ JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
                        .olderRisk = Risk::review}},
     };
     if (places.isRunningSystem()) {
+        tables.userRuntimes = {.tool = "/usr/bin/flatpak",
+                               .installation = places.trash().parent_path() / "flatpak",
+                               .others = {places.resolve("/var/lib/flatpak")},
+                               .owner = SpecialScanners::SharedRuntimes::Owner::user};
         tables.volumeTrashes =
             Linux::volumeTrashes(Files::read("/proc/self/mounts").value_or(""), ::getuid(), places.trash());
     }

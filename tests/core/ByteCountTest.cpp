@@ -10,11 +10,7 @@ namespace tavrel {
 namespace {
 
 TEST(ByteCount, ReadsAsPeopleWriteSizes) {
-    struct Case {
-        std::int64_t bytes;
-        std::string text;
-    };
-    const Case cases[] = {
+    const std::pair<std::int64_t, std::string> cases[] = {
         {0, "Zero KB"},
         {1, "1 byte"},
         {2, "2 bytes"},

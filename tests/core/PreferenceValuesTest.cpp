@@ -14,7 +14,7 @@ UserDefaults holding(const Sandbox& sandbox, const std::string& entries) {
         sandbox.text("s.plist", "<plist version=\"1.0\"><dict>" + entries + "</dict></plist>"));
 }
 
-TEST(PreferenceValues, EveryFieldSurvivesARestart) {
+TEST(PreferenceValues, EveryFieldBeginsWithItsDefaultAndSurvivesARestart) {
     PreferenceValues chosen;
     chosen.protectedPaths = {"~/Keep", "/srv/\xFF", "/srv/\\x41", "C:\\"};  // a path may be any bytes
     chosen.projectRoots = {};
@@ -27,18 +27,13 @@ TEST(PreferenceValues, EveryFieldSurvivesARestart) {
 
     const Sandbox sandbox;
     UserDefaults defaults(sandbox.path("s.plist"));
+    EXPECT_EQ(PreferenceValues::read(defaults), PreferenceValues());
+    EXPECT_THAT(PreferenceValues::unreadableKeys(defaults), ElementsAre());
     for (const std::string_view key : PreferenceValues::keys()) {
         ASSERT_FALSE(defaults.set(std::string(key), chosen.value(key).value()));
     }
     EXPECT_EQ(PreferenceValues::read(UserDefaults(sandbox.path("s.plist"))), chosen);
     EXPECT_EQ(chosen.value("unknown"), std::nullopt);
-}
-
-TEST(PreferenceValues, AMissingFileGivesTheDefaults) {
-    const Sandbox sandbox;
-    const UserDefaults defaults(sandbox.path("s.plist"));
-    EXPECT_EQ(PreferenceValues::read(defaults), PreferenceValues());
-    EXPECT_THAT(PreferenceValues::unreadableKeys(defaults), ElementsAre());
 }
 
 TEST(PreferenceValues, AWrongTypeTakesTheDefaultAndIsTold) {

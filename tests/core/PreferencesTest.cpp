@@ -3,6 +3,7 @@
 
 #include <QSignalSpy>
 #include <functional>
+#include <limits>
 
 #include <gmock/gmock.h>
 
@@ -25,6 +26,9 @@ class PreferencesTest : public ::testing::Test {
   protected:
     /// The values as the next start of the program reads them.
     [[nodiscard]] PreferenceValues afterRestart() const { return PreferenceValues::read(UserDefaults(file)); }
+    [[nodiscard]] const std::vector<std::string>& protectedPaths() const {
+        return preferences.values().protectedPaths;
+    }
 
     const Sandbox sandbox;
     const fs::path file = sandbox.path("settings.plist");
@@ -73,14 +77,9 @@ TEST_F(PreferencesTest, WhatIsSetAgainIsNeitherToldNorWritten) {
 }
 
 TEST_F(PreferencesTest, TheDaysOfAnOldProjectStayWithinAYear) {
-    struct Row {
-        int asked;
-        int kept;
-    };
-    for (const Row& row : {Row{0, 1}, Row{-5, 1}, Row{365, 365}, Row{366, 365}, Row{1, 1}, Row{30, 30}}) {
-        preferences.setStaleProjectDays(row.asked);
-        EXPECT_EQ(preferences.staleProjectDays(), row.kept);
-        EXPECT_EQ(afterRestart().staleProjectDays, row.kept);
+    for (const auto& [asked, kept] : {std::pair(0, 1), {-5, 1}, {365, 365}, {366, 365}, {1, 1}, {30, 30}}) {
+        preferences.setStaleProjectDays(asked);
+        EXPECT_EQ(preferences.staleProjectDays(), kept) << asked;
     }
 }
 
@@ -97,22 +96,18 @@ TEST_F(PreferencesTest, UnknownProtectedFoldersAreKnownAgainOnceTheListIsEdited)
     const char* const wrongType =
         "<key>protectedPaths</key><string>~/Keep</string><key>dryRun</key><integer>"
         "1</integer><key>alwaysTrash</key><true/>";
-    struct Row {
-        std::string content;
-        bool known;
-    };
-    const Row rows[] = {
+    const std::pair<std::string, bool> files[] = {
         {settings(""), true},
         {settings("<key>dryRun</key><string>yes</string>"), true},
         {settings("<key>protectedPaths</key><array><string>~/Keep</string></array>"), true},
         {settings(wrongType), false},
         {"no property list", false},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.content);
-        UserDefaults own(sandbox.text("own.plist", row.content));
+    for (const auto& [content, known] : files) {
+        SCOPED_TRACE(content);
+        UserDefaults own(sandbox.text("own.plist", content));
         Preferences held(own, "/home/ana");
-        EXPECT_EQ(held.knowsProtectedPaths(), row.known);
+        EXPECT_EQ(held.knowsProtectedPaths(), known);
         EXPECT_FALSE(held.dryRun());
         held.addFolders(List::ProtectedPaths, Folders{"/home/ana/Keep", "/home/ana/More"});
         EXPECT_TRUE(held.knowsProtectedPaths());
@@ -147,6 +142,64 @@ TEST_F(PreferencesTest, WhatCannotBeWrittenHoldsUntilTheEnd) {
     EXPECT_EQ(held.protectedPaths(), QStringList("~/Keep"));
     EXPECT_THAT(held.menuBarMetrics(), ElementsAre(MenuBarMetric::memory));
     EXPECT_EQ(contentOf(sandbox.path("taken")), "a file");
+}
+
+TEST_F(PreferencesTest, AFolderOfTheHomeIsKeptByItsTilde) {
+    const std::pair<fs::path, std::string> cases[] = {
+        {"/home/ana/My files", "~/My files"},
+        {"/home/ana", "~"},
+        {"/home/anabel", "/home/anabel"},
+        {"/home", "/home"},
+        {"/srv/home/ana", "/srv/home/ana"},
+        {"/home/ana/code/", "~/code"},
+        {"/home/ana/", "~"},
+        {"/", "/"},
+    };
+    for (const auto& [chosen, kept] : cases) {
+        preferences.addFolders(List::ProtectedPaths, Folders{chosen});
+        EXPECT_THAT(protectedPaths(), ElementsAre(kept)) << chosen;
+        preferences.removeFolder(List::ProtectedPaths, 0);
+    }
+}
+
+TEST_F(PreferencesTest, SeveralFoldersAreAddedInOrderAndNoneTwice) {
+    const QSignalSpy told(&preferences, &Preferences::protectedPathsChanged);
+    preferences.addFolders(List::ProtectedPaths, Folders{"/srv/b", "/home/ana/a", "/srv/b"});
+    EXPECT_THAT(protectedPaths(), ElementsAre("/srv/b", "~/a"));
+    preferences.addFolders(List::ProtectedPaths, Folders{"/home/ana/a", "/srv/c"});
+    EXPECT_THAT(protectedPaths(), ElementsAre("/srv/b", "~/a", "/srv/c"));
+    preferences.addFolders(List::ProtectedPaths, Folders{"/srv/c"});
+    preferences.addFolders(List::ProtectedPaths, Folders{"/srv/c/", "/home/ana/a/"});
+    EXPECT_EQ(protectedPaths().size(), 3U);
+    EXPECT_EQ(told.size(), 2);
+    EXPECT_EQ(preferences.values().projectRoots, PreferenceValues().projectRoots);
+}
+
+TEST_F(PreferencesTest, OnlyFoldersOfThisMachineAreTakenFromADialog) {
+    const auto folder = sandbox.folder("some #1 folder");
+    const auto plain = sandbox.text("file", "x");
+    preferences.addFolders(List::ProtectedPaths,
+                           QList<QUrl>{QUrl::fromLocalFile(QString::fromStdString(folder.native())),
+                                       QUrl::fromLocalFile(QString::fromStdString(plain.native())),
+                                       QUrl("https://example.org/folder"), QUrl()});
+    EXPECT_THAT(protectedPaths(), ElementsAre(folder.native()));
+}
+
+TEST_F(PreferencesTest, OnlyAnEntryThatIsThereIsTakenOut) {
+    preferences.addFolders(List::ProtectedPaths, Folders{"/a", "/b", "/c"});
+    for (const int index : {-1, 3, std::numeric_limits<int>::max()}) {
+        preferences.removeFolder(List::ProtectedPaths, index);
+        EXPECT_EQ(protectedPaths().size(), 3U) << index;
+    }
+    preferences.removeFolder(List::ProtectedPaths, 1);
+    EXPECT_THAT(protectedPaths(), ElementsAre("/a", "/c"));
+    EXPECT_THAT(PreferenceValues::read(UserDefaults(defaults.file())).protectedPaths,
+                ElementsAre("/a", "/c"));
+}
+
+TEST_F(PreferencesTest, PathsOfAnyBytesAreFitToBeRead) {
+    preferences.addFolders(List::ProjectRoots, Folders{"/srv/two\nlines", "/srv/\xff"});
+    EXPECT_EQ(preferences.projectRoots().sliced(11), QStringList({"/srv/two\\nlines", "/srv/\\xFF"}));
 }
 
 }  // namespace

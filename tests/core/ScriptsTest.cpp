@@ -2,6 +2,7 @@
 #include "platform/posix/PosixShell.h"
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -16,12 +17,7 @@ CommandResult inShell(const std::string& script) {
 }
 
 TEST(Scripts, StatusBatchRunsEveryCommandAndTellsOfAnyFailure) {
-    struct Case {
-        std::vector<std::string> commands;
-        std::int32_t status;
-        std::string output;
-    };
-    const Case cases[] = {
+    const std::tuple<std::vector<std::string>, std::int32_t, std::string> cases[] = {
         {{}, 0, ""},
         {{"printf a", "printf b"}, 0, "ab"},
         {{"false", "printf b"}, 1, "b"},
@@ -51,11 +47,7 @@ TEST(Scripts, MarkerBatchTellsOfEachStep) {
 }
 
 TEST(Scripts, MarkersAreReadFromAnyText) {
-    struct Case {
-        std::string output;
-        std::vector<Scripts::StepResult> results;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, std::vector<Scripts::StepResult>> cases[] = {
         {"", {}},
         {"one\rtwo\r__TAVREL_DONE__ a 0\r", {{"a", 0, "one\ntwo"}}},  // carriage returns alone
         {"__TAVREL_DONE__ a -1\r\n\r\n__TAVREL_DONE__ b 2", {{"a", -1, ""}, {"b", 2, ""}}},

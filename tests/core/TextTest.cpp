@@ -1,6 +1,7 @@
 #include "core/Text.h"
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -15,11 +16,7 @@ TEST(Text, FallsBackToEnglishWithItsPlural) {
 }
 
 TEST(Text, RepairsWhatIsNotUtf8) {
-    struct Case {
-        std::string bytes;
-        std::string text;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"", ""},
         {"plain é 日", "plain é 日"},
         {"a\xFFz", "a\uFFFDz"},
@@ -35,11 +32,7 @@ TEST(Text, RepairsWhatIsNotUtf8) {
 }
 
 TEST(Text, ShowsNoNameThatSteersTheTerminal) {
-    struct Case {
-        std::string bytes;
-        std::string text;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"Café 日本 👩‍🚀", "Café 日本 👩‍🚀"},
         {"one\ntwo\tthree", "one\\ntwo\\tthree"},
         {"\x1B[2Jgone\r", "\\x1B[2Jgone\\x0D"},
@@ -53,11 +46,7 @@ TEST(Text, ShowsNoNameThatSteersTheTerminal) {
 }
 
 TEST(Text, ExactFormTurnsBackIntoTheSameBytes) {
-    struct Case {
-        std::string bytes;
-        std::string text;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"/home/é", "/home/é"},     {"C:\\new", "C:\\new"},  // a backslash that escapes nothing stands alone
         {"end\\", "end\\"},         {"\xFF", "\\xFF"},      {"a\\b\xFF", "a\\\\b\\xFF"},
         {"\\x41", "\\\\x41"},  // text that reads as an escape
@@ -82,11 +71,7 @@ TEST(Text, EveryShortByteStringSurvivesItsExactForm) {
 }
 
 TEST(Text, CountsColumnsAsATerminalDoes) {
-    struct Case {
-        std::string text;
-        std::size_t columns;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, std::size_t> cases[] = {
         {"", 0},
         {"abc", 3},
         {"日本", 4},
@@ -103,12 +88,7 @@ TEST(Text, CountsColumnsAsATerminalDoes) {
 }
 
 TEST(Text, ElidesInTheMiddleAndSplitsNoLetter) {
-    struct Case {
-        std::string text;
-        std::size_t width;
-        std::string elided;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, std::size_t, std::string> cases[] = {
         {"abcdef", 6, "abcdef"},
         {"abcdef", 5, "ab…ef"},
         {"abcdef", 4, "ab…f"},

@@ -36,12 +36,8 @@ TEST(Processes, PinnedRowsComeFirstWhereverTheyFall) {
 TEST(Processes, ANoteBelongsToANameOrToItsStart) {
     constexpr ProcessNote notes[] = {
         {"mds", "whole"}, {"kworker/", "start", ProcessNote::Match::start}, {"Own Helper", "own"}};
-    struct Case {
-        std::string name;
-        std::optional<std::string> sentence;
-    };
     const std::string helper = "A helper process of an app — usually a browser tab, renderer or extension.";
-    const Case cases[] = {
+    const std::pair<std::string, std::optional<std::string>> cases[] = {
         {"mds", "whole"},           {"mds_stores", std::nullopt},
         {"MDS", std::nullopt},      {"kworker/0:1-events", "start"},
         {"kworker", std::nullopt},  {"Own Helper", "own"},

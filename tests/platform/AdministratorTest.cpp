@@ -30,15 +30,11 @@ TEST(Administrator, RootIsNotAsked) {
 }
 
 TEST(Administrator, OnLinuxWhatFailsIsToldInOneLine) {
-    struct Case {
-        CommandResult answer;
-        std::string output;
-    };
     const std::string refused = "Administrator rights could not be obtained";
     const std::string nobody = "Nobody could be asked for the administrator's password";
     const std::string warning = "\n(flatpak:33): GLib-WARNING **: 18:46:01.000: no bus\n";
     const std::string step = "busy\n__TAVREL_DONE__ one 1\n";
-    const Case cases[] = {
+    const std::pair<CommandResult, std::string> cases[] = {
         {{0, "a\nb\n"}, "a\nb\n"},
         {{1, "E: no lock\r\n\x1b[31mE: is it busy?\x1b[0m\a\n" + warning + "\n"}, "E: is it busy?"},
         {{1, warning}, ""},
@@ -81,11 +77,7 @@ TEST(Administrator, OnlyPathsThatRootAloneControlsAreNamed) {
         return path;
     };
     const auto own = folder("own", 0755, root);
-    struct Case {
-        std::filesystem::path path;
-        bool named;
-    };
-    const Case cases[] = {
+    const std::pair<std::filesystem::path, bool> cases[] = {
         {own / "file", true},
         {own / "missing/file", false},
         {folder("sticky", 01777, root) / "file", true},
@@ -102,8 +94,7 @@ TEST(Administrator, OnlyPathsThatRootAloneControlsAreNamed) {
         {"relative", false},
         {"", false},
         {"/", false},
-        {"/etc", true},
-    };
+        {"/etc", true}};
     ScriptedShell shell;
     for (const auto& [path, named] : cases) {
         EXPECT_EQ(LinuxAdministrator(shell, somebody).mayName(path), named) << path;

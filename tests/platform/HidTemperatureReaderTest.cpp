@@ -11,11 +11,8 @@ namespace {
 TEST(HidTemperatureReader, GivesTheMeanOfEachKindOfDie) {
     const double justAbove = std::nextafter(5.0, 6.0);
     const double justBelow = std::nextafter(130.0, 0.0);
-    struct Case {
-        std::vector<std::pair<std::string, std::optional<double>>> sensors;
-        Temperatures expected;
-    };
-    const Case cases[] = {
+    using Values = std::vector<std::pair<std::string, std::optional<double>>>;
+    const std::pair<Values, Temperatures> cases[] = {
         {{}, {}},
         {{{"PMU tdie1", 40},
           {"pACC MTR Temp", 50},
@@ -28,8 +25,7 @@ TEST(HidTemperatureReader, GivesTheMeanOfEachKindOfDie) {
         {{{"tdie0", 0}, {"tdie1", 5}, {"tdie2", 130}, {"tdie3", -20}, {"tdie4", std::nullopt}, {"GPU", NAN}},
          {}},
         {{{"tdie0", 5}, {"tdie1", 40.5}, {"tdie2", std::nullopt}}, {40.5, {}}},
-        {{{"CPU", justAbove}, {"GPU", justBelow}}, {justAbove, justBelow}},
-    };
+        {{{"CPU", justAbove}, {"GPU", justBelow}}, {justAbove, justBelow}}};
     for (const auto& [given, expected] : cases) {
         SimulatedTemperatureSensors sensors(given);
         EXPECT_EQ(HidTemperatureReader(sensors).read(), expected);

@@ -36,11 +36,7 @@ TEST(LaunchAtLogin, SwitchesOnAndOff) {
 }
 
 TEST(LaunchAtLogin, ASwitchOffByTheDesktopIsRespected) {
-    struct Case {
-        std::string lines;
-        bool enabled;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, bool> cases[] = {
         {"Exec=tavrel\n", true},
         {"Hidden=false\nX-GNOME-Autostart-enabled=true\n", true},
         {"Hidden=true\n", false},

@@ -7,11 +7,15 @@
 #include "platform/linux/LinuxSensors.h"
 #include "platform/linux/MemoryFigures.h"
 #include "platform/linux/NetworkFigures.h"
+#include "platform/linux/ProcProcesses.h"
 #include "support/Sandbox.h"
 
 #include <cstdint>
+#include <ctime>
 #include <limits>
+#include <sstream>
 #include <string>
+#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -38,7 +42,7 @@ class LinuxSensorsTest : public ::testing::Test {
     Sandbox sandbox;
 };
 
-constexpr std::string_view desktop = R"(
+constexpr const char* desktop = R"(
     proc/stat = cpu 9 9 9 9\ncpu0 100 5 30 900 70 3 4 11 50 2\ncpu2 10 0 20 80 0 0 0 0 0 0\nintr 1 cpu9
     proc/meminfo = MemTotal: 1000 kB\nMemFree: 100 kB\nMemAvailable: 600 kB\nSwapTotal: 50 kB\nSwapFree: 20 kB
     proc/pressure/memory = some avg10=12.50 avg60=0.00 avg300=0.00 total=1\nfull avg10=90.00
@@ -54,14 +58,8 @@ constexpr std::string_view desktop = R"(
     proc/net/route = Iface Destination\nbr0 00000000 0 0003 0 0 425 00000000\neth0 00000000 0 0003 0 0 100 00000000\ntun0 00000000 0 0000 0 0 1 00000000\neth0 000AA8C0 0 0001 0 0 0 00FFFFFF
     proc/cpuinfo = processor : 0\nmodel name : Intel(R) Core(TM) i7-8550U CPU @ 1.80GHz\nflags : fpu
     sys/devices/system/cpu/online = 0,2
-    sys/class/hwmon/hwmon0/name = nvme
-    sys/class/hwmon/hwmon0/temp1_input = 99000
-    sys/class/hwmon/hwmon0/temp1_crit = 84000
-    sys/class/hwmon/hwmon3/name = coretemp
-    sys/class/hwmon/hwmon3/temp1_label = Package id 0
-    sys/class/hwmon/hwmon3/temp1_input = 86000
-    sys/class/hwmon/hwmon3/temp1_max = 80000
-    sys/class/hwmon/hwmon3/temp1_crit = 100000
+    sys/class/hwmon/hwmon0/ name=nvme temp1_input=99000 temp1_crit=84000
+    sys/class/hwmon/hwmon3/ name=coretemp temp1_label=Package~id~0 temp1_input=86000 temp1_max=80000 temp1_crit=100000
 )";
 
 TEST_F(LinuxSensorsTest, ReadsADesktop) {
@@ -114,15 +112,27 @@ TEST_F(LinuxSensorsTest, AMachineThatTellsNothingHasNoFigures) {
     EXPECT_EQ(nowhere.networkBytes(), (Sensors::NetworkBytes{.received = 5, .sent = 6}));
 }
 
-TEST_F(LinuxSensorsTest, ReadsThisMachine) {
+TEST_F(LinuxSensorsTest, ReadsThisMachineAndThisVeryTest) {
     const auto machine = linuxSensors(sandbox.root());
     const Sensors::Memory memory = machine->memory();
-    ASSERT_TRUE(memory.used && memory.total);
-    EXPECT_GT(*memory.used, 0);
-    EXPECT_LT(*memory.used, *memory.total);
+    EXPECT_GT(memory.used.value_or(0), 0);
+    EXPECT_LT(memory.used, memory.total);
     EXPECT_EQ(machine->cpuTicks().size(), static_cast<std::size_t>(machine->activeProcessors()));
     EXPECT_NE(machine->chipName(), "");
     EXPECT_GE(machine->loadAverage().value_or(-1), 0);
+
+    sandbox.link("proc/" + std::to_string(::getpid()), "/proc/self");  // and no other process
+    const auto work = [](std::chrono::nanoseconds) {
+        for (const std::clock_t start = std::clock(); std::clock() - start < CLOCKS_PER_SEC / 10;) {
+        }
+    };
+    const auto listed =
+        ProcProcesses(sandbox.path("proc"), {ProcProcesses::systemTime().now, work}).snapshot();
+    ASSERT_EQ(listed.size(), 1U);
+    EXPECT_EQ(listed[0].pid, ::getpid());
+    EXPECT_EQ(listed[0].name, "tavrel_platform_tests");
+    EXPECT_GT(listed[0].cpu, 0);
+    EXPECT_GT(listed[0].memory, 1 << 20);
 }
 
 TEST_F(LinuxSensorsTest, IdleTimeNeverRunsBackwards) {
@@ -163,13 +173,9 @@ TEST_F(LinuxSensorsTest, NamesTheConnection) {
         sys/class/net/tun0/device/
         sys/class/net/tun0/type = 65534
     )");
-    struct Case {
-        std::string route, route6;
-        std::optional<std::string> kind;
-    };
     const std::string zeros(32, '0');
     const std::string route6 = zeros + " 00 " + zeros + " 00 " + zeros;
-    const Case cases[] = {
+    const std::tuple<std::string, std::string, std::optional<std::string>> cases[] = {
         {"wlan1 00000000 0 0003 0 0 600 00000000\n", "", "Wi-Fi"},
         {"br0 00000000 0 0003 0 0 0 00000000\n", "", "br0"},
         {"tun0 00000000 0 0003 0 0 0 00000000\n", "", "tun0"},
@@ -193,32 +199,15 @@ TEST(KernelFigures, TakeAnyBytes) {
     std::vector<NetworkFigures::Row> interfaces;
     const std::string huge = "99999999999999999999";
     const std::string most = std::to_string(std::numeric_limits<std::uint64_t>::max());
-    const std::string noise[] = {
-        "",
-        "\n\n",
-        "cpu",
-        "cpu0 1 2 3",
-        "cpu0 1 2 x 4",
-        "cpu99999999999 1 2 3 4",
-        "cpu1 " + huge + " 1 1 1",
-        std::string("\0\xFF:\0 1", 6),
-        ":",
-        "eth0:",
-        "eth0: 1 2 3",
-        "eth0: " + huge + " x x x x x x x 1",
-        "8 0 sda",
-        "8 0 sda 1 0 -5 0 0 0 5",
-        "8 0 sda 1 0 5 0 0 0 " + huge,
-        "some",
-        "some avg10=",
-        "some avg10=nan",
-        "some avg10=-1",
-        "full avg10=99.00",
-        "MemTotal:",
-        "MemTotal: -5 kB",
-        "MemTotal: " + most + " kB",
-    };
-    for (const std::string& text : noise) {
+    const std::string noise =  // separated by semicolons
+        ";\n\n;cpu;cpu0 1 2 3;cpu0 1 2 x 4;cpu99999999999 1 2 3 4;cpu1 " + huge +
+        " 1 1 1;:;eth0:;eth0: 1 2 3;eth0: " + huge +
+        " x x x x x x x 1;8 0 sda;8 0 sda 1 0 -5 0 0 0 5;8 0 sda 1 0 5 0 0 0 " + huge +
+        ";some;some avg10=;some avg10=nan;some avg10=-1;full avg10=99.00;MemTotal:;MemTotal: -5 "
+        "kB;MemTotal: " +
+        most + " kB;" + std::string("\0\xFF:\0 1", 6);
+    std::istringstream texts(noise);
+    for (std::string text; std::getline(texts, text, ';');) {
         CpuFigures::parse(text, processors);
         DiskFigures::parse(text, disks);
         NetworkFigures::parse(text, interfaces);
@@ -252,10 +241,7 @@ TEST(KernelFigures, CountsProcessors) {
 }
 
 TEST(ChipName, IsWhatPeopleSay) {
-    struct Case {
-        std::string_view name, tidied;
-    };
-    const Case cases[] = {
+    const std::pair<std::string_view, std::string_view> cases[] = {
         {"AMD Ryzen 7 5800X 8-Core Processor             ", "AMD Ryzen 7 5800X"},
         {"AMD Ryzen 7 PRO 7840U w/ Radeon 780M Graphics", "AMD Ryzen 7 PRO 7840U"},
         {"AMD Ryzen 5 3500U with Radeon Vega Mobile Gfx", "AMD Ryzen 5 3500U"},
@@ -276,26 +262,16 @@ TEST(HeatLimits, TellsByTheSensorNearestToItsLimit) {
     const Sandbox sandbox;
     const std::string cpu = "sys/class/hwmon/hwmon1/";
     plant(sandbox, R"(
-        sys/class/hwmon/hwmon0/name = acpitz
-        sys/class/hwmon/hwmon0/temp1_input = 60000
-        sys/class/hwmon/hwmon0/temp1_crit = 120000
-        sys/class/hwmon/hwmon0/temp2_input = 90000
-        sys/class/hwmon/hwmon0/temp2_crit = -273200
-        sys/class/hwmon/hwmon0/temp3_input = 90000
-        sys/class/hwmon/hwmon1/name = k10temp
-        sys/class/hwmon/hwmon1/temp1_input = 50000
-        sys/class/hwmon/hwmon1/temp1_max = 100000
+        sys/class/hwmon/hwmon0/ name=acpitz temp1_input=60000 temp1_crit=120000
+        sys/class/hwmon/hwmon0/ temp2_input=90000 temp2_crit=-273200 temp3_input=90000
+        sys/class/hwmon/hwmon1/ name=k10temp temp1_input=50000 temp1_max=100000
     )");
     HeatLimits limits(sandbox.path("sys"));
-    struct Case {
-        const char* heat;
-        State state;
+    using enum Sensors::ThermalState;
+    const std::pair<const char*, State> cases[] = {
+        {"84999", nominal}, {"85000", fair}, {"95000", serious}, {"100000", critical}, {"-5000", nominal},
     };
-    for (const auto& [heat, state] : {Case{"84999", State::nominal},
-                                      {"85000", State::fair},
-                                      {"95000", State::serious},
-                                      {"100000", State::critical},
-                                      {"-5000", State::nominal}}) {
+    for (const auto& [heat, state] : cases) {
         sandbox.text(cpu + "temp1_input", heat);
         EXPECT_EQ(limits.state(), state) << heat;
     }

@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <string>
+#include <tuple>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -39,40 +40,40 @@ void put(Bytes& bytes, std::size_t offset, Number number) {
 }
 
 TEST_F(MacSensorsTest, GivesTheTicksOfEveryProcessor) {
-    const Sensors::CPUTicks first{1, 2, 3, 4};
-    const Sensors::CPUTicks second{0xFFFFFFFF, 6, 7, 8};
-    machine.load = {2, {1, 2, 3, 4, 0xFFFFFFFF, 6, 7, 8}};
-    EXPECT_THAT(sensors.cpuTicks(), ElementsAre(first, second));
-    for (const MachineCalls::ProcessorLoad& odd :
-         {MachineCalls::ProcessorLoad{0, {1, 2, 3, 4}}, {2, {1, 2, 3, 4, 5, 6, 7}}, {1, {}}}) {
-        machine.load = odd;
-        EXPECT_THAT(sensors.cpuTicks(), IsEmpty());
+    using Load = MachineCalls::ProcessorLoad;
+    const std::vector<Sensors::CPUTicks> both = {{1, 2, 3, 4}, {0xFFFFFFFF, 6, 7, 8}};
+    const std::pair<std::optional<Load>, std::vector<Sensors::CPUTicks>> cases[] = {
+        {Load{2, {1, 2, 3, 4, 0xFFFFFFFF, 6, 7, 8}}, both},
+        {Load{0, {1, 2, 3, 4}}, {}},
+        {Load{2, {1, 2, 3, 4, 5, 6, 7}}, {}},
+        {Load{1, {}}, {}},
+        {std::nullopt, {}}};
+    for (const auto& [load, ticks] : cases) {
+        machine.load = load;
+        EXPECT_EQ(sensors.cpuTicks(), ticks);
     }
-    machine.load.reset();
-    EXPECT_THAT(sensors.cpuTicks(), IsEmpty());
 }
 
 TEST_F(MacSensorsTest, TellsEachFigureOfTheMemoryByItself) {
-    machine.memory = std::int64_t{16} << 30;
-    EXPECT_EQ(sensors.memory(), (Sensors::Memory{{}, std::int64_t{16} << 30, {}, {}}));
+    constexpr std::int64_t gibibyte = std::int64_t{1} << 30;
+    machine.memory = 16 * gibibyte;
+    EXPECT_EQ(sensors.memory(), (Sensors::Memory{.total = 16 * gibibyte}));
 
     machine.pages = {0xFFFFFFFF, 20, 30, 5};
-    Bytes swap(32);
-    put<std::uint64_t>(swap, 0, 1);
-    put<std::uint64_t>(swap, 8, 2);
-    put<std::uint64_t>(swap, 16, std::uint64_t{5} << 32);
-    machine.controls["vm.swapusage"] = swap;
+    Bytes& swap = machine.controls["vm.swapusage"];
+    swap.resize(32, std::byte{1});
+    put(swap, 16, 20 * gibibyte);
     machine.controls["kern.memorystatus_vm_pressure_level"] = bytesOf({"\x04\0\0\0", 4});
-    EXPECT_EQ(sensors.memory(), (Sensors::Memory{(0xFFFFFFFF + std::int64_t{45}) * 16384,
-                                                 std::int64_t{16} << 30, std::int64_t{5} << 32, 4}));
+    EXPECT_EQ(sensors.memory(),
+              (Sensors::Memory{(0xFFFFFFFF + std::int64_t{45}) * 16384, 16 * gibibyte, 20 * gibibyte, 4}));
 
-    machine.controls["vm.swapusage"].resize(23);
+    swap.resize(23);
     machine.controls["kern.memorystatus_vm_pressure_level"].clear();
     EXPECT_EQ(sensors.memory().swap, std::nullopt);
     EXPECT_EQ(sensors.memory().pressure, std::nullopt);
 }
 
-TEST_F(MacSensorsTest, TheBusiestGraphicsDeviceCounts) {
+TEST_F(MacSensorsTest, TheBusiestGraphicsDeviceCountsAndTheFirstTellsItsCores) {
     const char* device = "Device Utilization %";
     const char* activity = "GPU Activity(%)";
     const std::pair<std::vector<Property>, std::optional<double>> cases[] = {
@@ -90,16 +91,13 @@ TEST_F(MacSensorsTest, TheBusiestGraphicsDeviceCounts) {
         }
         EXPECT_EQ(sensors.gpuUsage(), usage);
     }
-    machine.registryAnswers = false;
-    EXPECT_EQ(sensors.gpuUsage(), std::nullopt);
-}
-
-TEST_F(MacSensorsTest, OnlyTheFirstGraphicsDeviceTellsItsCores) {
     EXPECT_EQ(sensors.gpuCores(), std::nullopt);
     machine.registry["AGXAccelerator"] = {{{"gpu-core-count", 19}}, {{"gpu-core-count", 38}}};
     EXPECT_EQ(sensors.gpuCores(), 19);
     machine.registry["AGXAccelerator"].front() = {{"gpu-core-count", "19"}};
     EXPECT_EQ(sensors.gpuCores(), std::nullopt);
+    machine.registryAnswers = false;
+    EXPECT_EQ(sensors.gpuUsage(), std::nullopt);
 }
 
 TEST_F(MacSensorsTest, NamesTheChipWithoutItsMakerAndAsksOnce) {
@@ -201,11 +199,11 @@ TEST_F(MacSensorsTest, PutsTheBatteryTogether) {
     EXPECT_EQ(sensors.battery(), std::nullopt);
 
     machine.sources.push_back(Dictionary{{"Type", "InternalBattery"},
+                                         {"Is Charging", true},
                                          {"Current Capacity", 4030},
                                          {"Max Capacity", 5000},
-                                         {"Is Charging", true},
-                                         {"Power Source State", "Battery Power"},
-                                         {"Time to Empty", 125}});
+                                         {"Time to Empty", 125},
+                                         {"Power Source State", "Battery Power"}});
     machine.sources.push_back(Dictionary{{"Type", "InternalBattery"}, {"Current Capacity", 1}});
     EXPECT_EQ(sensors.battery(), (Sensors::Battery{80, true, false, 125, {}, {}, 96, {}}));
 
@@ -220,24 +218,17 @@ TEST_F(MacSensorsTest, PutsTheBatteryTogether) {
 
 TEST_F(MacSensorsTest, BatteryFiguresThatAreOddOrMissing) {
     const std::int64_t huge = std::int64_t{1} << 62;
-    struct Source {
-        Dictionary says;
-        std::int64_t percent;
-        bool pluggedIn;
-        std::optional<std::int64_t> minutes;
+    const std::pair<Dictionary, Sensors::Battery> sources[] = {
+        {{{"Current Capacity", 73}}, {.percent = 73}},
+        {{{"Current Capacity", 73}, {"Max Capacity", 0}, {"Time to Empty", -1}}, {.percent = 73}},
+        {{{"Max Capacity", 50}, {"Time to Empty", 0}}, {}},
+        {{{"Current Capacity", huge}, {"Time to Empty", 1}}, {.minutesLeft = 1}},
+        {{{"Power Source State", "AC Power"}, {"Time to Empty", 90}}, {.pluggedIn = true}},
     };
-    const Source sources[] = {
-        {{{"Current Capacity", 73}}, 73, false, {}},
-        {{{"Current Capacity", 73}, {"Max Capacity", 0}, {"Time to Empty", -1}}, 73, false, {}},
-        {{{"Max Capacity", 50}, {"Time to Empty", 0}}, 0, false, {}},
-        {{{"Current Capacity", huge}, {"Time to Empty", 1}}, 0, false, 1},
-        {{{"Power Source State", "AC Power"}, {"Time to Empty", 90}}, 0, true, {}},
-    };
-    for (const auto& [says, percent, pluggedIn, minutes] : sources) {
-        Dictionary source = says;
+    for (auto [source, battery] : sources) {
         source["Type"] = "InternalBattery";
         machine.sources = {source};
-        EXPECT_EQ(sensors.battery(), (Sensors::Battery{percent, false, pluggedIn, minutes, {}, {}, {}, {}}));
+        EXPECT_EQ(sensors.battery(), battery);
     }
 
     const Dictionary data{{"NominalChargeCapacity", 40}, {"DesignCapacity", 50}};
@@ -311,10 +302,11 @@ TEST_F(MacSensorsTest, PassesOnSpaceLoadAndHeat) {
     EXPECT_EQ(sensors.loadAverage(), std::nullopt);
     machine.averages = {1.5, 2.5};
     EXPECT_EQ(sensors.loadAverage(), 1.5);
+    using enum Sensors::ThermalState;
     machine.thermal = 2;
-    EXPECT_EQ(sensors.thermalState(), Sensors::ThermalState::serious);
+    EXPECT_EQ(sensors.thermalState(), serious);
     machine.thermal = 9;
-    EXPECT_EQ(sensors.thermalState(), Sensors::ThermalState::critical);
+    EXPECT_EQ(sensors.thermalState(), critical);
 }
 
 }  // namespace

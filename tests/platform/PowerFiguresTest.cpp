@@ -1,12 +1,11 @@
+#include "FixtureTree.h"
 #include "OpenWatch.h"
 #include "platform/linux/PowerFigures.h"
 #include "platform/linux/PowerSupply.h"
 #include "support/Sandbox.h"
 
-#include <algorithm>
 #include <string>
-#include <utility>
-#include <vector>
+#include <tuple>
 
 #include <gmock/gmock.h>
 
@@ -16,51 +15,30 @@ namespace {
 using Accessory = Sensors::Accessory;
 using Battery = Sensors::Battery;
 using ::testing::ElementsAre;
+using testing::plant;
 using testing::Sandbox;
 
-/// Folders by their names, each with its files as "name=content", "~" for a blank in it.
-using Table = std::vector<std::pair<std::string, std::string>>;
+constexpr const char* supplies = "sys/class/power_supply/";
 
-void plant(const Sandbox& sandbox, const Table& table) {
-    for (const auto& [name, attributes] : table) {
-        std::string rest = attributes + " ";
-        while (!rest.empty()) {
-            const std::string pair = rest.substr(0, rest.find(' '));
-            rest.erase(0, pair.size() + 1);
-            const std::size_t equals = pair.find('=');
-            if (equals == std::string::npos) continue;
-            std::string content = pair.substr(equals + 1) + "\n";
-            std::replace(content.begin(), content.end(), '~', ' ');
-            sandbox.text("sys/class/power_supply/" + name + "/" + pair.substr(0, equals), content);
-        }
-    }
-}
-
-std::optional<Battery> battery(const Table& table) {
+std::optional<Battery> battery(const std::string& table) {
     const Sandbox sandbox;
-    plant(sandbox, table);
+    plant(sandbox, table, supplies);
     return PowerFigures::battery(PowerSupply::readAll(sandbox.path("sys"), PowerSupply::Of::machine));
 }
 
 TEST(PowerFigures, ReadsALaptopOnItsBattery) {
-    const auto found = battery({
-        {"AC", "type=Mains online=0"},
-        {"BAT0",
-         "type=Battery present=1 status=Discharging capacity=99 energy_now=30000000 energy_full=40000000 "
-         "energy_full_design=50000000 power_now=10000000 cycle_count=321 temp=314"},
-    });
+    const auto found = battery(
+        "AC/ type=Mains online=0\n"
+        "BAT0/ type=Battery present=1 status=Discharging capacity=99 energy_now=30000000 "
+        "energy_full=40000000 "
+        "energy_full_design=50000000 power_now=10000000 cycle_count=321 temp=314");
     EXPECT_EQ(found,
               (Battery{.percent = 75, .minutesLeft = 180, .cycles = 321, .health = 80, .temperature = 31.4}));
 }
 
 TEST(PowerFigures, AddsBatteriesUp) {
-    struct Case {
-        std::string first, second;
-        std::int64_t percent;
-        std::optional<std::int64_t> minutes;
-    };
     const std::string energy = "energy_now=10000000 energy_full=20000000";
-    const Case cases[] = {
+    const std::tuple<std::string, std::string, std::int64_t, std::optional<std::int64_t>> cases[] = {
         // The idle one drains nothing, and its hours count.
         {energy + " power_now=-15000000", "energy_now=20000000 energy_full=60000000 power_now=0", 37, 120},
         // 2 Ah of 3 at 10 V are 20 Wh of 30.
@@ -85,8 +63,8 @@ TEST(PowerFigures, AddsBatteriesUp) {
          "charge_now=29 charge_full=50 voltage_now=11430000", 58, std::nullopt},
     };
     for (const auto& [first, second, percent, minutes] : cases) {
-        const auto found = battery({{"BAT0", "type=Battery status=Discharging " + first},
-                                    {"BAT1", "type=Battery scope=System " + second}});
+        const auto found = battery("BAT0/ type=Battery status=Discharging " + first +
+                                   "\nBAT1/ type=Battery scope=System " + second);
         ASSERT_TRUE(found) << second;
         EXPECT_EQ(found->percent, percent) << first << " and " << second;
         EXPECT_EQ(found->minutesLeft, minutes) << first << " and " << second;
@@ -115,7 +93,7 @@ TEST(PowerFigures, KnowsThePlug) {
         {"type=Battery capacity=50 status=Not~charging", "Discharging", false, false, std::nullopt},
     };
     for (const auto& [mains, status, charging, pluggedIn, watts] : cases) {
-        const auto found = battery({{"plug", mains}, {"BAT0", "type=Battery capacity=50 status=" + status}});
+        const auto found = battery("plug/ " + mains + "\nBAT0/ type=Battery capacity=50 status=" + status);
         ASSERT_TRUE(found);
         EXPECT_EQ(found->charging, charging) << mains << status;
         EXPECT_EQ(found->pluggedIn, pluggedIn) << mains << status;
@@ -124,29 +102,26 @@ TEST(PowerFigures, KnowsThePlug) {
 }
 
 TEST(PowerFigures, BelievesNoNonsense) {
-    EXPECT_EQ(battery({}), std::nullopt);
-    EXPECT_EQ(battery({{"BAT0", "type=Battery status=Unknown capacity=lots"}}), std::nullopt);
+    EXPECT_EQ(battery(""), std::nullopt);
+    EXPECT_EQ(battery("BAT0/ type=Battery status=Unknown capacity=lots"), std::nullopt);
     // More than full and better than new, a drain of next to nothing, no count of cycles, an impossible heat.
-    EXPECT_EQ(
-        battery(
-            {{"BAT0",
-              "type=Battery energy_now=60 energy_full=50 energy_full_design=40 power_now=-1 cycle_count=0 "
-              "temp=9223372036854775807 voltage_now=99999999999999999999"},
-             {"BAT1", "type=Battery energy_now=9223372036854775807 energy_full=9223372036854775807"}}),
-        (Battery{.percent = 100, .health = 100}));
-    EXPECT_EQ(battery({{"BAT0", "type=Battery energy_now=-5 energy_full=50 capacity=-7"}}), Battery());
+    EXPECT_EQ(battery("BAT0/ type=Battery energy_now=60 energy_full=50 energy_full_design=40 power_now=-1 "
+                      "cycle_count=0 temp=9223372036854775807 voltage_now=99999999999999999999\n"
+                      "BAT1/ type=Battery energy_now=9223372036854775807 energy_full=9223372036854775807"),
+              (Battery{.percent = 100, .health = 100}));
+    EXPECT_EQ(battery("BAT0/ type=Battery energy_now=-5 energy_full=50 capacity=-7"), Battery());
 }
 
 TEST(PowerFigures, DevicesBesideTheMachineAreAccessories) {
     const Sandbox sandbox;
-    plant(sandbox, {
-                       {"BAT0", "type=Battery capacity=50"},
-                       {"hidpp_battery_0", "type=Battery scope=Device capacity_level=Low model_name=Mouse"},
-                       {"hidpp_battery_1", "type=Battery scope=Device capacity=300 model_name=Keyboard\xFF"},
-                       {"hidpp_battery_2", "type=Battery scope=Device capacity_level=Unknown model_name=Pad"},
-                       {"hidpp_battery_3", "type=Battery scope=Device capacity=20 model_name=Mouse"},
-                       {"wacom_battery_0", "type=Battery scope=Device capacity=42"},
-                   });
+    plant(sandbox,
+          "BAT0/ type=Battery capacity=50\n"
+          "hidpp_battery_0/ type=Battery scope=Device capacity_level=Low model_name=Mouse\n"
+          "hidpp_battery_1/ type=Battery scope=Device capacity=300 model_name=Keyboard\xFF\n"
+          "hidpp_battery_2/ type=Battery scope=Device capacity_level=Unknown model_name=Pad\n"
+          "hidpp_battery_3/ type=Battery scope=Device capacity=20 model_name=Mouse\n"
+          "wacom_battery_0/ type=Battery scope=Device capacity=42",
+          supplies);
     const auto read = [&](PowerSupply::Of owner) { return PowerSupply::readAll(sandbox.path("sys"), owner); };
     EXPECT_THAT(PowerFigures::accessories(read(PowerSupply::Of::devices)),
                 ElementsAre(Accessory{"Keyboard\uFFFD", 100}, Accessory{"Mouse", 20},

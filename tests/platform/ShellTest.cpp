@@ -12,6 +12,7 @@
 #include <string>
 #include <sys/wait.h>
 #include <thread>
+#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -29,12 +30,7 @@ CommandResult sh(const std::string& line, std::chrono::duration<double> timeout 
 }
 
 TEST(Shell, TellsHowACommandEnded) {
-    struct Case {
-        std::string line;
-        std::int32_t status;
-        std::string output;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, std::int32_t, std::string> cases[] = {
         {"echo out; echo err >&2; echo out", 0, "out\nerr\nout\n"},
         {"exit 3", 3, ""},
         {"kill -KILL $$", SIGKILL, ""},
@@ -63,12 +59,7 @@ TEST(Shell, WhatCannotStartIsAnAnswerToo) {
 }
 
 TEST(Shell, TheLimitTerminatesTheWholeGroup) {
-    struct Case {
-        std::string line;
-        std::int32_t status;
-        std::string output;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, std::int32_t, std::string> cases[] = {
         {"echo early; exec sleep 60", SIGTERM, "early\n"},
         {"sleep 60 & echo early; wait", SIGTERM, "early\n"},
         {"exec >&- 2>&-; exec sleep 60", SIGTERM, ""},        // closed its output and runs on

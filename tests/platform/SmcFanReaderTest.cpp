@@ -3,7 +3,8 @@
 #include "platform/simulated/SimulatedFanController.h"
 
 #include <algorithm>
-#include <bit>
+#include <array>
+#include <tuple>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,28 +17,27 @@ using ::testing::IsEmpty;
 using Answer = SimulatedFanController::Answer;
 using ModeKey = SimulatedFanController::ModeKey;
 
-// A question for the value of "F0Ac", four bytes of it, as a little-endian machine lays it out.
-constexpr unsigned char question[80] = {
-    'c', 'A', '0', 'F', 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,  // key, version
-    0,   0,   0,   0,   0, 0, 0, 0, 0, 0, 0, 0, 4, 0, 0, 0,  // power limits, size of the value
-    0,   0,   0,   0,   0, 0, 0, 0, 0, 0, 5, 0, 0, 0, 0, 0,  // type, attributes, result, status, command
-    0,   0,   0,   0,   0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,  // value
-    0,   0,   0,   0,   0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
-};
+/// Asks for the value of "F0Ac", four bytes of it, as a little-endian machine lays it out.
+SmcRecord::Bytes question() {
+    SmcRecord::Bytes bytes{};
+    for (const auto& [at, byte] : {std::pair(0, 'c'), {1, 'A'}, {2, '0'}, {3, 'F'}, {28, '\4'}, {42, '\5'}})
+        bytes.at(at) = std::byte(byte);
+    return bytes;
+}
 
 TEST(SmcRecord, StandsAsTheControllerHasIt) {
     SmcRecord record;
     record.key = SmcRecord::packed("F0Ac");
     record.keyInfo.dataSize = 4;
     record.data8 = SmcRecord::readValue;
-    EXPECT_EQ(record.encoded(), std::bit_cast<SmcRecord::Bytes>(question));
+    EXPECT_EQ(record.encoded(), question());
 
     SmcRecord::Bytes answer{};
+    static_assert(answer.size() == 80);
     for (std::size_t at = 0; at < answer.size(); ++at) answer[at] = static_cast<std::byte>(at);
     const SmcRecord decoded = SmcRecord::decoded(answer);
-    EXPECT_EQ(decoded.key, 0x03020100u);
-    EXPECT_EQ(decoded.keyInfo.dataSize, 0x1F1E1D1Cu);
-    EXPECT_EQ(decoded.keyInfo.dataType, 0x23222120u);
+    EXPECT_THAT((std::array{decoded.key, decoded.keyInfo.dataSize, decoded.keyInfo.dataType}),
+                ElementsAre(0x03020100u, 0x1F1E1D1Cu, 0x23222120u));
     EXPECT_EQ(decoded.result, 40);
     EXPECT_EQ(decoded.data8, 42);
     EXPECT_TRUE(std::equal(decoded.bytes.begin(), decoded.bytes.end(), answer.begin() + 48));
@@ -52,8 +52,7 @@ TEST(SmcValue, ReadsTheTypesItKnows) {
         {"ui16", 8071},
         {"ui32", std::nullopt},
         {"FLT ", std::nullopt},
-        {"\xFF\xFE\xFD\xFC", std::nullopt},
-    };
+        {"\xFF\xFE\xFD\xFC", std::nullopt}};
     for (const auto& [type, value] : cases)
         EXPECT_EQ(smcValue(SmcRecord::packed(type), bytes), value) << type;
 }
@@ -64,7 +63,7 @@ TEST(SmcFanReader, AsksForAKeyInTwoRoundTrips) {
     SmcFanReader reader(controller);
     EXPECT_EQ(reader.value("F0Ac"), 1833);
     ASSERT_EQ(controller.inputs.size(), 2u);
-    EXPECT_EQ(controller.inputs.back(), std::bit_cast<SmcRecord::Bytes>(question));
+    EXPECT_EQ(controller.inputs.back(), question());
 
     auto& key = controller.keys["F0Ac"];
     for (Answer* step : {&key.reading, &key.information}) {
@@ -97,21 +96,12 @@ TEST(SmcFanReader, ClosesWhatItOpened) {
 }
 
 TEST(SmcFanReader, BelievesTheNumberOfFansWithinReason) {
-    struct Case {
-        std::optional<SimulatedFanController::Key> told;
-        int fans;
-        std::int64_t count;
-    };
-    const Case cases[] = {
-        {SimulatedFanController::byteKey(2), 0, 2},  // believed, whether they answer or not
-        {SimulatedFanController::byteKey(7), 1, 7},
-        {SimulatedFanController::byteKey(8), 1, 1},
-        {SimulatedFanController::byteKey(0), 3, 3},
-        {SimulatedFanController::floatKey(2.9F), 1, 2},
-        {SimulatedFanController::floatKey(-1), 1, 1},
-        {std::nullopt, 12, 8},
-        {std::nullopt, 0, 0},
-    };
+    const auto byte = SimulatedFanController::byteKey;
+    const auto real = SimulatedFanController::floatKey;
+    // The number that is told, the fans that answer, and how many are believed in.
+    const std::tuple<std::optional<SimulatedFanController::Key>, int, std::int64_t> cases[] = {
+        {byte(2), 0, 2},    {byte(7), 1, 7},  {byte(8), 1, 1},       {byte(0), 3, 3},
+        {real(2.9F), 1, 2}, {real(-1), 1, 1}, {std::nullopt, 12, 8}, {std::nullopt, 0, 0}};
     for (const auto& [told, fans, count] : cases) {
         SimulatedFanController controller;
         for (int fan = 0; fan < fans; ++fan) controller.addFan(fan, 1000, 900, 2000);

@@ -67,15 +67,9 @@ class SystemBusTest : public ::testing::Test {
     }
     void battery(const std::string& online) const {
         testing::plant(sandbox, R"(
-            sys/class/power_supply/BAT0/type = Battery
-            sys/class/power_supply/BAT0/energy_now = 30
-            sys/class/power_supply/BAT0/energy_full = 40
-            sys/class/power_supply/BAT0/power_now = 10
-            sys/class/power_supply/AC/type = Mains
-            sys/class/power_supply/hidpp_battery_0/type = Battery
-            sys/class/power_supply/hidpp_battery_0/scope = Device
-            sys/class/power_supply/hidpp_battery_0/model_name = Kernel's mouse
-            sys/class/power_supply/hidpp_battery_0/capacity = 40
+            sys/class/power_supply/BAT0/ type=Battery energy_now=30 energy_full=40 power_now=10
+            sys/class/power_supply/AC/ type=Mains
+            sys/class/power_supply/hidpp_battery_0/ type=Battery scope=Device model_name=Kernel's~mouse capacity=40
         )");
         sandbox.text("sys/class/power_supply/AC/online", online);
     }

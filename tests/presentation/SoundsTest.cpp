@@ -1,5 +1,6 @@
 #include "core/Preferences.h"
 #include "platform/QtSoundPlayer.h"
+#include "presentation/MotionPause.h"
 #include "presentation/Shockwave.h"
 #include "presentation/Sounds.h"
 #include "support/FakeSoundPlayer.h"
@@ -7,6 +8,7 @@
 #include "support/Sandbox.h"
 
 #include <QElapsedTimer>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -45,6 +47,20 @@ TEST(Sounds, TheWaveRunsWithOrWithoutItsSound) {
     EXPECT_EQ(player.lasted, 1.7);
     EXPECT_EQ(starts, 2);
     EXPECT_EQ(strengths, 1);
+}
+
+TEST(MotionPause, RestsForEitherReasonAndTellsOnlyChanges) {
+    MotionPause pause;
+    std::string told;
+    QObject::connect(&pause, &MotionPause::scrollingChanged, [&] { told += 's'; });
+    QObject::connect(&pause, &MotionPause::hiddenChanged, [&] { told += 'h'; });
+    QObject::connect(&pause, &MotionPause::pausedChanged, [&] { told += pause.paused() ? 'P' : 'R'; });
+    for (const bool hidden : {true, true, false}) {
+        pause.setHidden(hidden);
+        pause.setScrolling(true);
+    }
+    pause.setScrolling(false);
+    EXPECT_EQ(told, "hPshsR");
 }
 
 TEST(QtSoundPlayer, NeitherWaitsNorComplainsWhateverTheMachineHas) {

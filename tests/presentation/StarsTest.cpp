@@ -2,8 +2,8 @@
 #include "presentation/ShootingStar.h"
 #include "presentation/Stars.h"
 
-#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -33,8 +33,7 @@ TEST(LiveStarfield, StarsGlideAndComeBackUnseen) {
             ASSERT_TRUE(now.x >= -10 && now.x <= view.width + 10) << now.x;
             ASSERT_TRUE(now.y >= -10 && now.y <= view.height + 10) << now.y;
             ASSERT_TRUE(now.opacity > 0 && now.opacity <= star.alpha) << now.opacity;
-            const bool wrapped = std::abs(now.x - before.x) > 1;
-            if (wrapped) {
+            if (std::abs(now.x - before.x) > 1) {
                 ++wraps;
                 ASSERT_GT(std::abs(before.x - view.width / 2), view.width / 2 + 9);  // in the margin
             }
@@ -45,15 +44,14 @@ TEST(LiveStarfield, StarsGlideAndComeBackUnseen) {
 }
 
 TEST(ShootingStar, CrossesTheViewOnceAPeriodOnAPathOfItsOwn) {
-    double lastStart = -1;
+    double before = -1;
     for (int period = 0; period < 60; ++period) {
         const double start = period * shootingStarPeriod;
         EXPECT_FALSE(shootingStar(view, start - 0.01)) << period;
         EXPECT_FALSE(shootingStar(view, start + shootingStarDuration + 0.001)) << period;
         const auto first = shootingStar(view, start + 1e-6);
         ASSERT_TRUE(first) << period;
-        EXPECT_NE(first->headX, lastStart);
-        lastStart = first->headX;
+        EXPECT_NE(std::exchange(before, first->headX), first->headX);
 
         double height = first->headY;
         for (double age = 0.05; age < shootingStarDuration; age += 0.05) {

@@ -16,15 +16,11 @@ TEST(Whoomp, IsTheSameSoundEveryTime) {
     EXPECT_EQ(samples.front(), 0.0F);
 
     // Reckoned apart from this program, from the same recipe.
-    struct Row {
-        std::size_t frame;
-        double sample;
-    };
-    constexpr Row rows[] = {{4'410, 0.0015932892621620797}, {13'230, -0.0008017042969491285},
-                            {26'460, 0.006528801586821716}, {35'280, -0.005929492325671761},
-                            {44'100, 0.003046891031869346}, {66'150, 0.001221281598375716},
-                            {74'969, -0.001194360857956142}};
-    for (const Row& row : rows) EXPECT_NEAR(samples[row.frame], row.sample, 1e-8) << row.frame;
+    constexpr std::pair<std::size_t, double> rows[] = {
+        {4'410, 0.0015932892621620797},  {13'230, -0.0008017042969491285}, {26'460, 0.006528801586821716},
+        {35'280, -0.005929492325671761}, {44'100, 0.003046891031869346},   {66'150, 0.001221281598375716},
+        {74'969, -0.001194360857956142}};
+    for (const auto& [frame, sample] : rows) EXPECT_NEAR(samples[frame], sample, 1e-8) << frame;
     const double energy = std::inner_product(samples.begin(), samples.end(), samples.begin(), 0.0);
     EXPECT_NEAR(energy, 1.2703607904920835, 1e-6);
 }

@@ -24,10 +24,10 @@ using testing::Sandbox;
 /// Plants a chip as /sys has it: its device, and a link to that under a number that says nothing. Gives the
 /// chip's folder, relative to the root.
 std::string chip(const Sandbox& sys, const std::string& device, const std::string& entry,
-                 const std::string& values) {
-    const std::string folder = "devices/" + device + "/hwmon/" + entry + "/";
-    plant(sys, folder + " " + values + "\n" + folder + "device -> ../..\nclass/hwmon/" + entry +
-                   " -> ../../" + folder);
+                 const std::string& name, const std::string& values) {
+    std::string folder = "devices/" + device + "/hwmon/" + entry + "/";
+    plant(sys, folder + " name=" + name + " " + values + "\n" + folder + "device -> ../..\nclass/hwmon/" +
+                   entry + " -> ../../" + folder);
     return folder;
 }
 
@@ -58,7 +58,7 @@ TEST(HwmonTemperatures, KnowsChipsByNameAndSensorsByLabel) {
     };
     for (const auto& [name, values, expected] : cases) {
         const Sandbox sys;
-        chip(sys, "some", "hwmon3", "name=" + name + " " + values);
+        chip(sys, "some", "hwmon3", name, values);
         EXPECT_EQ(HwmonTemperatures(sys.root()).read(), expected) << name;
     }
     EXPECT_EQ(HwmonTemperatures(Sandbox().root()).read(), Temperatures());
@@ -67,7 +67,7 @@ TEST(HwmonTemperatures, KnowsChipsByNameAndSensorsByLabel) {
 TEST(HwmonTemperatures, PrefersTheProcessorsOwnSensors) {
     const Sandbox sys;
     const auto cpu = [&sys] { return HwmonTemperatures(sys.root()).read().cpu; };
-    chip(sys, "board", "hwmon0", "name=acpitz temp1_input=20000");
+    chip(sys, "board", "hwmon0", "acpitz", "temp1_input=20000");
     EXPECT_EQ(cpu(), 20.0);
     const std::pair<const char*, double> zones[] = {
         {"0/ type=acpitz temp=20000\n1/ type=soc-thermal temp=30000", 30.0},
@@ -79,15 +79,15 @@ TEST(HwmonTemperatures, PrefersTheProcessorsOwnSensors) {
         plant(sys, zone, "class/thermal/thermal_zone");
         EXPECT_EQ(cpu(), expected) << zone;
     }
-    chip(sys, "processor", "hwmon1", "name=k10temp temp1_label=Tctl temp1_input=50000");
-    chip(sys, "other", "hwmon2", "name=k10temp temp1_label=Tctl temp1_input=60000");
+    chip(sys, "processor", "hwmon1", "k10temp", "temp1_label=Tctl temp1_input=50000");
+    chip(sys, "other", "hwmon2", "k10temp", "temp1_label=Tctl temp1_input=60000");
     EXPECT_EQ(cpu(), 55.0);
 }
 
 TEST(Hwmon, ASleepingDeviceIsLeftAsleep) {
     const Sandbox sys;
     const std::string folder =
-        chip(sys, "card", "hwmon2", "name=amdgpu temp1_label=edge temp1_input=55000 fan1_input=1000");
+        chip(sys, "card", "hwmon2", "amdgpu", "temp1_label=edge temp1_input=55000 fan1_input=1000");
     const auto state = [&sys](const std::string& value) {
         plant(sys, "devices/card/power/ runtime_status=" + value);
     };
@@ -111,14 +111,14 @@ TEST(Hwmon, ASleepingDeviceIsLeftAsleep) {
 
 TEST(HwmonTemperatures, LooksAgainForALostSensorButRarely) {
     const Sandbox sys;
-    chip(sys, "processor", "hwmon1", "name=k10temp temp1_input=50000");
+    chip(sys, "processor", "hwmon1", "k10temp", "temp1_input=50000");
     HwmonTemperatures reader(sys.root());
 
     // The driver was loaded anew: its files have other names, and the open ones answer no longer.
     const auto move = [&sys](const std::string& from, const std::string& to) {
         sys.text("devices/processor/hwmon/" + from + "/temp1_input", "\n");
         fs::remove_all(sys.path("class/hwmon/" + from));
-        chip(sys, "processor", to, "name=k10temp temp1_input=60000");
+        chip(sys, "processor", to, "k10temp", "temp1_input=60000");
     };
     move("hwmon1", "hwmon4");
     EXPECT_EQ(reader.read().cpu, std::nullopt);
@@ -133,9 +133,9 @@ TEST(HwmonTemperatures, LooksAgainForALostSensorButRarely) {
 
 TEST(HwmonFans, TurningOnesOfTheBoardComeFirst) {
     const Sandbox sys;
-    const std::string card = chip(sys, "pci0000:00/a", "hwmon1", "name=amdgpu fan1_input=800 fan2_input=0");
-    chip(sys, "platform/z", "hwmon0",
-         "name=nct6775 fan1_input=0 fan10_input=900 fan2_input=1200 fan2_max=3000 fan3_input=");
+    const std::string card = chip(sys, "pci0000:00/a", "hwmon1", "amdgpu", "fan1_input=800 fan2_input=0");
+    chip(sys, "platform/z", "hwmon0", "nct6775",
+         "fan1_input=0 fan10_input=900 fan2_input=1200 fan2_max=3000 fan3_input=");
     HwmonFans fans(sys.root());
     EXPECT_THAT(fans.read(), ElementsAre(Fan{1200, 3000}, Fan{900, 0}, Fan{800, 0}, Fan{0, 0}, Fan{0, 0}));
     plant(sys, card + " fan1_input=0 fan2_input=700");  // they keep their places
@@ -147,13 +147,13 @@ TEST(HwmonFans, TurningOnesOfTheBoardComeFirst) {
 
 TEST(HwmonFans, AreControllableWhenEachHasAll) {
     const std::pair<std::string, bool> steps[] = {
-        {"pwm1=9", false},       {"fan1_input=", false},  {"pwm1_enable=2", true},
-        {"fan1_min=300", true},  {"fan1_max=300", false}, {"fan1_max=301", true},
-        {"fan2_input=1", false}, {"pwm2=9", false},       {"pwm2_enable=2", true}};
+        {"pwm1 = 9", false},       {"fan1_input = ", false},  {"pwm1_enable = 2", true},
+        {"fan1_min = 300", true},  {"fan1_max = 300", false}, {"fan1_max = 301", true},
+        {"fan2_input = 1", false}, {"pwm2 = 9", false},       {"pwm2_enable = 2", true}};
     const Sandbox sys;
-    const std::string folder = chip(sys, "board", "hwmon0", "name=it87");
+    const std::string folder = chip(sys, "board", "hwmon0", "it87", "");
     for (const auto& [file, controllable] : steps) {
-        plant(sys, folder + " " + file);
+        plant(sys, file, folder);
         EXPECT_EQ(HwmonFans(sys.root()).isControllable(), controllable) << file;
     }
 }

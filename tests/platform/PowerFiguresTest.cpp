@@ -20,9 +20,10 @@ using testing::Sandbox;
 
 constexpr const char* supplies = "sys/class/power_supply/";
 
-std::optional<Battery> battery(const std::string& table) {
+std::optional<Battery> battery(const std::string& table, const std::string& more = "") {
     const Sandbox sandbox;
     plant(sandbox, table, supplies);
+    plant(sandbox, more, supplies);
     return PowerFigures::battery(PowerSupply::readAll(sandbox.path("sys"), PowerSupply::Of::machine));
 }
 
@@ -63,8 +64,8 @@ TEST(PowerFigures, AddsBatteriesUp) {
          "charge_now=29 charge_full=50 voltage_now=11430000", 58, std::nullopt},
     };
     for (const auto& [first, second, percent, minutes] : cases) {
-        const auto found = battery("BAT0/ type=Battery status=Discharging " + first +
-                                   "\nBAT1/ type=Battery scope=System " + second);
+        const auto found = battery("BAT0/ type=Battery status=Discharging " + first,
+                                   "BAT1/ type=Battery scope=System " + second);
         ASSERT_TRUE(found) << second;
         EXPECT_EQ(found->percent, percent) << first << " and " << second;
         EXPECT_EQ(found->minutesLeft, minutes) << first << " and " << second;
@@ -93,7 +94,7 @@ TEST(PowerFigures, KnowsThePlug) {
         {"type=Battery capacity=50 status=Not~charging", "Discharging", false, false, std::nullopt},
     };
     for (const auto& [mains, status, charging, pluggedIn, watts] : cases) {
-        const auto found = battery("plug/ " + mains + "\nBAT0/ type=Battery capacity=50 status=" + status);
+        const auto found = battery("plug/ " + mains, "BAT0/ type=Battery capacity=50 status=" + status);
         ASSERT_TRUE(found);
         EXPECT_EQ(found->charging, charging) << mains << status;
         EXPECT_EQ(found->pluggedIn, pluggedIn) << mains << status;

@@ -20,7 +20,8 @@ using ModeKey = SimulatedFanController::ModeKey;
 /// Asks for the value of "F0Ac", four bytes of it, as a little-endian machine lays it out.
 SmcRecord::Bytes question() {
     SmcRecord::Bytes bytes{};
-    for (const auto& [at, byte] : {std::pair(0, 'c'), {1, 'A'}, {2, '0'}, {3, 'F'}, {28, '\4'}, {42, '\5'}})
+    for (const auto& [at, byte] :
+         {std::pair<std::size_t, char>(0, 'c'), {1, 'A'}, {2, '0'}, {3, 'F'}, {28, '\4'}, {42, '\5'}})
         bytes.at(at) = std::byte(byte);
     return bytes;
 }

@@ -54,7 +54,8 @@ TEST_F(Language, IsTheFirstThatIsAskedForAndHasACatalogue) {
          "de",
          {"scan"},
          {"Paketverwaltungen · 2 Objekte · ", " Objekte in 3 Kategorien · ", "Download-Cache von npm",
-          "[Prüfen] Caches und Bauergebnisse von Bazel", "Code · Protokolle", "Caches von Entwicklerwerkzeugen"}},
+          "[Prüfen] Caches und Bauergebnisse von Bazel", "Code · Protokolle",
+          "Caches von Entwicklerwerkzeugen"}},
     };
     for (const auto& row : rows) {
         for (const char* folder : row.files) box.file(fs::path("home") / folder / "blob", big);

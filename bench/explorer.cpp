@@ -81,6 +81,8 @@ class NoRemoval final : public CleanRunner {
         return promise->future();
     }
     QFuture<std::int64_t> emptyTrash() override { return {}; }
+    QFuture<Runs> findTrashed(std::vector<History::Entry> /*entries*/) override { return {}; }
+    QFuture<RestoreReport> restore(std::vector<Restorer::Item> /*items*/) override { return {}; }
 };
 
 double heapBytes() {

@@ -18,7 +18,6 @@ namespace {
 
 using Path = std::filesystem::path;
 using Items = std::vector<CleanItem>;
-using SpecialScanners::leastSize;
 
 /// The text of a row's path as one path; a pattern stays one.
 Path resolve(std::string_view path, const JunkScanner::Context& context) {

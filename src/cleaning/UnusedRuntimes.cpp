@@ -64,7 +64,7 @@ std::optional<Deployments> deployments(const Path& kind) {
                 if (!Files::isLink(active)) continue;  // left over from one that was removed
                 auto keys = readKeys(active / "metadata");
                 if (!keys) return std::nullopt;
-                all.emplace(name + "/" + arch + "/" + branch, std::move(*keys));
+                all.emplace((Path(name) / arch / branch).native(), std::move(*keys));
             }
         }
     }

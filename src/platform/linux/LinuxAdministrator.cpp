@@ -48,7 +48,7 @@ std::string lastLine(std::string_view output) {
     while (!output.empty()) {
         const std::size_t end = output.find_last_of("\r\n");
         const std::size_t begin = end == std::string_view::npos ? 0 : end + 1;
-        const std::string line = plain(std::string(output.substr(begin)));
+        std::string line = plain(std::string(output.substr(begin)));
         if (!line.empty() && !isWarningOfALibrary(line)) return line;
         output = output.substr(0, begin == 0 ? 0 : end);
     }

@@ -46,10 +46,12 @@ std::vector<WebCachePlaces> webCachePlaces() {
                                 ".var/app/*/config/BraveSoftware", "snap/*/*/.config", "snap/*/common"}) {
         places.push_back({.folders = folders,
                           .skippedPrefix = {},
-                          .skipped = {std::begin(editorNames), std::end(editorNames)},
+                          .skipped = {},
                           .caches = {std::begin(linuxWebCaches), std::end(linuxWebCaches)},
                           .parts = {"", "Default", "Profile *", "Partitions/*"}});
     }
+    // Those of editors outside of a sandbox have rows.
+    places.front().skipped = {std::begin(editorNames), std::end(editorNames)};
     return places;
 }
 

@@ -22,8 +22,8 @@ class HistoryModel final : public QAbstractListModel {
     Q_PROPERTY(bool restoring READ isRestoring NOTIFY restoringChanged)
 
   public:
-    /// `waiting` is how many things of the run are in the Trash; `note` what became of the others, or of
-    /// those that were put back.
+    /// `waiting` is how many things of the run are in the Trash; `note` says that the others were deleted,
+    /// or how many were put back.
     enum class Role { date = Qt::UserRole, action, countText, size, paths, waiting, note };
 
     /// `runner` is borrowed.

@@ -18,7 +18,7 @@ namespace tavrel::InUse {
 /// Puts what is safe and in use up for review; its note says so.
 void mark(std::vector<CleanItem>& items, const RunningApplications& running);
 
-/// What a person is told who wants to remove it all the same.
+/// The reason that a removal of such an item is refused with.
 [[nodiscard]] std::string refusal();
 
 }  // namespace tavrel::InUse

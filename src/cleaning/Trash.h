@@ -41,8 +41,8 @@ class Trash {
 
     [[nodiscard]] virtual Expected<Trashed> trash(const Removal::Target& target) = 0;
 
-    /// What is told of the entry at `place`. Refused unless that is in a Trash of this user, reached through
-    /// no link, and noted there in a way that makes sense.
+    /// Reads the note on the entry at `place`. Refused unless that is in a Trash of this user, reached
+    /// through no link, and noted there in a way that makes sense.
     [[nodiscard]] virtual Expected<Entry> entry(const Path& place) const = 0;
     /// All that the Trash whose things lie in the folder `contents` has notes on; nothing where a Trash keeps
     /// none.

@@ -99,7 +99,7 @@ TEST(SmcFanReader, ClosesWhatItOpened) {
 TEST(SmcFanReader, BelievesTheNumberOfFansWithinReason) {
     const auto byte = SimulatedFanController::byteKey;
     const auto real = SimulatedFanController::floatKey;
-    // The number that is told, the fans that answer, and how many are believed in.
+    // The count that the controller reports, the fans that answer, and the fans that are shown.
     const std::tuple<std::optional<SimulatedFanController::Key>, int, std::int64_t> cases[] = {
         {byte(2), 0, 2},    {byte(7), 1, 7},  {byte(8), 1, 1},       {byte(0), 3, 3},
         {real(2.9F), 1, 2}, {real(-1), 1, 1}, {std::nullopt, 12, 8}, {std::nullopt, 0, 0}};

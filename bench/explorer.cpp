@@ -1,12 +1,12 @@
 // Opens one folder in the explorer, without a window, until all of it is measured, or removes every second
 // thing of it from there; prints what that took as JSON.
-#include "cleaning/CleanRunner.h"
-#include "core/Preferences.h"
 #include "core/UserDefaults.h"
-#include "disk/AnalyzeModel.h"
-#include "disk/AnalyzeRows.h"
-#include "disk/BackgroundDiskWork.h"
-#include "disk/SizeService.h"
+#include "models/analyze/AnalyzeModel.h"
+#include "models/analyze/AnalyzeRows.h"
+#include "models/analyze/BackgroundDiskWork.h"
+#include "models/analyze/SizeService.h"
+#include "models/clean/CleanRunner.h"
+#include "models/program/Preferences.h"
 #include "profiles/Profile.h"
 
 #include <QCoreApplication>

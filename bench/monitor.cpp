@@ -1,9 +1,9 @@
 // What the monitor costs this machine while no view of it is drawn; prints JSON, times in milliseconds of
 // CPU.
-#include "monitoring/Monitor.h"
+#include "models/status/Monitor.h"
 
-#include "core/Clock.h"
 #include "engine/Machine.h"
+#include "models/support/Clock.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

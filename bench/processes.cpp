@@ -1,6 +1,6 @@
 // What one look at the processes costs, in time of the processor: over 400 processes as plain files, and over
 // those of this machine.
-#include "platform/linux/ProcProcesses.h"
+#include "platform/linux/processes/ProcProcesses.h"
 
 #include <algorithm>
 #include <cstdlib>

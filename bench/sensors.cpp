@@ -1,4 +1,4 @@
-#include "platform/linux/LinuxSensors.h"
+#include "platform/linux/figures/LinuxSensors.h"
 
 #include <cstdlib>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "app/Graphics.h"
 #include "app/Launch.h"
 #include "app/Program.h"
-#include "cleaning/ReviewRows.h"
+#include "models/clean/ReviewRows.h"
 #include "sample/SampleMac.h"
 #include "support/Sandbox.h"
 

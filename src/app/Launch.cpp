@@ -5,9 +5,9 @@
 #include "app/ReducedMotion.h"
 #include "app/SingleInstance.h"
 #include "app/TrayHost.h"
-#include "core/AppDelegate.h"
 #include "core/Identity.h"
 #include "engine/Language.h"
+#include "models/program/AppDelegate.h"
 
 #include <QFont>
 #include <QIcon>

@@ -1,7 +1,7 @@
 #include "app/MainWindow.h"
 
 #include "app/Translations.h"
-#include "core/AppState.h"
+#include "models/program/AppState.h"
 
 #include <QQuickWindow>
 #include <QUrl>

@@ -1,11 +1,11 @@
 #include "app/Program.h"
 
 #include "platform/FolderAccess.h"
-#include "platform/QtSoundPlayer.h"
-#include "platform/linux/DesktopEntries.h"
-#include "platform/linux/LinuxLaunchAtLogin.h"
-#include "platform/linux/LinuxRunningApplications.h"
-#include "platform/linux/ThemeIconSource.h"
+#include "platform/desktop/QtSoundPlayer.h"
+#include "platform/desktop/ThemeIconSource.h"
+#include "platform/linux/desktop/DesktopEntries.h"
+#include "platform/linux/desktop/LinuxLaunchAtLogin.h"
+#include "platform/linux/processes/LinuxRunningApplications.h"
 
 #include <QCoreApplication>
 #include <QFile>

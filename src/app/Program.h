@@ -1,16 +1,16 @@
 #pragma once
 
 #include "app/MainWindow.h"
-#include "cleaning/BackgroundCleaner.h"
-#include "core/AppState.h"
 #include "core/UserDefaults.h"
 #include "engine/Machine.h"
 #include "engine/SystemTools.h"
-#include "monitoring/Monitor.h"
-#include "platform/IconSource.h"
-#include "platform/SoundPlayer.h"
-#include "presentation/FileIcons.h"
-#include "presentation/Sounds.h"
+#include "models/clean/BackgroundCleaner.h"
+#include "models/program/AppState.h"
+#include "models/show/FileIcons.h"
+#include "models/show/Sounds.h"
+#include "models/status/Monitor.h"
+#include "platform/desktop/IconSource.h"
+#include "platform/desktop/SoundPlayer.h"
 #include "profiles/Profile.h"
 
 #include <memory>

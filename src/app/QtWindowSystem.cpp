@@ -1,6 +1,6 @@
 #include "app/QtWindowSystem.h"
 
-#include "core/AppDelegate.h"
+#include "models/program/AppDelegate.h"
 
 #include <QEvent>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/WindowSystem.h"
+#include "models/program/WindowSystem.h"
 
 #include <QObject>
 #include <QPointer>

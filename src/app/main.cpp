@@ -4,7 +4,7 @@
 #include "app/SessionBus.h"
 #include "app/SingleInstance.h"
 #include "engine/ThisUser.h"
-#include "platform/linux/LinuxLaunchAtLogin.h"
+#include "platform/linux/desktop/LinuxLaunchAtLogin.h"
 
 #include <QStringList>
 

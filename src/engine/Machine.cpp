@@ -1,9 +1,9 @@
 #include "engine/Machine.h"
 
-#include "platform/linux/HwmonFans.h"
-#include "platform/linux/HwmonTemperatures.h"
-#include "platform/linux/LinuxSensors.h"
-#include "platform/linux/ProcProcesses.h"
+#include "platform/linux/figures/LinuxSensors.h"
+#include "platform/linux/hwmon/HwmonFans.h"
+#include "platform/linux/hwmon/HwmonTemperatures.h"
+#include "platform/linux/processes/ProcProcesses.h"
 
 namespace tavrel {
 

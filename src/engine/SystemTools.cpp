@@ -4,7 +4,7 @@
 #include "cleaning/FreedesktopTrash.h"
 #include "platform/FolderAccess.h"
 #include "platform/linux/LinuxAdministrator.h"
-#include "platform/linux/LinuxRunningApplications.h"
+#include "platform/linux/processes/LinuxRunningApplications.h"
 #include "platform/macos/AppleScriptAdministrator.h"
 #include "platform/macos/BundleNames.h"
 #include "platform/posix/NoCommands.h"

@@ -1,7 +1,7 @@
 #include "app/QtWindowSystem.h"
-#include "core/AppDelegate.h"
 #include "core/UserDefaults.h"
-#include "platform/linux/LinuxLaunchAtLogin.h"
+#include "models/program/AppDelegate.h"
+#include "platform/linux/desktop/LinuxLaunchAtLogin.h"
 #include "support/Sandbox.h"
 
 #include <QCloseEvent>

@@ -1,7 +1,7 @@
 #include "cleaning/Cleaner.h"
 #include "cleaning/History.h"
 #include "cleaning/Stage.h"
-#include "platform/linux/LinuxFolderAccess.h"
+#include "platform/linux/files/LinuxFolderAccess.h"
 #include "support/FakeAdministrator.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cleaning/BackgroundCleaner.h"
 #include "cleaning/Stage.h"
+#include "models/clean/BackgroundCleaner.h"
 #include "platform/FolderAccess.h"
 #include "support/FakeAdministrator.h"
 

@@ -1,6 +1,6 @@
 #include "cleaning/Restorer.h"
 #include "cleaning/Stage.h"
-#include "platform/linux/LinuxFolderAccess.h"
+#include "platform/linux/files/LinuxFolderAccess.h"
 #include "support/Isolation.h"
 
 #include <cstdlib>

@@ -2,7 +2,7 @@
 
 #include "cleaning/FlatTrash.h"
 #include "cleaning/FreedesktopTrash.h"
-#include "platform/linux/LinuxFolderAccess.h"
+#include "platform/linux/files/LinuxFolderAccess.h"
 
 #include <cerrno>
 #include <stdexcept>

@@ -2,7 +2,7 @@
 #include "cleaning/Stage.h"
 #include "cleaning/Trash.h"
 #include "cleaning/TrashNames.h"
-#include "platform/linux/LinuxFolderAccess.h"
+#include "platform/linux/files/LinuxFolderAccess.h"
 #include "support/Isolation.h"
 
 #include <filesystem>

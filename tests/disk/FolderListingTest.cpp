@@ -1,13 +1,7 @@
-#include "disk/AnalyzeOrder.h"
-#include "disk/ExplorerPlaces.h"
 #include "disk/FileCount.h"
 #include "disk/FolderListing.h"
 #include "disk/FolderPath.h"
-#include "disk/RowOrder.h"
 #include "support/Sandbox.h"
-
-#include <algorithm>
-#include <random>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -40,30 +34,6 @@ TEST(FolderListing, HoldsEverythingButLinksByName) {
     EXPECT_EQ(listing.paths->front(), sandbox.path(".hidden"));
     EXPECT_THAT(FolderListing::of(sandbox.path("absent"), {}).all, IsEmpty());
     EXPECT_THAT(FolderListing::of(sandbox.path("not.app"), {}).all, IsEmpty());
-}
-
-TEST(AnalyzeOrder, WhatIsNotMeasuredStandsWhereAHundredMebibytesWould) {
-    constexpr std::int64_t mebibyte = 1024LL * 1024;
-    // Ids in the order of names; sizes in the order that is wanted.
-    const std::vector<AnalyzeOrder::Key> wanted = {
-        {200 * mebibyte, 9},
-        {100 * mebibyte, 7},
-        {100 * mebibyte, 8},
-        {std::nullopt, 2},
-        {std::nullopt, 5},
-        {100 * mebibyte - 1, 0},
-        {50 * mebibyte, 1},
-        {0, 3},
-        {0, 4},
-    };
-    std::vector<AnalyzeOrder::Key> keys = wanted;
-    std::mt19937 random(3);
-    for (int round = 0; round < 50; ++round) {
-        std::shuffle(keys.begin(), keys.end(), random);
-        std::vector<std::uint32_t> ids;
-        for (const auto at : AnalyzeOrder::sorted(keys)) ids.push_back(keys[at].id);
-        ASSERT_THAT(ids, ElementsAre(9, 7, 8, 2, 5, 0, 1, 3, 4));
-    }
 }
 
 TEST(FolderPath, LeadsOverTheHomeOrFromTheRoot) {
@@ -112,31 +82,6 @@ TEST(FolderPath, StepsInBesideBackAndUp) {
     EXPECT_TRUE(path.cutTo(0));
     EXPECT_FALSE(path.goBack());
     EXPECT_THAT(path.stack(), ElementsAre("/"));
-}
-
-TEST(ExplorerPlaces, AreTheFoldersThatExistAndWhatIsMounted) {
-    using ExplorerPlaces::Found;
-    const Sandbox sandbox;
-    sandbox.folder("home/Music");
-    sandbox.folder("media/ana/no volume");
-    const Places places(sandbox.root(), sandbox.path("home"), {});
-    const std::vector<ExplorerPlace> offered = {{"~/Music", "", "music.note"}, {"~/Films", "", "film.fill"}};
-    EXPECT_THAT(ExplorerPlaces::folders(places, offered),
-                ElementsAre(Found{sandbox.path("home/Music"), "Music", "music.note"}));
-    const std::vector<std::string_view> parents = {"/media", "/media/*", "/none"};
-    EXPECT_THAT(ExplorerPlaces::volumes(places, parents), IsEmpty());
-#ifdef __linux__
-    const std::vector<std::string_view> root = {"/"};
-    EXPECT_THAT(ExplorerPlaces::volumes(Places("/", "/root", {}), root),
-                Contains(Field(&Found::path, "/proc")));
-#endif
-}
-
-TEST(RowOrder, MovesAsFewAsPossible) {
-    EXPECT_THAT(RowOrder::movers({0, 1, 2, 3}, {0, 1, 2, 3}, 4), IsEmpty());
-    EXPECT_THAT(RowOrder::movers({0, 1, 2, 3, 4}, {4, 0, 1, 2, 3}, 5), ElementsAre(4));
-    EXPECT_THAT(RowOrder::movers({0, 1, 2, 3, 4}, {1, 2, 0, 4, 3}, 5).size(), 2U);
-    EXPECT_THAT(RowOrder::movers({5, 2, 7}, {7, 2, 5}, 8).size(), 2U);
 }
 
 TEST(FileCount, IsShortAndRounded) {

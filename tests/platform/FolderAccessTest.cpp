@@ -1,5 +1,5 @@
 #include "platform/FolderAccess.h"
-#include "platform/linux/LinuxFolderAccess.h"
+#include "platform/linux/files/LinuxFolderAccess.h"
 #include "support/Isolation.h"
 #include "support/Sandbox.h"
 

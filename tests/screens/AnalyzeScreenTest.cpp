@@ -1,5 +1,5 @@
 #include "core/Files.h"
-#include "disk/AnalyzeRows.h"
+#include "models/analyze/AnalyzeRows.h"
 #include "screens/Stage.h"
 
 #include <QKeyEvent>

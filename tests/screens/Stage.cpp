@@ -1,7 +1,7 @@
 #include "screens/Stage.h"
 
-#include "platform/linux/LinuxLaunchAtLogin.h"
-#include "presentation/FakeIconSource.h"
+#include "models/show/FakeIconSource.h"
+#include "platform/linux/desktop/LinuxLaunchAtLogin.h"
 #include "support/FakeSoundPlayer.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Clock.h"
+#include "models/support/Clock.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,8 +1,8 @@
 #include "screens/analyze/Explorer.h"
 
 #include "core/ByteCount.h"
-#include "core/PathUrl.h"
 #include "core/Text.h"
+#include "models/support/PathUrl.h"
 #include "monitoring/MachineFigures.h"
 #include "screens/analyze/OrbitChartItem.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/AppState.h"
 #include "disk/OrbitLayout.h"
 #include "disk/OrbitReadout.h"
+#include "models/program/AppState.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,7 +1,7 @@
 #include "screens/analyze/FileIconItem.h"
 
-#include "core/PathUrl.h"
-#include "presentation/FileIcons.h"
+#include "models/show/FileIcons.h"
+#include "models/support/PathUrl.h"
 
 #include <QByteArray>
 #include <QCache>

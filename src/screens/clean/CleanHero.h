@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cleaning/CleanListModel.h"
+#include "models/clean/CleanListModel.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "cleaning/ReviewRows.h"
-#include "core/AppState.h"
-#include "core/MenuBarMetrics.h"
-#include "disk/AnalyzeRows.h"
-#include "disk/PlaceList.h"
+#include "models/analyze/AnalyzeRows.h"
+#include "models/analyze/PlaceList.h"
+#include "models/clean/ReviewRows.h"
+#include "models/program/AppState.h"
+#include "models/program/MenuBarMetrics.h"
 
 #include <QtQml/qqml.h>
 

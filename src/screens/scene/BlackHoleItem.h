@@ -1,8 +1,8 @@
 #pragma once
 
+#include "models/show/Shockwave.h"
+#include "models/show/SwallowFeed.h"
 #include "presentation/MotionClock.h"
-#include "presentation/Shockwave.h"
-#include "presentation/SwallowFeed.h"
 #include "screens/controls/PacedTicker.h"
 #include "screens/scene/ScenePictures.h"
 

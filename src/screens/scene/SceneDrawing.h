@@ -1,7 +1,7 @@
 #pragma once
 
+#include "models/show/SwallowFeed.h"
 #include "presentation/MotionClock.h"
-#include "presentation/SwallowFeed.h"
 #include "screens/scene/SceneCanvas.h"
 #include "screens/scene/ScenePictures.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/AppState.h"
+#include "models/program/AppState.h"
 #include "monitoring/Processes.h"
 
 #include <QAbstractListModel>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/AppState.h"
-#include "monitoring/Monitor.h"
+#include "models/program/AppState.h"
+#include "models/status/Monitor.h"
 #include "monitoring/StatusTexts.h"
 
 #include <QObject>

@@ -1,0 +1,245 @@
+#include "models/clean/CleanListModel.h"
+
+#include "cleaning/CleanRefusal.h"
+#include "core/ByteCount.h"
+#include "core/CheckedSum.h"
+#include "core/Text.h"
+#include "presentation/WhoompStrength.h"
+
+#include <QCoroFuture>
+#include <QPointer>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace tavrel {
+
+namespace {
+
+using namespace CleanPhases;
+using Items = CleanListModel::Items;
+using Group = CleanListModel::Group;
+
+std::vector<Group> groupsOf(const Items& items) {
+    std::array<std::vector<std::size_t>, CleanCategories::count> positions;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        positions.at(static_cast<std::size_t>(items[i].category)).push_back(i);
+    }
+    std::vector<Group> groups;
+    groups.reserve(positions.size());
+    for (const CleanCategory category : CleanCategories::allCases()) {
+        auto& ofCategory = positions.at(static_cast<std::size_t>(category));
+        if (!ofCategory.empty()) groups.push_back({category, std::move(ofCategory)});
+    }
+    return groups;
+}
+
+std::int64_t sizeOf(const Items& items) {
+    std::int64_t sum = 0;
+    for (const CleanItem& item : items) sum = addBytes(sum, item.size);
+    return sum;
+}
+
+/// What root removes goes last, so it falls last, too.
+Items inOrderOfFalling(Items chosen) {
+    std::stable_partition(chosen.begin(), chosen.end(),
+                          [](const CleanItem& item) { return !item.requiresAdmin; });
+    return chosen;
+}
+
+}  // namespace
+
+CleanListModel::CleanListModel(std::string action, Finder finder, CleanServices services, QObject* parent)
+    : QObject(parent),
+      action_(std::move(action)),
+      finder_(std::move(finder)),
+      services_(std::move(services)) {}
+
+CleanListModel::~CleanListModel() = default;
+
+Items CleanListModel::selectedItems() const {
+    Items chosen;
+    chosen.reserve(selection_.size());
+    for (const CleanItem& item : items_) {
+        if (isSelected(item)) chosen.push_back(item);
+    }
+    return chosen;
+}
+
+CleanTexts::Figures CleanListModel::figures() const {
+    CleanTexts::Figures figures = {
+        .items = items_.size(),
+        .categories = groups_.size(),
+        .total = totalSize_,
+        .selected = selectedSize_,
+        .remaining = std::nullopt,
+    };
+    if (feed_) figures.remaining = feed_->remaining();
+    return figures;
+}
+
+const CleanReport* CleanListModel::report() const {
+    const auto* done = std::get_if<Done>(&phase_);
+    return done == nullptr ? nullptr : &done->report;
+}
+
+QString CleanListModel::reportText() const {
+    return report() == nullptr ? QString() : QString::fromStdString(CleanTexts::banner(*report()));
+}
+
+QString CleanListModel::skippedReasons() const {
+    return report() == nullptr ? QString() : QString::fromStdString(CleanTexts::reasons(*report()));
+}
+
+QString CleanListModel::selectedSizeText() const {
+    return QString::fromStdString(byteCount(selectedSize_));
+}
+
+void CleanListModel::scan() {
+    QCoro::connect(runScan(), this, [] {});
+}
+
+void CleanListModel::clean() {
+    QCoro::connect(runClean(), this, [] {});
+}
+
+QCoro::Task<> CleanListModel::runScan() {
+    if (isWorking()) co_return;
+    const QPointer<CleanListModel> self = this;
+    setFeed(nullptr);
+    setPhase(Scanning{Text::localized("Scanning…")});
+    QFuture<Found> search = finder_();
+    const Found found = co_await search;
+    if (!self) co_return;
+    setItems(*found);
+    setPhase(Ready{});
+    setReviewing(false);
+}
+
+QCoro::Task<> CleanListModel::runClean() {
+    Items chosen = selectedItems();
+    if (chosen.empty() || isWorking()) co_return;
+    const QPointer<CleanListModel> self = this;
+    if (!services_.preferences.knowsProtectedPaths() && !services_.preferences.dryRun()) {
+        finish(refusalWithoutProtectedPaths(chosen));
+        co_return;
+    }
+
+    // The guard is of this moment, and so is everything else that the run is told.
+    CleanJob work = job(chosen);
+    setReviewing(false);
+    startFeed(inOrderOfFalling(std::move(chosen)));
+    setPhase(Cleaning{});
+    QCoro::Task<> show = feed_->run(shortestShow);
+    QFuture<CleanRunner::Report> removal = services_.runner.clean(std::move(work));
+    const CleanRunner::Report report = co_await removal;
+    if (!self) co_return;
+    feed_->reached(1);
+    feed_->finish();
+    co_await show;
+    if (!self) co_return;
+    finish(*report);
+}
+
+CleanJob CleanListModel::job(Items chosen) {
+    const QPointer<CleanListModel> self = this;
+    const Preferences& preferences = services_.preferences;
+    return {
+        .items = std::move(chosen),
+        .action = action_,
+        .guard = services_.safetyGuard(extraRoots_),
+        .options = {.dryRun = preferences.dryRun(), .alwaysTrash = preferences.alwaysTrash()},
+        .progress =
+            [self](double fraction) {
+                if (!self || !self->feed_) return;
+                self->feed_->reached(fraction);
+                self->setPhase(Cleaning{fraction});
+            },
+    };
+}
+
+void CleanListModel::startFeed(const Items& chosen) {
+    const auto icons = action_ == "uninstall" ? OwnIcons::yes : OwnIcons::no;
+    setFeed(std::make_unique<SwallowFeed>(chosen, icons, services_.icons, services_.clock));
+}
+
+void CleanListModel::finish(const CleanReport& report) {
+    if (!report.dryRun) drop(report.removed);
+    setPhase(Done{report});
+    setReviewing(false);
+    if (!report.removed.empty()) services_.sounds.whoomp(whoompStrength(report.freed));
+}
+
+/// What was skipped stays in the list, and stays selected.
+void CleanListModel::drop(const Items& removed) {
+    if (removed.empty()) return;
+    Selection gone;
+    gone.reserve(removed.size());
+    for (const CleanItem& item : removed) gone.insert(item.id());
+    Items left;
+    left.reserve(items_.size());
+    for (CleanItem& item : items_) {
+        if (!gone.contains(item.id())) left.push_back(std::move(item));
+    }
+    for (const std::string& id : gone) selection_.erase(id);
+    items_ = std::move(left);
+    groups_ = groupsOf(items_);
+    totalSize_ = sizeOf(items_);
+    Q_EMIT itemsChanged();
+    selectionWasChanged();
+}
+
+void CleanListModel::toggle(const std::vector<std::string>& paths) {
+    const bool all = std::all_of(paths.begin(), paths.end(),
+                                 [this](const std::string& path) { return selection_.contains(path); });
+    for (const std::string& path : paths) {
+        if (all) {
+            selection_.erase(path);
+        } else {
+            selection_.insert(path);
+        }
+    }
+    selectionWasChanged();
+}
+
+void CleanListModel::setReviewing(bool on) {
+    if (reviewing_ == on) return;
+    reviewing_ = on;
+    Q_EMIT reviewingChanged();
+}
+
+void CleanListModel::setItems(Items items) {
+    items_ = std::move(items);
+    groups_ = groupsOf(items_);
+    totalSize_ = sizeOf(items_);
+    selection_.clear();
+    for (const CleanItem& item : items_) {
+        if (item.risk == Risk::safe) selection_.insert(item.id());
+    }
+    Q_EMIT itemsChanged();
+    selectionWasChanged();
+}
+
+void CleanListModel::setPhase(Phase phase) {
+    phase_ = std::move(phase);
+    Q_EMIT phaseChanged();
+}
+
+void CleanListModel::setFeed(std::unique_ptr<SwallowFeed> feed) {
+    if (feed == nullptr && feed_ == nullptr) return;
+    std::swap(feed_, feed);
+    Q_EMIT feedChanged();  // while the old one still stands: a screen may be reading it
+}
+
+void CleanListModel::selectionWasChanged() {
+    selectedCount_ = 0;
+    selectedSize_ = 0;
+    for (const CleanItem& item : items_) {
+        if (!isSelected(item)) continue;
+        ++selectedCount_;
+        selectedSize_ = addBytes(selectedSize_, item.size);
+    }
+    Q_EMIT selectionChanged();
+}
+
+}  // namespace tavrel

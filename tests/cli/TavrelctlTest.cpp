@@ -418,25 +418,6 @@ TEST_P(CommandLine, DamagedHistoryIsNamedAndCountsAsEmpty) {
     EXPECT_THAT(ended.err, HasSubstr(box.path(GetParam().history).native()));
 }
 
-TEST_P(CommandLine, TheSoundIsWrittenWholeOrNotAtAll) {
-    const auto file = box.text("out/whoomp.wav", "something else");
-    const Ended floats = ctl({"sound", "--wav", file, "--json"});
-    EXPECT_EQ(floats.status, 0) << floats.err;
-    EXPECT_EQ(floats.json()["path"], file.native());
-    const std::size_t frames = floats.json()["frames"];
-    EXPECT_THAT(contentOf(file), ::testing::StartsWith("RIFF"));
-    EXPECT_GT(contentOf(file).size(), frames * sizeof(float));
-
-    EXPECT_EQ(ctl({"sound", "--wav", file, "--pcm16"}).out, "");
-    EXPECT_LT(contentOf(file).size(), frames * sizeof(float));
-
-    const std::string folder = box.folder("out/folder");
-    const Ended refused = ctl({"sound", "--wav", folder});
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_THAT(refused.err, AllOf(::testing::StartsWith("tavrelctl: "), HasSubstr(folder)));
-    EXPECT_EQ(std::distance(fs::directory_iterator(box.path("out")), {}), 2);  // nothing half written stays
-}
-
 TEST_P(CommandLine, TheHomeMayBeALinkButMustBeAFolder) {
     const auto through = box.link("shortcut", box.path("home"));
     const Words rest = {"--root", at("root"), "--profile", GetParam().profile, "scan", "--json"};
@@ -485,7 +466,6 @@ TEST_P(CommandLine, WrongUsageSaysOneLineAndDoesNothing) {
         {"--profile", "other", "scan"},
         {"settings", "k\ne\x1b[2Jy"},
         {"history", "--clear=perhaps"},
-        {"sound"},
     };
     const auto before = snapshot();
     for (const Words& words : wrong) {

@@ -104,7 +104,7 @@ std::string shown(const std::filesystem::path& path, const std::filesystem::path
 
 void print(Console& console, const std::vector<CleanItem>& items, const std::filesystem::path& home,
            const Marked& marked) {
-    for (const CleanCategory category : CleanCategories::allCases()) {
+    for (const CleanCategory category : CleanCategories::allCases) {
         std::vector<CleanItem> group;
         std::copy_if(items.begin(), items.end(), std::back_inserter(group),
                      [&](const CleanItem& item) { return item.category == category; });

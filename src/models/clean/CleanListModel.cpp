@@ -21,13 +21,13 @@ using Items = CleanListModel::Items;
 using Group = CleanListModel::Group;
 
 std::vector<Group> groupsOf(const Items& items) {
-    std::array<std::vector<std::size_t>, CleanCategories::count> positions;
+    std::array<std::vector<std::size_t>, CleanCategories::allCases.size()> positions;
     for (std::size_t i = 0; i < items.size(); ++i) {
         positions.at(static_cast<std::size_t>(items[i].category)).push_back(i);
     }
     std::vector<Group> groups;
     groups.reserve(positions.size());
-    for (const CleanCategory category : CleanCategories::allCases()) {
+    for (const CleanCategory category : CleanCategories::allCases) {
         auto& ofCategory = positions.at(static_cast<std::size_t>(category));
         if (!ofCategory.empty()) groups.push_back({category, std::move(ofCategory)});
     }

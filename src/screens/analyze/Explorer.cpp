@@ -2,20 +2,13 @@
 
 #include "core/Text.h"
 #include "models/support/PathUrl.h"
+#include "models/support/Strings.h"
 #include "screens/analyze/OrbitChartItem.h"
 
 #include <QUrl>
 #include <utility>
 
 namespace tavrel {
-
-namespace {
-
-QString shown(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
-}  // namespace
 
 void Explorer::setModel(AnalyzeModel* model) {
     if (model_ == model) return;
@@ -61,23 +54,23 @@ QVariant Explorer::layout() const {
 }
 
 QString Explorer::focusId() const {
-    return shown(Text::exact(focusId_));
+    return toQString(Text::exact(focusId_));
 }
 
 QString Explorer::icon() const {
-    return shown(readout_.icon);
+    return toQString(readout_.icon);
 }
 
 QString Explorer::name() const {
-    return shown(readout_.name);
+    return toQString(readout_.name);
 }
 
 QString Explorer::size() const {
-    return shown(readout_.size);
+    return toQString(readout_.size);
 }
 
 QString Explorer::detail() const {
-    return shown(readout_.detail);
+    return toQString(readout_.detail);
 }
 
 QUrl Explorer::folderUrl() const {

@@ -5,6 +5,7 @@
 #include "models/clean/ReviewRows.h"
 #include "models/program/AppState.h"
 #include "models/program/MenuBarMetrics.h"
+#include "models/status/MonitorWatcher.h"
 
 #include <QtQml/qqml.h>
 
@@ -45,6 +46,9 @@ struct ForeignMenuBarMetrics {
 struct ForeignMonitor {
     TAVREL_FOREIGN(Monitor)
     QML_UNCREATABLE("owned by the program")
+};
+struct ForeignMonitorWatcher {
+    TAVREL_FOREIGN(MonitorWatcher)
 };
 struct ForeignMotionPause {
     TAVREL_FOREIGN(MotionPause)

@@ -56,6 +56,7 @@ Program::Program(Parts parts)
           .temperatures = parts_.machine.temperatures,
           .fans = parts_.machine.fans,
           .processes = parts_.machine.processes,
+          .texts = parts_.profile.texts,
       }),
       state_(std::make_unique<AppState>(AppServices{
           .profile = parts_.profile,

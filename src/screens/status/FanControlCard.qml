@@ -6,12 +6,11 @@ import Tavrel.Graphs
 Card {
     id: card
 
-    required property var fans
-    required property string detail
+    required property var values
 
     implicitHeight: Math.max(128, column.implicitHeight + 26)
     Accessible.role: Accessible.Grouping
-    Accessible.name: fans.title + ", " + fans.value + " " + fans.unit + ", " + fans.footer + ", " + detail
+    Accessible.name: values.title + ", " + values.value + " " + values.unit + ", " + values.footer + ", " + values.detail
 
     Column {
         id: column
@@ -22,8 +21,8 @@ Card {
         spacing: 8
 
         CardLabel {
-            symbol: "fan.fill"
-            title: card.fans.title
+            symbol: card.values.symbol
+            title: card.values.title
             colour: Theme.glows[1]
         }
         Row {
@@ -32,14 +31,14 @@ Card {
             Label {
                 id: speed
 
-                text: card.fans.value
+                text: card.values.value
                 size: 29
                 font.weight: Font.Bold
                 Accessible.ignored: true
             }
             Label {
                 anchors.baseline: speed.baseline
-                text: card.fans.unit
+                text: card.values.unit
                 size: 13
                 color: Theme.secondary
                 Accessible.ignored: true
@@ -49,10 +48,10 @@ Card {
             width: parent.width
             height: 8
             colour: Theme.glows[1]
-            fraction: card.fans.share
+            fraction: card.values.share
         }
         Label {
-            text: card.fans.footer
+            text: card.values.footer
             size: 12
             color: Theme.secondary
             Accessible.ignored: true
@@ -60,7 +59,7 @@ Card {
         Label {
             width: parent.width
             visible: text !== ""
-            text: card.detail
+            text: card.values.detail
             size: Theme.fontSmall
             color: Theme.tertiary
             wrapMode: Text.Wrap

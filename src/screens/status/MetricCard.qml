@@ -5,7 +5,6 @@ import Tavrel.Controls
 Card {
     id: card
 
-    required property string symbol
     required property var values
     property color colour: Theme.secondary
     default property alias graph: graph.data
@@ -19,7 +18,7 @@ Card {
 
         x: 14
         y: 12
-        symbol: card.symbol
+        symbol: card.values.symbol
         title: card.values.title
         colour: card.colour
     }

@@ -1,3 +1,5 @@
+#include "models/show/MotionPause.h"
+#include "models/status/StatusState.h"
 #include "screens/Stage.h"
 
 #include <gtest/gtest.h>
@@ -50,7 +52,7 @@ class StatusScreenTest : public ::testing::Test {
 };
 
 TEST_F(StatusScreenTest, ShowsEveryFigureAndWatchesOnlyWhileItIsSeen) {
-    Monitor* monitor = stage_.state().monitor();
+    Monitor* monitor = stage_.state().status()->monitor();
     EXPECT_EQ(monitor->processWatchers(), 0);
     open();
     EXPECT_EQ(monitor->processWatchers(), 1);

@@ -23,7 +23,7 @@ T.AbstractButton {
     required property bool removable
     required property string reason
     required property bool lit
-    required property AppState app
+    required property ShowState show
     property bool current: false
     property bool walkedTo: false  // by keyboard
     property bool compact: false  // without the bar
@@ -92,7 +92,7 @@ T.AbstractButton {
             anchors.leftMargin: 9
             width: 18
             height: 18
-            app: row.app
+            show: row.show
             file: row.url
         }
         Label {

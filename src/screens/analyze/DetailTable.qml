@@ -9,13 +9,14 @@ import Tavrel.Analyze
 FocusScope {
     id: table
 
-    required property AppState app
+    required property AnalyzeRows rows
+    required property ShowState show
+    required property MotionPause motion
     required property AnalyzeModel model
     property bool compact: false  // without the bars
     property string typed
     property bool chosen: false  // a person has come to the row: it is followed, and may be deleted
     property bool walks: false  // by keyboard
-    readonly property AnalyzeRows rows: app.folderRows
 
     function find(text: string): void {
         typed += text
@@ -176,8 +177,8 @@ FocusScope {
         model: table.rows
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Contents")
-        onMovingChanged: table.app.motion.scrolling = moving
-        Component.onDestruction: if (moving) table.app.motion.scrolling = false
+        onMovingChanged: table.motion.scrolling = moving
+        Component.onDestruction: if (moving) table.motion.scrolling = false
         onActiveFocusChanged: if (activeFocus && currentIndex < 0 && count > 0) currentIndex = 0
         // Until somebody comes to a row it is the first, whichever row that is.
         onCurrentIndexChanged: if (!table.chosen && currentIndex > 0) currentIndex = 0
@@ -194,7 +195,7 @@ FocusScope {
             compact: table.compact
             current: list.activeFocus && ListView.isCurrentItem
             walkedTo: current && table.walks
-            app: table.app
+            show: table.show
             onOpened: entry => {
                 table.makeCurrent(entry)
                 table.rows.open(entry)

@@ -16,7 +16,7 @@ T.AbstractButton {
     required property bool selected
     required property bool removable
     required property string reason
-    required property AppState app
+    required property ShowState show
     property bool current: false
     property bool walkedTo: false  // by keyboard
     readonly property string protectedText: qsTr("Protected — Tavrel won't remove this")
@@ -76,7 +76,7 @@ T.AbstractButton {
             anchors.leftMargin: 9
             width: 20
             height: 20
-            app: row.app
+            show: row.show
             file: row.url
         }
         Column {

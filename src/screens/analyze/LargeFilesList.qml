@@ -8,7 +8,8 @@ import Tavrel.Analyze
 FocusScope {
     id: files
 
-    required property AppState app
+    required property ShowState show
+    required property MotionPause motion
     required property AnalyzeModel model
     property bool walks: false  // the keyboard has chosen the row
 
@@ -62,8 +63,8 @@ FocusScope {
         model: rows
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Large files")
-        onMovingChanged: files.app.motion.scrolling = moving
-        Component.onDestruction: if (moving) files.app.motion.scrolling = false
+        onMovingChanged: files.motion.scrolling = moving
+        Component.onDestruction: if (moving) files.motion.scrolling = false
 
         Keys.onSpacePressed: rows.toggle(rows.url(currentIndex))
         Keys.onPressed: files.walks = true
@@ -75,7 +76,7 @@ FocusScope {
             width: list.width - 12
             current: list.activeFocus && ListView.isCurrentItem
             walkedTo: current && files.walks
-            app: files.app
+            show: files.show
             onToggled: entry => rows.toggle(entry)
             onTrashed: entry => rows.trash(entry)
 

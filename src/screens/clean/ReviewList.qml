@@ -8,7 +8,7 @@ import Tavrel.Models
 ListView {
     id: list
 
-    required property AppState app
+    required property MotionPause motion
     required property CleanListModel source
 
     objectName: "reviewList"
@@ -21,8 +21,8 @@ ListView {
     cacheBuffer: 200
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Found items")
-    onMovingChanged: app.motion.scrolling = moving
-    Component.onDestruction: if (moving) app.motion.scrolling = false
+    onMovingChanged: motion.scrolling = moving
+    Component.onDestruction: if (moving) motion.scrolling = false
 
     Keys.onSpacePressed: rows.toggle(currentIndex)
     Keys.onReturnPressed: rows.toggleExpanded(currentIndex)

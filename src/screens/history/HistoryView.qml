@@ -7,8 +7,7 @@ import Tavrel.Models
 Dialog {
     id: sheet
 
-    required property AppState app
-    readonly property HistoryModel entries: app.history
+    required property HistoryModel entries
 
     padding: 0
     width: Math.min(640, parent ? parent.width - 80 : 640)

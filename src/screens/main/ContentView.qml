@@ -67,7 +67,7 @@ FocusScope {
     }
 
     HistoryView {
-        app: root.app
+        entries: root.app.clean.history
         visible: root.app.showHistory
         onClosed: root.app.showHistory = false
     }

@@ -2,6 +2,8 @@
 
 #include "core/ByteCount.h"
 #include "core/Decimal.h"
+#include "models/program/Preferences.h"
+#include "profiles/Profile.h"
 
 #include <algorithm>
 #include <utility>

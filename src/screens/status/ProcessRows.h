@@ -1,6 +1,7 @@
 #pragma once
 
 #include "models/program/AppState.h"
+#include "models/status/Monitor.h"
 #include "monitoring/Processes.h"
 
 #include <QAbstractListModel>

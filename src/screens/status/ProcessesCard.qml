@@ -61,7 +61,7 @@ Card {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
-            text: card.app.monitor.hasSeenProcesses ? qsTr("Nothing here")
+            text: card.app.status.monitor.hasSeenProcesses ? qsTr("Nothing here")
                                                     : qsTr("Looking at what runs…")
             color: Theme.secondary
         }

@@ -1,6 +1,8 @@
 #include "screens/status/StatusCards.h"
 
+#include "models/program/Preferences.h"
 #include "monitoring/HealthScore.h"
+#include "profiles/Profile.h"
 
 #include <algorithm>
 #include <utility>

@@ -19,11 +19,11 @@ T.Control {
     objectName: "statusView"
     focus: true
     focusPolicy: Qt.StrongFocus
-    onWatchingChanged: app.monitor.processWatchers += watching ? 1 : -1
+    onWatchingChanged: app.status.monitor.processWatchers += watching ? 1 : -1
     // Not what was pressed: it would move away below the pointer.
     onFocusedChanged: if (focused && focused.visualFocus) view.reveal(focused)
     Component.onCompleted: app.readFullDiskAccess()
-    Component.onDestruction: if (watching) app.monitor.processWatchers -= 1
+    Component.onDestruction: if (watching) app.status.monitor.processWatchers -= 1
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Status")
 

@@ -7,10 +7,10 @@
 
 namespace tavrel {
 
-/// The figures of the running machine, one reading at a time: no rates, no history, no errors. What a machine
-/// does not tell has no value, and each figure may be missing on its own.
+/// Reads raw counters of the running machine; computes no rates and keeps no history. A figure that the
+/// machine does not report is nullopt, each on its own.
 ///
-/// One thread at a time, except where an operation says that it may run beside the others.
+/// Not thread-safe, except where a method says that it may run beside the others.
 class Sensors {
   public:
     /// Ticks that one logical processor has spent since the start of the system.

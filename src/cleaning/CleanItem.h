@@ -3,6 +3,7 @@
 #include "cleaning/CleanCategory.h"
 #include "cleaning/Occupants.h"
 #include "cleaning/Risk.h"
+#include "core/CheckedSum.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -30,10 +31,19 @@ struct CleanItem {
     /// The key of a selection: two items with one path are one thing to choose.
     [[nodiscard]] const std::string& id() const { return url.native(); }
 
+    [[nodiscard]] bool isPreselected() const { return risk == Risk::safe; }
+
     /// Whether a command removes it and `url` is no path.
     [[nodiscard]] bool isCommand() const { return adminCommand || !userCommand.empty(); }
 
     bool operator==(const CleanItem&) const = default;
 };
+
+/// What all of `items` free together, in bytes.
+[[nodiscard]] inline std::int64_t sizeOf(const std::vector<CleanItem>& items) {
+    std::int64_t sum = 0;
+    for (const CleanItem& item : items) sum = addBytes(sum, item.size);
+    return sum;
+}
 
 }  // namespace tavrel

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "cleaning/Catalog.h"
 #include "cleaning/InstallerFinder.h"
 #include "cleaning/JunkScanner.h"
 #include "cleaning/ProjectPurger.h"
@@ -28,8 +27,7 @@ struct Profile {
 
     Family family;
     Places places;
-    Catalog catalog;
-    JunkScanner::Tables scan;  // its rules are the catalog's
+    JunkScanner::Tables scan;
     InstallerFinder::Tables installers;
     std::vector<SpecialScanners::AiFolder> aiFolders = {};  // beside those that every system has
     ProjectPurger::Tables projects;

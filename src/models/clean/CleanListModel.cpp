@@ -34,12 +34,6 @@ std::vector<Group> groupsOf(const Items& items) {
     return groups;
 }
 
-std::int64_t sizeOf(const Items& items) {
-    std::int64_t sum = 0;
-    for (const CleanItem& item : items) sum = addBytes(sum, item.size);
-    return sum;
-}
-
 /// What root removes goes last, so it falls last, too.
 Items inOrderOfFalling(Items chosen) {
     std::stable_partition(chosen.begin(), chosen.end(),
@@ -214,7 +208,7 @@ void CleanListModel::setItems(Items items) {
     totalSize_ = sizeOf(items_);
     selection_.clear();
     for (const CleanItem& item : items_) {
-        if (item.risk == Risk::safe) selection_.insert(item.id());
+        if (item.isPreselected()) selection_.insert(item.id());
     }
     Q_EMIT itemsChanged();
     selectionWasChanged();

@@ -25,9 +25,9 @@ Linux::UserDirs userDirs(const Path& home, const Path& config) {
     return Linux::parseUserDirs(Files::read(home / config / "user-dirs.dirs").value_or(""), home);
 }
 
-JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
+JunkScanner::Tables scanTables(const Places& places, const Path& downloads) {
     JunkScanner::Tables tables{
-        .rules = catalog.rules(),
+        .rules = Linux::rules(downloads),
         .manner = {.age = Manner::Age::newestInside, .remarks = Manner::Remarks::addToNote},
         .webCaches = Linux::webCachePlaces(),
         .containers = {{.folder = ".var/app",
@@ -94,13 +94,10 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
                             .documents = dirs.at("DOCUMENTS"),
                             .autostart = config / "autostart",
                         });
-    Catalog catalog = Linux::catalog(dirs.at("DOWNLOAD"));
-    JunkScanner::Tables tables = scanTables(places, catalog);
     return {
         .family = Profile::Family::linux,
         .places = places,
-        .catalog = std::move(catalog),
-        .scan = std::move(tables),
+        .scan = scanTables(places, dirs.at("DOWNLOAD")),
         .installers = Linux::installers(places),
         .aiFolders = Linux::aiFolders(),
         .projects = Linux::projects(),

@@ -97,9 +97,9 @@ SpecialScanners::SystemPlaces systemPlaces(const Places& places) {
     };
 }
 
-JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
+JunkScanner::Tables scanTables(const Places& places) {
     return {
-        .rules = catalog.rules(),
+        .rules = Mac::rules(),
         .systemCachePrefix = "com.apple.",
         .webCaches = {{.folders = "Library/Application Support",
                        .skippedPrefix = "com.apple.",
@@ -142,13 +142,10 @@ Profile Profiles::macos(const Path& root, const Path& home) {
                             .documents = "Documents",
                             .autostart = ".config/autostart",
                         });
-    Catalog catalog = Mac::catalog();
-    JunkScanner::Tables tables = scanTables(places, catalog);
     return {
         .family = Profile::Family::macos,
         .places = places,
-        .catalog = std::move(catalog),
-        .scan = std::move(tables),
+        .scan = scanTables(places),
         .installers = {.extensions = {"dmg", "pkg", "mpkg", "xip", "iso"},
                        .packages = {"app", "framework", "bundle", "plugin", "kext", "photoslibrary"},
                        .applications = places.applications()},

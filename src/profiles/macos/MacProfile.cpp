@@ -1,4 +1,5 @@
 #include "core/Text.h"
+#include "platform/root/RootTools.h"
 #include "profiles/CatalogRow.h"
 #include "profiles/Profile.h"
 #include "profiles/macos/MacTables.h"
@@ -92,7 +93,7 @@ SpecialScanners::SystemPlaces systemPlaces(const Places& places) {
                  .minAgeDays = 7,
                  .note = Text::localized("Rotated system log")},
             },
-        .snapshotTool = "/usr/bin/tmutil",
+        .snapshotTool = RootTools::program(RootTool::deleteLocalSnapshot),
         .roots = {caches, reports, logs},
     };
 }

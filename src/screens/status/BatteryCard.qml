@@ -28,27 +28,16 @@ Card {
             title: card.hasBattery ? card.values.title : qsTr("Accessories")
             colour: Theme.good
         }
-        Row {
+        ValueRow {
+            id: percent
+
             visible: card.hasBattery
-            spacing: 5
+            value: card.values.value
+            unit: "%"
+            size: 30
 
             Label {
-                id: percent
-
-                text: card.values.value
-                size: 30
-                font.weight: Font.DemiBold
-                Accessible.ignored: true
-            }
-            Label {
-                anchors.baseline: percent.baseline
-                text: "%"
-                size: Theme.fontSubtitle
-                color: Theme.secondary
-                Accessible.ignored: true
-            }
-            Label {
-                anchors.baseline: percent.baseline
+                anchors.baseline: percent.label.baseline
                 leftPadding: 6
                 text: card.values.chip
                 size: Theme.fontSubtitle

@@ -25,24 +25,11 @@ Card {
             title: card.values.title
             colour: Theme.glows[1]
         }
-        Row {
-            spacing: 5
-
-            Label {
-                id: speed
-
-                text: card.values.value
-                size: 29
-                font.weight: Font.Bold
-                Accessible.ignored: true
-            }
-            Label {
-                anchors.baseline: speed.baseline
-                text: card.values.unit
-                size: 13
-                color: Theme.secondary
-                Accessible.ignored: true
-            }
+        ValueRow {
+            value: card.values.value
+            unit: card.values.unit
+            size: 29
+            weight: Font.Bold
         }
         Meter {
             width: parent.width

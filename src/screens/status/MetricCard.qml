@@ -34,33 +34,15 @@ Card {
         color: Theme.tertiary
         Accessible.ignored: true
     }
-    Row {
+    ValueRow {
         id: figure
 
         x: 14
         y: 33
-        spacing: 5
-
-        Label {
-            id: value
-
-            width: Math.min(implicitWidth, card.width - 28 - (unit.text === "" ? 0 : unit.width + figure.spacing))
-            text: card.values.value
-            size: 24
-            fontSizeMode: Text.HorizontalFit
-            minimumPixelSize: 14
-            font.weight: Font.DemiBold
-            Accessible.ignored: true
-        }
-        Label {
-            id: unit
-
-            anchors.baseline: value.baseline
-            text: card.values.unit
-            size: Theme.fontSubtitle
-            color: Theme.secondary
-            Accessible.ignored: true
-        }
+        maximumWidth: card.width - 28
+        value: card.values.value
+        unit: card.values.unit
+        size: 24
     }
     Item {
         id: graph

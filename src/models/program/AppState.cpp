@@ -2,7 +2,6 @@
 
 #include "core/Permissions.h"
 
-#include <QtConcurrentRun>
 #include <array>
 #include <thread>
 #include <utility>
@@ -10,11 +9,6 @@
 namespace tavrel {
 
 namespace {
-
-CleanListModel::Found findAll(const Finders& finders, CleanMode mode, const PreferenceValues& preferences,
-                              Instant now) {
-    return std::make_shared<const CleanListModel::Items>(finders.find(mode, preferences, now));
-}
 
 bool canSeeEverything(const Profile& profile) {
     return Permissions::hasFullDiskAccess(profile.places.home(), profile.fullDiskAccessProbes);
@@ -36,8 +30,12 @@ std::size_t parallelWalks() {
 }
 
 std::vector<DiskWork::PlaceFinder> placeFinders(const Profile& profile) {
-    return {[&profile] { return ExplorerPlaces::folders(profile.places, profile.explorerPlaces); },
-            [&profile] { return ExplorerPlaces::volumes(profile.places, profile.volumeFolders); }};
+    return {[places = profile.places, offered = profile.explorerPlaces] {
+                return ExplorerPlaces::folders(places, offered);
+            },
+            [places = profile.places, parents = profile.volumeFolders] {
+                return ExplorerPlaces::volumes(places, parents);
+            }};
 }
 
 constexpr std::array allAppsModes = {AppsMode::uninstall, AppsMode::updates, AppsMode::startup};
@@ -54,7 +52,6 @@ QStringList titles(const Cases& cases, Title title) {
 AppState::AppState(AppServices services, QObject* parent)
     : QObject(parent),
       services_(std::move(services)),
-      finders_(services_.profile, services_.tools),
       hasFullDiskAccess_(canSeeEverything(services_.profile)),
       junk_(action(CleanMode::system), finder(CleanMode::system), services_.clean),
       ai_(action(CleanMode::ai), finder(CleanMode::ai), services_.clean),
@@ -63,12 +60,8 @@ AppState::AppState(AppServices services, QObject* parent)
       history_(services_.profile.places.history(), services_.clean.runner),
       loginItem_(services_.launchAtLogin),
       trashEmptier_(services_.clean.runner),
-      diskWork_(services_.profile.packages, parallelWalks()),
-      sizes_(
-          [this](std::filesystem::path path, std::stop_token stop, SizeService::Done done) {
-              diskWork_.measure(std::move(path), std::move(stop), std::move(done));
-          },
-          parallelWalks()),
+      diskWork_(services_.profile.packages),
+      sizes_(diskWork_, services_.clean.clock, parallelWalks()),
       analyze_({
           .places = services_.profile.places,
           .clock = services_.clean.clock,
@@ -80,22 +73,26 @@ AppState::AppState(AppServices services, QObject* parent)
       }),
       places_(placeFinders(services_.profile), diskWork_) {
     folderRows_.setSource(&analyze_);
+    const Finders finders(services_.profile, *services_.tools);
     for (const CleanMode mode : CleanModes::allCases) {
         CleanListModel* list = cleanList(mode);
-        list->setExtraRoots(finders_.guard(mode, {}).extraRoots);
+        list->setExtraRoots(finders.guard(mode, {}).extraRoots);
         connect(list, &CleanListModel::phaseChanged, this, &AppState::busyChanged);
     }
     connect(&analyze_, &AnalyzeModel::removalChanged, this, &AppState::busyChanged);
 }
 
-AppState::~AppState() {
-    scans_.waitForDone();
-}
+AppState::~AppState() = default;
 
 CleanListModel::Finder AppState::finder(CleanMode mode) {
-    return [this, mode] {
-        return QtConcurrent::run(&scans_, findAll, finders_, mode, preferences()->values(),
-                                 services_.clean.clock.now());
+    return [this, mode](auto done) {
+        auto scan = [profile = services_.profile, tools = services_.tools, mode,
+                     preferences = preferences()->values(),
+                     now = services_.clean.clock.now()]() -> CleanListModel::Found {
+            const Finders finders(profile, *tools);
+            return std::make_shared<const CleanListModel::Items>(finders.find(mode, preferences, now));
+        };
+        scans_.run(std::move(scan), std::move(done));
     };
 }
 

@@ -16,19 +16,20 @@
 #include "models/show/MotionPause.h"
 #include "models/show/Shockwave.h"
 #include "models/status/Monitor.h"
+#include "models/support/Background.h"
 #include "profiles/Profile.h"
 
 #include <QObject>
 #include <QStringList>
-#include <QThreadPool>
 #include <functional>
+#include <memory>
 
 namespace tavrel {
 
 /// What the state of the program is made over; everything outlives it.
 struct AppServices {
     const Profile& profile;
-    const SystemTools& tools;
+    std::shared_ptr<const SystemTools> tools;  // scans that go on keep them
     CleanServices clean;
     Monitor& monitor;
     LaunchAtLogin& launchAtLogin;
@@ -69,7 +70,6 @@ class AppState final : public QObject {
 
   public:
     explicit AppState(AppServices services, QObject* parent = nullptr);
-    /// Waits for the scans that go on.
     ~AppState() override;
 
     [[nodiscard]] AppTab tab() const { return tab_; }
@@ -138,8 +138,7 @@ class AppState final : public QObject {
     [[nodiscard]] CleanListModel::Finder finder(CleanMode mode);
 
     AppServices services_;
-    Finders finders_;
-    QThreadPool scans_;
+    Background scans_{Background::Kind::mayBeAbandoned, Background::noLimit};
 
     AppTab tab_ = AppTab::clean;
     CleanMode cleanMode_ = CleanMode::system;

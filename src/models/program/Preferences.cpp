@@ -21,12 +21,6 @@ QStringList shown(const Texts& texts) {
     return list;
 }
 
-bool canReadProtectedPaths(const UserDefaults& defaults) {
-    const Texts wrong = PreferenceValues::unreadableKeys(defaults);
-    return defaults.state() != UserDefaults::State::damaged &&
-           std::find(wrong.begin(), wrong.end(), "protectedPaths") == wrong.end();
-}
-
 /// "~/x" for what lies in the home, the path itself otherwise.
 std::string abbreviated(const std::filesystem::path& folder, const std::filesystem::path& home) {
     const std::string& path = folder.native();
@@ -48,7 +42,7 @@ Preferences::Preferences(UserDefaults& defaults, Path home)
     : defaults_(defaults),
       home_(std::move(home)),
       values_(PreferenceValues::read(defaults)),
-      knowsProtectedPaths_(canReadProtectedPaths(defaults)) {}
+      knowsProtectedPaths_(PreferenceValues::knowsProtectedPaths(defaults)) {}
 
 QStringList Preferences::protectedPaths() const {
     return shown(values_.protectedPaths);
@@ -141,7 +135,7 @@ void Preferences::changed(const char* key, Signal signal) {
         defaults_.state() != UserDefaults::State::damaged || key == std::string_view("protectedPaths");
     const auto value = values_.value(key);
     if (value && mayWrite && !defaults_.set(key, *value)) {
-        knowsProtectedPaths_ = canReadProtectedPaths(defaults_);
+        knowsProtectedPaths_ = PreferenceValues::knowsProtectedPaths(defaults_);
     }
     Q_EMIT(this->*signal)();
 }

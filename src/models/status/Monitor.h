@@ -1,6 +1,6 @@
 #pragma once
 
-#include "models/support/BackgroundRead.h"
+#include "models/support/Background.h"
 #include "monitoring/MachineSampler.h"
 
 #include <QObject>
@@ -53,14 +53,19 @@ class Monitor final : public QObject {
 
     void tick();
     void sample();
+    template <typename Read, typename Done>
+    void start(bool& isReading, Read read, Done done);
 
     MonitorServices services_;
     MachineSampler sampler_;
     bool hasSeenProcesses_ = false;
-    BackgroundRead<Sensors::DiskSpace> diskSpace_;
-    BackgroundRead<Batteries> accessories_;
-    BackgroundRead<Batteries> bluetooth_;
-    BackgroundRead<std::vector<ProcessInfo>> processes_;
+    struct {
+        bool diskSpace = false;
+        bool accessories = false;
+        bool bluetooth = false;
+        bool processes = false;
+    } isReading_;
+    Background reads_{Background::Kind::mayBeAbandoned, Background::noLimit};
 };
 
 }  // namespace tavrel

@@ -21,8 +21,6 @@ QStringList shown(const Texts& texts) {
     return list;
 }
 
-}
-
 }  // namespace
 
 struct Preferences::ListField {

@@ -3,6 +3,7 @@
 #include "cleaning/CleanCategory.h"
 #include "cleaning/Occupants.h"
 #include "cleaning/Risk.h"
+#include "core/CheckedSum.h"
 #include "platform/root/RootStep.h"
 #include "platform/root/RootTools.h"
 
@@ -32,6 +33,8 @@ struct CleanItem {
     /// The key of a selection: two items with one path are one thing to choose.
     [[nodiscard]] const std::string& id() const { return url.native(); }
 
+    [[nodiscard]] bool isPreselected() const { return risk == Risk::safe; }
+
     /// Whether a command removes it and `url` is no path.
     [[nodiscard]] bool isCommand() const { return rootTool || !userCommand.empty(); }
 
@@ -42,5 +45,12 @@ struct CleanItem {
 
     bool operator==(const CleanItem&) const = default;
 };
+
+/// What all of `items` free together, in bytes.
+[[nodiscard]] inline std::int64_t sizeOf(const std::vector<CleanItem>& items) {
+    std::int64_t sum = 0;
+    for (const CleanItem& item : items) sum = addBytes(sum, item.size);
+    return sum;
+}
 
 }  // namespace tavrel

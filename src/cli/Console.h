@@ -55,7 +55,7 @@ class Console {
     /// Asks on the terminal; anything but a clear yes is a no.
     [[nodiscard]] bool confirm(std::string_view question);
 
-    /// Sees to it that the results arrived, and gives the status to end with.
+    /// Flushes standard output. Returns `status`, or the status of a failed write if the flush failed.
     [[nodiscard]] int finish(int status);
 
   private:

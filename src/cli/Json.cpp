@@ -26,7 +26,7 @@ Value item(const CleanItem& item) {
         {"permanent", item.permanent},
         {"requiresAdmin", item.requiresAdmin},
         {"adminCommand", item.rootTool ? Value(item.adminCommand().value_or("")) : Value(nullptr)},
-        {"selected", Selection::isPreselected(item)},
+        {"selected", item.isPreselected()},
     };
 }
 
@@ -40,8 +40,8 @@ Value scan(std::string_view mode, const std::vector<CleanItem>& found) {
     return {
         {"mode", mode},
         {"items", items(found)},
-        {"total", Selection::size(found)},
-        {"selected", Selection::size(Selection::preselected(found))},
+        {"total", sizeOf(found)},
+        {"selected", sizeOf(Selection::preselected(found))},
     };
 }
 

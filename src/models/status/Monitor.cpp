@@ -19,16 +19,16 @@ Monitor::Monitor(MonitorServices services, QObject* parent)
       services_(std::move(services)),
       sampler_({*services_.sensors, *services_.temperatures, *services_.fans}, services_.clock.uptime()),
       diskSpace_([this](const Sensors::DiskSpace& space) {
-          sampler_.took(space);
+          sampler_.setDiskSpace(space);
           Q_EMIT sampled();
       }),
       accessories_([this](const Batteries& batteries) {
-          sampler_.tookAccessories(batteries);
+          sampler_.setAccessories(batteries);
           Q_EMIT sampled();
       }),
-      bluetooth_([this](const Batteries& batteries) { sampler_.tookBluetooth(batteries); }),
+      bluetooth_([this](const Batteries& batteries) { sampler_.setBluetooth(batteries); }),
       processes_([this](const std::vector<ProcessInfo>& processes) {
-          sampler_.took(processes);
+          sampler_.setProcesses(processes);
           hasSeenProcesses_ = true;
           Q_EMIT processesChanged();
       }) {
@@ -36,7 +36,7 @@ Monitor::Monitor(MonitorServices services, QObject* parent)
     tick();
 }
 
-/// Samples again and again; the clock may outlive the monitor.
+/// Samples from now on at the interval. The clock may outlive the monitor.
 void Monitor::tick() {
     services_.clock.afterAbout(interval, [self = QPointer(this)] {
         if (!self) return;
@@ -55,11 +55,8 @@ void Monitor::sample() {
     Q_EMIT sampled();
 }
 
-void Monitor::setProcessWatchers(int count) {
-    if (count == processWatchers() || count < 0) return;
-    const bool first = sampler_.setWatchers(count);
-    Q_EMIT processWatchersChanged();
-    if (first) sample();
+void Monitor::addWatchers(int change) {
+    if (sampler_.setWatchers(processWatchers() + change)) sample();
 }
 
 void Monitor::setMenuBarMetrics(const std::vector<MenuBarMetric>& metrics) {

@@ -10,6 +10,7 @@ namespace {
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::Field;
+using ::testing::IsEmpty;
 using testing::Sandbox;
 
 TEST(ExplorerPlaces, AreTheFoldersThatExistAndWhatIsMounted) {

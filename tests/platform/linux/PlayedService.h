@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/linux/power/SystemBus.h"
-#include "support/Sandbox.h"
 
 #include <atomic>
 #include <map>
@@ -11,24 +10,7 @@
 
 namespace tavrel::testing {
 
-/// A message bus of a test's own: the real daemon over a socket in a temporary folder. A service that it
-/// could start leaves the file `started()` behind.
-class PlayedBus {
-  public:
-    explicit PlayedBus(const std::string& startableService);
-    ~PlayedBus();
-    PlayedBus(const PlayedBus&) = delete;
-    PlayedBus& operator=(const PlayedBus&) = delete;
-
-    [[nodiscard]] std::string address() const;
-    [[nodiscard]] std::filesystem::path started() const { return sandbox_.path("started"); }
-
-  private:
-    Sandbox sandbox_;
-    int daemon_ = -1;
-};
-
-/// A service on such a bus with the properties of its objects. It counts the questions.
+/// A service on a message bus with the properties of its objects. It counts the questions.
 class PlayedService {
   public:
     using Objects = std::map<std::string, BusProperties>;

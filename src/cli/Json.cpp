@@ -25,7 +25,7 @@ Value item(const CleanItem& item) {
         {"note", Text::repaired(item.note)},
         {"permanent", item.permanent},
         {"requiresAdmin", item.requiresAdmin},
-        {"adminCommand", item.adminCommand ? Value(Text::exact(*item.adminCommand)) : Value(nullptr)},
+        {"adminCommand", item.rootTool ? Value(item.adminCommand().value_or("")) : Value(nullptr)},
         {"selected", item.isPreselected()},
     };
 }

@@ -20,8 +20,8 @@ struct ProcessInfo {
 class ProcessSource {
   public:
     virtual ~ProcessSource() = default;
-    /// Returns up to 60 processes by descending processor use; empty on failure. Blocks for about 1 s, since
-    /// use is the difference of two samples. Any thread, but one call at a time.
+    /// Returns up to 60 processes by descending processor use; empty on failure. Blocks for about a second,
+    /// in which it takes two readings. Any thread, but not concurrently.
     [[nodiscard]] virtual std::vector<ProcessInfo> snapshot() = 0;
 };
 

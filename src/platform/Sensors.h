@@ -7,10 +7,9 @@
 
 namespace tavrel {
 
-/// Reads raw counters of the running machine; computes no rates and keeps no history. A figure that the
-/// machine does not report is nullopt, each on its own.
-///
-/// Not thread-safe, except where a method says that it may run beside the others.
+/// Reads raw counters of the running machine; computes no rates and keeps no history. Each value is nullopt,
+/// empty or without fields set where the machine does not provide it. Not thread-safe, except for methods
+/// that say otherwise.
 class Sensors {
   public:
     /// Ticks that one logical processor has spent since the start of the system.

@@ -15,7 +15,7 @@ namespace {
 
 /// The last part of the path, or all of a command.
 std::string title(const CleanItem& item) {
-    const bool isSnapshot = item.adminCommand && *item.adminCommand != item.url.native();
+    const bool isSnapshot = item.rootTool && item.adminCommand() != item.url.native();
     return Text::shown(item.isCommand() && !isSnapshot ? item.url.native() : item.url.filename().native());
 }
 

@@ -102,9 +102,6 @@ class AppState final : public QObject {
     [[nodiscard]] MotionPause* motion() { return &services_.motion; }
     [[nodiscard]] LoginItem* loginItem() { return loginItem_.get(); }
 
-    [[nodiscard]] Monitor* monitor() { return &services_.monitor; }
-    [[nodiscard]] const Profile& profile() const { return services_.profile; }
-
     /// Brings the main window up. Set by the owner of the windows.
     std::function<void()> openMainWindow;
 

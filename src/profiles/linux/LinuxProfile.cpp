@@ -102,15 +102,15 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
         .aiFolders = Linux::aiFolders(),
         .projects = Linux::projects(),
         .guardLists = Linux::guardLists(dirs, data / "Trash"),
-        .processNotes = Linux::processNotes(),
         .trashLayout = Profile::TrashLayout::freedesktop,
         .explorerPlaces = explorerPlaces(dirs),
         .volumeFolders = {"/media", "/media/*", "/run/media/*", "/mnt"},
-        .words = MachineWords{.noFan = "No fan on this computer",
-                              .fanUnavailable = "Fan control unavailable on this computer",
-                              .graphics = "Graphics",
-                              .noGraphics = "No graphics figures",
-                              .power = "Share of processor time"},
+        .texts = PlatformTexts{.noFan = "No fan on this computer",
+                               .fanUnavailable = "Fan control unavailable on this computer",
+                               .graphics = "Graphics",
+                               .noGraphics = "No graphics figures",
+                               .power = "Share of processor time",
+                               .processNotes = Linux::processNotes()},
     };
 }
 

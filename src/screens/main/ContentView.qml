@@ -68,6 +68,7 @@ FocusScope {
 
     HistoryView {
         entries: root.app.clean.history
+        motion: root.app.motion
         visible: root.app.showHistory
         onClosed: root.app.showHistory = false
     }

@@ -36,6 +36,13 @@ QtObject {
         }
     }
     readonly property Component status: Component {
-        StatusView { app: screens.app; focus: true }
+        StatusView {
+            status: screens.app.status
+            motion: screens.app.motion
+            preferences: screens.app.preferences
+            lacksFullDiskAccess: screens.app.asksForFullDiskAccess && !screens.app.hasFullDiskAccess
+            focus: true
+            onFullDiskAccessRequested: screens.app.readFullDiskAccess()
+        }
     }
 }

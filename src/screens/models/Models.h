@@ -11,7 +11,7 @@
 #include "models/program/Preferences.h"
 #include "models/show/MotionPause.h"
 #include "models/show/ShowState.h"
-#include "models/status/Monitor.h"
+#include "models/status/MonitorWatcher.h"
 #include "models/status/StatusState.h"
 
 #include <QtQml/qqml.h>
@@ -65,6 +65,9 @@ struct ForeignMenuBarMetrics {
 struct ForeignMonitor {
     TAVREL_FOREIGN(Monitor)
     QML_UNCREATABLE("owned by the program")
+};
+struct ForeignMonitorWatcher {
+    TAVREL_FOREIGN(MonitorWatcher)
 };
 struct ForeignMotionPause {
     TAVREL_FOREIGN(MotionPause)

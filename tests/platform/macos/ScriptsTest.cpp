@@ -1,4 +1,4 @@
-#include "core/Scripts.h"
+#include "platform/macos/Scripts.h"
 #include "platform/posix/PosixShell.h"
 
 #include <string>

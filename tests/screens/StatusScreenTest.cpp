@@ -99,7 +99,7 @@ TEST_F(StatusScreenTest, AViewThatIsGivenUpHalfMadeWatchesNoMore) {
             }
         })",
                       {});
-    Monitor* monitor = stage_.state().monitor();
+    Monitor* monitor = stage_.state().status()->monitor();
     const std::unique_ptr<QObject> loader(
         component.createWithInitialProperties({{QStringLiteral("monitor"), QVariant::fromValue(monitor)}}));
     ASSERT_NE(loader, nullptr) << component.errorString().toStdString();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Administrator.h"
-#include "platform/posix/Launch.h"
+#include "platform/posix/ChildLaunch.h"
 
 #include <filesystem>
 #include <optional>

@@ -72,9 +72,9 @@ tl::expected<std::unique_ptr<Conversation>, std::error_code> Conversation::start
     for (const std::error_code failed : {input.open(), output.open(), errors.open()}) {
         if (failed) return tl::unexpected(failed);
     }
-    const Launch::Streams streams{input.childs.get(), output.writing.get(), errors.writing.get()};
+    const ChildLaunch::Streams streams{input.childs.get(), output.writing.get(), errors.writing.get()};
     pid_t child = 0;
-    if (const int error = Launch(streams, terminal).start(child, path, args))
+    if (const int error = ChildLaunch(streams, terminal).start(child, path, args))
         return tl::unexpected(std::error_code(error, std::generic_category()));
     return std::unique_ptr<Conversation>(new Conversation(std::move(input.own), std::move(output.reading),
                                                           std::move(errors.reading), child, until));

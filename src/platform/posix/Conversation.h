@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/FileHandle.h"
-#include "platform/posix/Launch.h"
+#include "platform/posix/ChildLaunch.h"
 
 #include <chrono>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "platform/posix/PosixShell.h"
 
 #include "core/Text.h"
-#include "platform/posix/Launch.h"
+#include "platform/posix/ChildLaunch.h"
 
 #include <algorithm>
 #include <array>
@@ -98,7 +98,7 @@ CommandResult runChild(const std::string& path, const std::vector<std::string>& 
     if (const std::error_code error = pipe.open()) return notStarted(error.value());
     const int both = pipe.writing.get();
     pid_t child = 0;
-    const Launch launch({.output = both, .errors = both}, terminal);
+    const ChildLaunch launch({.output = both, .errors = both}, terminal);
     if (const int error = launch.start(child, path, args)) return notStarted(error);
     limit.watch(terminal == PosixShell::Terminal::none ? -child : child);
 

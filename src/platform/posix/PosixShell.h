@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Shell.h"
-#include "platform/posix/Launch.h"
+#include "platform/posix/ChildLaunch.h"
 
 namespace tavrel {
 

@@ -25,7 +25,7 @@ struct Pipe {
 
 /// What a child starts with: three streams, no other handle, and signals as a login would give them rather
 /// than as this program set them.
-class Launch {
+class ChildLaunch {
   public:
     static constexpr int nothingToRead = -1;
 
@@ -35,10 +35,10 @@ class Launch {
         int errors;
     };
 
-    Launch(Streams streams, ChildTerminal terminal);
-    ~Launch();
-    Launch(const Launch&) = delete;
-    Launch& operator=(const Launch&) = delete;
+    ChildLaunch(Streams streams, ChildTerminal terminal);
+    ~ChildLaunch();
+    ChildLaunch(const ChildLaunch&) = delete;
+    ChildLaunch& operator=(const ChildLaunch&) = delete;
 
     /// 0 or the error as `errno` names it; EINVAL for a word with a NUL in it, where the system's call would
     /// end it.

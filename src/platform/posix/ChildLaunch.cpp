@@ -1,4 +1,4 @@
-#include "platform/posix/Launch.h"
+#include "platform/posix/ChildLaunch.h"
 
 #include <algorithm>
 #include <array>
@@ -38,7 +38,7 @@ std::error_code Pipe::open() {
     return failed ? failed : lift(writing);
 }
 
-Launch::Launch(Streams streams, ChildTerminal terminal) {
+ChildLaunch::ChildLaunch(Streams streams, ChildTerminal terminal) {
     ::posix_spawn_file_actions_init(&actions_);
     ::posix_spawnattr_init(&attributes_);
     if (streams.input == nothingToRead) {
@@ -62,12 +62,12 @@ Launch::Launch(Streams streams, ChildTerminal terminal) {
         &attributes_, static_cast<short>(session | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK)));
 }
 
-Launch::~Launch() {
+ChildLaunch::~ChildLaunch() {
     ::posix_spawnattr_destroy(&attributes_);
     ::posix_spawn_file_actions_destroy(&actions_);
 }
 
-int Launch::start(pid_t& child, const std::string& path, const std::vector<std::string>& args) const {
+int ChildLaunch::start(pid_t& child, const std::string& path, const std::vector<std::string>& args) const {
     if (error_ != 0) return error_;
     if (holdsNul(path, args)) return EINVAL;
     std::vector<char*> words = {const_cast<char*>(path.c_str())};
@@ -76,7 +76,7 @@ int Launch::start(pid_t& child, const std::string& path, const std::vector<std::
     return ::posix_spawn(&child, path.c_str(), &actions_, &attributes_, words.data(), environ);
 }
 
-void Launch::note(int error) {
+void ChildLaunch::note(int error) {
     if (error_ == 0) error_ = error;
 }
 

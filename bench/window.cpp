@@ -9,7 +9,6 @@
 #include <QEventLoop>
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <QPromise>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
@@ -190,7 +189,8 @@ int review(int argc, char** argv) {
     }
     const CleanListModel::Found result = found;
     CleanListModel list(
-        "clean", [result] { return QtFuture::makeReadyFuture(result); }, shown.program().services());
+        "clean", [result](const auto& done) { QTimer::singleShot(0, [=] { done(result); }); },
+        shown.program().services());
     ReviewRows rows;
     rows.setSource(&list);
     list.scan();

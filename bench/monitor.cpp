@@ -52,10 +52,10 @@ double sample(const Machine& machine, int watchers) {
     const Spent before = Spent::soFar();
     for (int count = 0; count < samples; ++count) {
         const auto due = sampler.sample(now += interval);
-        if (due.diskSpace) sampler.took(Sensors::DiskSpace{});
-        if (due.accessories) sampler.tookAccessories({});
-        if (due.bluetooth) sampler.tookBluetooth({});
-        if (due.processes) sampler.took(std::vector<ProcessInfo>());
+        if (due.diskSpace) sampler.setDiskSpace(Sensors::DiskSpace{});
+        if (due.accessories) sampler.setAccessories({});
+        if (due.bluetooth) sampler.setBluetooth({});
+        if (due.processes) sampler.setProcesses(std::vector<ProcessInfo>());
     }
     return Spent::soFar().since(before, samples).milliseconds;
 }

@@ -8,6 +8,7 @@
 #include "core/Identity.h"
 #include "engine/Language.h"
 #include "models/program/AppDelegate.h"
+#include "models/show/MotionPause.h"
 
 #include <QFont>
 #include <QIcon>

@@ -48,6 +48,7 @@ Program::Program(Parts parts)
       tools_(std::make_shared<SystemTools>(parts_.profile)),
       sounds_(preferences_, shockwave_, *parts_.soundPlayer, *parts_.clock),
       icons_(*parts_.icons, ownersOf(parts_.profile)),
+      show_(shockwave_, icons_),
       cleaner_(tools_->cleaner(parts_.profile), tools_, parts_.profile.scan.volumeTrashes),
       monitor_({
           .clock = *parts_.clock,
@@ -55,6 +56,7 @@ Program::Program(Parts parts)
           .temperatures = parts_.machine.temperatures,
           .fans = parts_.machine.fans,
           .processes = parts_.machine.processes,
+          .texts = parts_.profile.texts,
       }),
       state_(std::make_unique<AppState>(AppServices{
           .profile = parts_.profile,
@@ -63,7 +65,7 @@ Program::Program(Parts parts)
           .monitor = monitor_,
           .launchAtLogin = *parts_.launchAtLogin,
           .motion = motion_,
-          .shockwave = shockwave_,
+          .show = show_,
       })),
       mainWindow_(*state_) {}
 

@@ -6,9 +6,14 @@
 #include "engine/SystemTools.h"
 #include "models/clean/BackgroundCleaner.h"
 #include "models/program/AppState.h"
+#include "models/program/Preferences.h"
 #include "models/show/FileIcons.h"
+#include "models/show/MotionPause.h"
+#include "models/show/ShowState.h"
 #include "models/show/Sounds.h"
 #include "models/status/Monitor.h"
+#include "models/support/Clock.h"
+#include "platform/LaunchAtLogin.h"
 #include "platform/desktop/IconSource.h"
 #include "platform/desktop/SoundPlayer.h"
 #include "profiles/Profile.h"
@@ -57,6 +62,7 @@ class Program {
     Shockwave shockwave_;
     Sounds sounds_;
     FileIcons icons_;
+    ShowState show_;
     BackgroundCleaner cleaner_;
     Monitor monitor_;
     std::unique_ptr<AppState> state_;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <array>
+#include "core/EnumTable.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,9 +35,8 @@ enum class CleanCategory {
 
 namespace CleanCategories {
 
-inline constexpr std::size_t count = 19;
+inline constexpr auto allCases = enumCases<CleanCategory, 19>();
 
-[[nodiscard]] const std::array<CleanCategory, count>& allCases();
 [[nodiscard]] std::string_view rawValue(CleanCategory category);
 /// The category of that raw value; nothing for any other text.
 [[nodiscard]] std::optional<CleanCategory> fromRawValue(std::string_view text);

@@ -7,41 +7,35 @@ namespace tavrel::CleanModes {
 namespace {
 
 struct Row {
-    std::string_view rawValue;
+    CleanMode value{};
+    std::string_view raw;
     Text::English title;
     std::string_view action;
 };
 
-constexpr std::array<Row, allCases.size()> rows = {{
-    {"system", "System", "clean"},
-    {"ai", "AI", "ai"},
-    {"projects", "Projects", "purge"},
-    {"installers", "Installers", "installers"},
+constexpr EnumTable<Row, allCases.size()> table = {{
+    {CleanMode::system, "system", "System", "clean"},
+    {CleanMode::ai, "ai", "AI", "ai"},
+    {CleanMode::projects, "projects", "Projects", "purge"},
+    {CleanMode::installers, "installers", "Installers", "installers"},
 }};
-
-const Row& row(CleanMode mode) {
-    return rows[static_cast<std::size_t>(mode)];
-}
 
 }  // namespace
 
 std::string_view rawValue(CleanMode mode) {
-    return row(mode).rawValue;
+    return table[mode].raw;
 }
 
 std::optional<CleanMode> fromRawValue(std::string_view text) {
-    for (const CleanMode mode : allCases) {
-        if (rawValue(mode) == text) return mode;
-    }
-    return std::nullopt;
+    return table.find(text);
 }
 
 std::string title(CleanMode mode) {
-    return Text::localized(row(mode).title);
+    return Text::localized(table[mode].title);
 }
 
 std::string_view action(CleanMode mode) {
-    return row(mode).action;
+    return table[mode].action;
 }
 
 std::string_view knownWord(std::string_view word) {

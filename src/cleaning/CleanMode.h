@@ -1,6 +1,7 @@
 #pragma once
 
-#include <array>
+#include "core/EnumTable.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,8 +13,7 @@ enum class CleanMode { system, ai, projects, installers };
 
 namespace CleanModes {
 
-inline constexpr std::array allCases = {CleanMode::system, CleanMode::ai, CleanMode::projects,
-                                        CleanMode::installers};
+inline constexpr auto allCases = enumCases<CleanMode, 4>();
 
 [[nodiscard]] std::string_view rawValue(CleanMode mode);
 [[nodiscard]] std::optional<CleanMode> fromRawValue(std::string_view text);

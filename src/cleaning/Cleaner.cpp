@@ -6,8 +6,6 @@
 #include "core/CheckedSum.h"
 #include "core/Files.h"
 #include "core/Paths.h"
-#include "core/Quoting.h"
-#include "core/Scripts.h"
 #include "core/Text.h"
 #include "disk/FileSizer.h"
 
@@ -30,14 +28,6 @@ void noteRemoved(CleanReport& report, const CleanItem& item) {
 
 void noteSkipped(CleanReport& report, const CleanItem& item, std::string reason) {
     report.skipped.push_back({item, std::move(reason)});
-}
-
-/// What a failed batch says to the person who waits for it.
-std::string failureText(const CommandResult& result) {
-    if (result.output.find(Administrator::dismissed) != std::string::npos) {
-        return Text::localized("Password prompt cancelled");
-    }
-    return Text::trimmed(result.output);
 }
 
 History::Entry entryFor(const CleanReport& report, const std::string& action, Instant now) {
@@ -161,47 +151,48 @@ Trash::Expected<Trash::Trashed> Cleaner::dispose(const Removal::Target& target, 
     });
 }
 
-std::optional<std::string> Cleaner::refusalForRoot(const CleanItem& item, const SafetyGuard& guard) const {
-    // A command of its own names no path that could be judged; the scanner that wrote it is trusted.
-    if (item.adminCommand) return std::nullopt;
+tl::expected<std::optional<RootStep>, std::string> Cleaner::rootStep(const CleanItem& item,
+                                                                     const SafetyGuard& guard) const {
+    // A tool names no path that could be judged. What it may be told is in the table of tools.
+    if (item.rootTool) return *item.rootTool;
+    const auto seen = Removal::identify(tools_.access, item.url);
     const auto verdict = guard.check(item.url);
-    if (!verdict.isAllowed()) return verdict.reason();
-    if (!tools_.administrator.mayName(Paths::standardized(item.url))) {
-        return Text::localized("Others than the administrator can change the folder it is in");
+    if (!verdict.isAllowed()) return tl::unexpected(verdict.reason());
+    if (!seen && Removal::isGone(seen.error())) return std::nullopt;
+    if (!seen) return tl::unexpected(Removal::refusal(seen.error()).reason);
+    const auto path = Paths::standardized(item.url);
+    if (!tools_.administrator.mayRemove(path)) {
+        return tl::unexpected(
+            Text::localized("Others than the administrator can change the folder it is in"));
     }
-    return std::nullopt;
+    return EntryRemoval{path, *seen};
 }
 
 void Cleaner::cleanWithAdmin(const std::vector<CleanItem>& items, const SafetyGuard& safety, Options options,
                              CleanReport& report) const {
     const auto guard = safety.withRoots(tools_.systemRoots);
     std::vector<CleanItem> accepted;
-    std::vector<std::string> commands;
+    std::vector<RootStep> steps;
     for (const auto& item : items) {
-        if (auto reason = refusalForRoot(item, guard)) {
-            noteSkipped(report, item, std::move(*reason));
-            continue;
+        auto step = rootStep(item, guard);
+        if (!step) {
+            noteSkipped(report, item, std::move(step.error()));
+        } else if (*step) {
+            steps.push_back(std::move(**step));
+            accepted.push_back(item);
         }
-        const auto path = Paths::standardized(item.url);
-        commands.push_back(item.adminCommand.value_or("/bin/rm -rf -- " + Quoting::shell(path.native())));
-        accepted.push_back(item);
     }
     if (accepted.empty()) return;
 
-    const auto result = options.dryRun
-                            ? CommandResult{}
-                            : tools_.administrator.run(Scripts::statusBatch(commands), administratorLimit);
-    for (const auto& item : accepted) {
-        // The one status of the batch does not tell its commands apart, so the disk is asked.
-        const auto isGone = [&] {
-            const auto left = Removal::identify(tools_.access, item.url);
-            return !left && Removal::isGone(left.error());
-        };
-        const bool gone = !item.adminCommand && isGone();
-        if (result.status == 0 || gone) {
-            noteRemoved(report, item);
+    const auto outcome = options.dryRun ? std::vector<StepResult>(steps.size())
+                                        : tools_.administrator.run(steps, administratorLimit);
+    for (std::size_t i = 0; i < accepted.size(); ++i) {
+        if (!outcome) {
+            noteSkipped(report, accepted[i], outcome.error().message);
+        } else if (const StepResult& result = outcome->at(i); result.isDone()) {
+            noteRemoved(report, accepted[i]);
         } else {
-            noteSkipped(report, item, failureText(result));
+            noteSkipped(report, accepted[i], result.reason());
         }
     }
 }

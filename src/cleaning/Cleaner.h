@@ -17,10 +17,12 @@
 #include <string>
 #include <vector>
 
+#include <tl/expected.hpp>
+
 namespace tavrel {
 
 /// Removes what a person agreed to. Each item is vetted again at the moment of action, then deleted, moved to
-/// the Trash, or run as root in one batch; the report says what became of it and the history remembers the
+/// the Trash, or left to root in one batch; the report says what became of it and the history remembers the
 /// run.
 class Cleaner {
   public:
@@ -66,9 +68,9 @@ class Cleaner {
     [[nodiscard]] static Disposal disposal(const CleanItem& item, Options options);
     /// Where the thing lies in the Trash; an empty path when it is deleted.
     [[nodiscard]] Trash::Expected<Trash::Trashed> dispose(const Removal::Target& target, Disposal how) const;
-    /// Why root may not remove the item; nothing when it may.
-    [[nodiscard]] std::optional<std::string> refusalForRoot(const CleanItem& item,
-                                                            const SafetyGuard& guard) const;
+    /// What root is to do to remove the item; nothing when it is gone. The error says why root may not.
+    [[nodiscard]] tl::expected<std::optional<RootStep>, std::string> rootStep(const CleanItem& item,
+                                                                              const SafetyGuard& guard) const;
 
     /// What runs, no older than a second.
     class Watch;

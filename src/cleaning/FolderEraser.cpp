@@ -22,10 +22,6 @@ constexpr std::size_t maxOpenFolders = 32;
 constexpr int maxPasses = 32;
 constexpr std::size_t maxShownColumns = 120;
 
-std::error_code lastError() {
-    return {errno, std::generic_category()};
-}
-
 std::error_code removeName(int folder, const std::string& name, int flags) {
     return ::unlinkat(folder, name.c_str(), flags) == 0 ? std::error_code() : lastError();
 }

@@ -1,5 +1,6 @@
 #include "cleaning/FreedesktopTrash.h"
 
+#include "core/FileHandle.h"
 #include "core/Paths.h"
 
 #include <cctype>
@@ -24,21 +25,6 @@ constexpr const char* sharedFolder = ".Trash";  // on a volume, with a folder fo
 /// On a volume without a shared folder.
 std::string ownFolder(uid_t user) {
     return fmt::format(".Trash-{}", user);
-}
-
-std::error_code lastError() {
-    return {errno, std::generic_category()};
-}
-
-/// Writes all of `content` and sees it on the disk.
-std::error_code writeThrough(int file, std::string_view content) {
-    while (!content.empty()) {
-        const auto written = ::write(file, content.data(), content.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return lastError();
-        content.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return ::fsync(file) == 0 ? std::error_code() : lastError();
 }
 
 }  // namespace

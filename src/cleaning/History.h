@@ -33,8 +33,8 @@ struct Record {
 
 [[nodiscard]] Record load(const std::filesystem::path& file);
 
-/// Puts `entry` first. A file that does not decode is set aside and begun anew. An error is only for the
-/// curious: a history that cannot be written never stops a clean.
+/// Prepends `entry` and rewrites the file atomically; a file that does not decode is renamed aside first.
+/// Returns the error of the write. Callers may ignore it: a history that cannot be written stops no clean.
 std::error_code record(const std::filesystem::path& file, const Entry& entry);
 
 /// Removes the file; nothing happens where there is none.

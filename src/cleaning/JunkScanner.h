@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cleaning/Catalog.h"
 #include "cleaning/CleanItem.h"
+#include "cleaning/CleanRule.h"
 #include "cleaning/Manner.h"
 #include "cleaning/SafetyGuard.h"
 #include "cleaning/SpecialScanners.h"

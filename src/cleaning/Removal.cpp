@@ -65,10 +65,7 @@ Outcome eraseFile(const FolderAccess& access, const Located& located) {
 
 std::filesystem::path Target::path() const {
     std::string text = root.native();
-    for (const auto& component : components) {
-        if (!text.ends_with('/')) text += '/';
-        text += component;
-    }
+    for (const auto& component : components) text = Paths::joined(std::move(text), component);
     return text;
 }
 

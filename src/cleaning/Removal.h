@@ -61,7 +61,7 @@ struct Located {
 /// Deletes the target and everything in it. When it fails part of a folder may be gone, never anything else.
 [[nodiscard]] Outcome erase(const FolderAccess& access, const Target& target);
 
-/// What stands there is not the thing that was vetted.
+/// ESTALE: device, inode or type of the target are not those recorded when it was vetted.
 inline const std::error_code changed(ESTALE, std::generic_category());
 
 /// The words for an error.

@@ -7,6 +7,7 @@
 #include "core/Text.h"
 #include "platform/RunningApplications.h"
 #include "platform/Shell.h"
+#include "platform/root/RootStep.h"
 
 #include <filesystem>
 #include <optional>
@@ -85,21 +86,21 @@ struct SystemCommand {
     };
 
     Path tool;
-    std::string command;  // also the item's name
+    ToolRun run;  // its command line is also the item's name
     std::vector<Empties>
         empties;  // their sizes make the item's; without any the size is unknown and stands as 0
     Risk risk = Risk::safe;
     std::string note;
 };
 
-/// Where disabled revisions of packages lie, and the tool that names and removes them.
+/// Where disabled revisions of packages lie, and the tool that names them.
 struct PackageRevisions {
     Path tool;
     Path folder;
 };
 
-/// Runtimes that applications share, and the tool that removes them. Applications of the other installations
-/// use them too.
+/// Runtimes that applications share, and the tool that removes a user's. Applications of the other
+/// installations use them too.
 struct SharedRuntimes {
     enum class Owner { system, user };
 

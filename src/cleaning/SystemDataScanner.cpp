@@ -4,6 +4,7 @@
 #include "core/CheckedSum.h"
 #include "core/Files.h"
 #include "core/Text.h"
+#include "platform/root/RootTools.h"
 
 #include <algorithm>
 #include <regex>
@@ -43,11 +44,13 @@ CleanItem systemItem(Path url, std::int64_t size, Risk risk, std::string note) {
             .requiresAdmin = true};
 }
 
-/// An item that only its command removes, and that is called what the command is.
-CleanItem commandItem(const std::string& command, std::int64_t size, Risk risk, std::string note) {
-    CleanItem item = systemItem(command, size, risk, std::move(note));
-    item.adminCommand = command;
-    return item;
+/// Adds an item that only a tool removes, and that is called what the tool's command line is. What the tool
+/// would not take is not offered.
+void addToolItem(ToolRun run, std::int64_t size, Risk risk, std::string note, Items& items) {
+    const auto command = RootTools::commandLine(run);
+    if (!command) return;
+    items.push_back(systemItem(*command, size, risk, std::move(note)));
+    items.back().rootTool = std::move(run);
 }
 
 bool qualifies(const SystemFolder& row, const Path& path, Instant now) {
@@ -72,16 +75,14 @@ void folderItems(const SystemFolder& row, const SafetyGuard& safety, Instant now
 }
 
 void snapshotItems(const Path& tool, Shell& shell, Items& items) {
-    static const std::regex date(R"(^\d{4}-\d{2}-\d{2}-\d{6}$)");
     const CommandResult listing = shell.run(tool, {"listlocalsnapshotdates", "/"}, toolLimit);
     if (listing.status != 0) return;
     for (const std::string& line : lines(listing.output)) {
-        if (!std::regex_match(line, date)) continue;
-        CleanItem item = commandItem(
-            tool.native() + " deletelocalsnapshots " + line, 0, Risk::review,
-            localized("Time Machine local snapshot ") + line + localized("; size known only to APFS"));
-        item.url = "/.tavrel-snapshot/" + line;
-        items.push_back(std::move(item));
+        if (!RootTools::fits(RootTools::Argument::date, line)) continue;
+        addToolItem({RootTool::deleteLocalSnapshot, {line}}, 0, Risk::review,
+                    localized("Time Machine local snapshot ") + line + localized("; size known only to APFS"),
+                    items);
+        items.back().url = "/.tavrel-snapshot/" + line;
     }
 }
 
@@ -104,7 +105,7 @@ void commandItems(const SystemCommand& row, Instant now, Items& items) {
     std::int64_t size = 0;
     for (const auto& files : row.empties) size = addBytes(size, emptied(files, files.folder, levels, now));
     if (!row.empties.empty() && size < leastSize) return;
-    items.push_back(commandItem(row.command, size, row.risk, row.note));
+    addToolItem(row.run, size, row.risk, row.note, items);
 }
 
 /// Lines of the package tool's list are "name version revision tracking publisher notes".
@@ -119,11 +120,9 @@ void revisionItems(const PackageRevisions& packages, Shell& shell, Items& items)
         const std::string name = match[1];
         const std::string revision = match[2];
         const Path file = packages.folder / fmt::format("{}_{}.snap", name, revision);
-        // The expression lets nothing pass that a shell would read as more than a word.
-        items.push_back(commandItem(
-            fmt::format("{} remove {} --revision={}", packages.tool.native(), name, revision),
-            FileSizer::size(file), Risk::review,
-            Scanning::note(name, localized("disabled revision; without it there is no way back"))));
+        addToolItem({RootTool::removeSnapRevision, {name, revision}}, FileSizer::size(file), Risk::review,
+                    Scanning::note(name, localized("disabled revision; without it there is no way back")),
+                    items);
     }
 }
 
@@ -149,8 +148,7 @@ Items runtimes(const SharedRuntimes& shared) {
             Scanning::note(runtime, localized("Flatpak runtime that no application uses; size unknown"));
         const std::string name = "runtime/" + runtime;
         if (shared.owner == SharedRuntimes::Owner::system) {
-            items.push_back(commandItem(shared.tool.native() + " uninstall --system --noninteractive " + name,
-                                        0, Risk::review, note));
+            addToolItem({RootTool::uninstallRuntime, {name}}, 0, Risk::review, note, items);
             continue;
         }
         // The tool would look in the home of who runs it.

@@ -13,9 +13,9 @@
 
 namespace tavrel {
 
-/// The user's Trash as an operation: move a vetted thing there, whole, in one rename, or fail with a text and
-/// leave it where it was; and the way back. Nothing in a Trash is ever replaced, and what cannot be moved is
-/// never deleted instead.
+/// Moves vetted targets to the user's Trash by a single rename(2), and back. On failure returns a message and
+/// leaves the target in place. Never replaces an entry of a Trash, and never deletes what cannot be moved.
+/// Blocks.
 class Trash {
   public:
     using Path = std::filesystem::path;

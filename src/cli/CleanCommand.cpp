@@ -132,8 +132,8 @@ bool CleanRun::agreed(const Items& chosen) {
     if (!console_.json()) {
         ItemList::print(console_, chosen, session_.places().home(), [](const CleanItem&) { return true; });
     }
-    return console_.confirm(counted("Remove {} item ({})?", "Remove {} items ({})?", chosen.size(),
-                                    byteCount(Selection::size(chosen))));
+    return console_.confirm(
+        counted("Remove {} item ({})?", "Remove {} items ({})?", chosen.size(), byteCount(sizeOf(chosen))));
 }
 
 /// Programs that the command line calls running keep their items on this family of systems, too.

@@ -62,7 +62,6 @@ void addCommands(CLI::App& app, Command& chosen) {
     Commands::addHistory(app, chosen);
     Commands::addRestore(app, chosen);
     Commands::addSettings(app, chosen);
-    Commands::addSound(app, chosen);
     Commands::addStatus(app, chosen);
     Commands::addWatch(app, chosen);
 }

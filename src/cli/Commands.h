@@ -27,7 +27,6 @@ void addExplore(CLI::App& app, Command& chosen);
 void addHistory(CLI::App& app, Command& chosen);
 void addRestore(CLI::App& app, Command& chosen);
 void addSettings(CLI::App& app, Command& chosen);
-void addSound(CLI::App& app, Command& chosen);
 void addStatus(CLI::App& app, Command& chosen);
 void addWatch(CLI::App& app, Command& chosen);
 

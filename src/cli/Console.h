@@ -55,7 +55,8 @@ class Console {
     /// Asks on the terminal; anything but a clear yes is a no.
     [[nodiscard]] bool confirm(std::string_view question);
 
-    /// Sees to it that the results arrived, and gives the status to end with.
+    /// Flushes standard output. Returns `status`; `undone` in place of `done` if anything could not be
+    /// written.
     [[nodiscard]] int finish(int status);
 
   private:

@@ -1,7 +1,5 @@
 #include "cli/Finders.h"
 
-#include "cleaning/JunkScanner.h"
-#include "cleaning/ProjectPurger.h"
 #include "cli/Arguments.h"
 #include "cli/CategoryNames.h"
 #include "cli/ExitStatus.h"
@@ -11,7 +9,6 @@
 #include <algorithm>
 #include <chrono>
 #include <set>
-#include <utility>
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -21,7 +18,6 @@ namespace tavrel::cli {
 
 namespace {
 
-using Path = std::filesystem::path;
 using Text::localized;
 
 constexpr int longestAge = 36500;  // days; dates further back are no dates of files
@@ -96,64 +92,34 @@ SafetyGuard Finder::guard() const {
 
 Finder::Found Finder::find(Console& console) const {
     Found found{.status = missingRoots(console)};
+    ScanOptions options{.categories = asked(options_.categories),
+                        .running = {},
+                        .staleDays = options_.staleDays,
+                        .sessionAgeDays = options_.sessionAgeDays,
+                        .projectRoots = {}};
+    if (mode_ == CleanMode::system) options.running = options_.withNamed(tools_.running());
+    for (const std::string& root : options_.projectRoots)
+        options.projectRoots.push_back(Arguments::workingFolder() / root);
+
     console.progress(localized("Scanning…"));
-    found.items = itemsOfMode(console);
+    found.items = finders_.find(mode_, session_.preferences(), now(), options, [&](CleanCategory category) {
+        console.progress(phrase("Scanning… {}", CleanCategories::title(category)));
+    });
     console.endProgress();
-
-    if (!options_.categories.empty()) {
-        const auto wanted = asked(options_.categories);
-        std::erase_if(found.items, [&](const CleanItem& item) { return !wanted.contains(item.category); });
-    }
     return found;
-}
-
-Finder::Items Finder::itemsOfMode(Console& console) const {
-    switch (mode_) {
-        case CleanMode::system:
-            return junk(console);
-        case CleanMode::ai:
-            return finders_.ai(options_.sessionAgeDays, guard(), now());
-        case CleanMode::projects:
-            return projects();
-        case CleanMode::installers:
-            return finders_.installers(guard(), now());
-    }
-    return {};
 }
 
 std::map<std::string, CleanMode> Finder::otherModes(const std::vector<std::string>& names) const {
     std::map<std::string, CleanMode> found;
     for (const CleanMode mode : CleanModes::allCases) {
         if (mode == mode_ && options_.categories.empty()) continue;
-        const Items items = finders_.find(mode, session_.preferences(), now());
+        const auto items = finders_.find(mode, session_.preferences(), now());
         for (const std::string& name : names) {
             if (!Selection::named(items, {name}, Arguments::workingFolder()).items.empty())
                 found.emplace(name, mode);
         }
     }
     return found;
-}
-
-Finder::Items Finder::junk(Console& console) const {
-    RunningApplications running = options_.withNamed(tools_.running());
-    std::set<CleanCategory> categories = JunkScanner::systemCategories();
-    if (!options_.categories.empty()) {
-        const auto wanted = asked(options_.categories);
-        std::erase_if(categories, [&](CleanCategory category) { return !wanted.contains(category); });
-    }
-    return finders_.junk(categories, std::move(running), guard(), now(), [&](CleanCategory category) {
-        console.progress(phrase("Scanning… {}", CleanCategories::title(category)));
-    });
-}
-
-Finder::Items Finder::projects() const {
-    const std::int64_t stale =
-        options_.staleDays ? *options_.staleDays : session_.preferences().staleProjectDays;
-    std::vector<Path> roots;
-    roots.reserve(options_.projectRoots.size());
-    for (const std::string& root : options_.projectRoots) roots.push_back(Arguments::workingFolder() / root);
-    roots = roots.empty() ? finders_.projectRoots(session_.preferences()) : ProjectPurger::mergedRoots(roots);
-    return finders_.projects(roots, stale, guard(), now());
 }
 
 int Finder::missingRoots(Console& console) const {

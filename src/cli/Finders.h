@@ -6,7 +6,6 @@
 #include "engine/Finders.h"
 #include "engine/SystemTools.h"
 
-#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -23,7 +22,7 @@ struct FinderOptions {
     std::string mode = "system";
     std::vector<std::string> categories;  // all of the mode when empty
     std::optional<int> staleDays;         // the preference when absent
-    int sessionAgeDays = 90;
+    int sessionAgeDays = ScanOptions().sessionAgeDays;
     std::vector<std::string> projectRoots;  // the preference and what is discovered when empty
     std::vector<std::string> running;       // "identifier=name"
 
@@ -59,11 +58,6 @@ class Finder {
     [[nodiscard]] std::string action() const { return std::string(CleanModes::action(mode_)); }
 
   private:
-    using Items = std::vector<CleanItem>;
-
-    [[nodiscard]] Items junk(Console& console) const;
-    [[nodiscard]] Items projects() const;
-    [[nodiscard]] Items itemsOfMode(Console& console) const;
     [[nodiscard]] int missingRoots(Console& console) const;
 
     const Session& session_;

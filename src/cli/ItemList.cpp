@@ -2,7 +2,6 @@
 
 #include "cleaning/CleanTexts.h"
 #include "cli/Columns.h"
-#include "cli/Selection.h"
 #include "core/ByteCount.h"
 #include "core/Paths.h"
 #include "core/Phrase.h"
@@ -74,7 +73,7 @@ void printGroup(Console& console, CleanCategory category, const std::vector<Clea
                 const std::filesystem::path& home, const Marked& marked) {
     const std::string title = console.styled(Style::strong, CleanCategories::title(category));
     const std::string count = counted("{} item", "{} items", group.size());
-    console.line(fmt::format("{} · {} · {}", title, count, byteCount(Selection::size(group))));
+    console.line(fmt::format("{} · {} · {}", title, count, byteCount(sizeOf(group))));
     console.line(console.styled(Style::dim, CleanCategories::summary(category)));
 
     std::size_t sizeColumns = leastSizeColumns;
@@ -96,15 +95,12 @@ void printGroup(Console& console, CleanCategory category, const std::vector<Clea
 }  // namespace
 
 std::string shown(const std::filesystem::path& path, const std::filesystem::path& home) {
-    const std::string& text = path.native();
-    const bool atHome = home != "/" && Paths::isInside(text, home.native());
-    if (!atHome) return Text::shown(text);
-    return "~" + Text::shown(text.substr(home.native().size()));
+    return Text::shown(Paths::abbreviated(path, home));
 }
 
 void print(Console& console, const std::vector<CleanItem>& items, const std::filesystem::path& home,
            const Marked& marked) {
-    for (const CleanCategory category : CleanCategories::allCases()) {
+    for (const CleanCategory category : CleanCategories::allCases) {
         std::vector<CleanItem> group;
         std::copy_if(items.begin(), items.end(), std::back_inserter(group),
                      [&](const CleanItem& item) { return item.category == category; });

@@ -25,8 +25,8 @@ Value item(const CleanItem& item) {
         {"note", Text::repaired(item.note)},
         {"permanent", item.permanent},
         {"requiresAdmin", item.requiresAdmin},
-        {"adminCommand", item.adminCommand ? Value(Text::exact(*item.adminCommand)) : Value(nullptr)},
-        {"selected", Selection::isPreselected(item)},
+        {"adminCommand", item.rootTool ? Value(item.adminCommand().value_or("")) : Value(nullptr)},
+        {"selected", item.isPreselected()},
     };
 }
 
@@ -40,8 +40,8 @@ Value scan(std::string_view mode, const std::vector<CleanItem>& found) {
     return {
         {"mode", mode},
         {"items", items(found)},
-        {"total", Selection::size(found)},
-        {"selected", Selection::size(Selection::preselected(found))},
+        {"total", sizeOf(found)},
+        {"selected", sizeOf(Selection::preselected(found))},
     };
 }
 

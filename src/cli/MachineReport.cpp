@@ -5,14 +5,13 @@
 #include "core/ByteCount.h"
 #include "core/Decimal.h"
 #include "core/Text.h"
+#include "monitoring/Cards.h"
 #include "monitoring/HealthScore.h"
 #include "monitoring/Processes.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
-#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 namespace tavrel::cli::MachineReport {
@@ -21,8 +20,6 @@ namespace {
 
 using Json::Value;
 using Text::localized;
-
-constexpr std::size_t graphColumns = CardTable::graphColumns;
 
 template <typename Figure>
 Value orNull(const std::optional<Figure>& figure) {
@@ -55,25 +52,6 @@ Value list(const std::vector<Row>& rows, Object object) {
     return all;
 }
 
-/// The last values of a history, a column each.
-std::string sparkline(const std::vector<double>& history, double full = 1) {
-    constexpr std::array levels = {"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
-    const std::size_t count = std::min(history.size(), graphColumns);
-    std::string line(graphColumns - count, ' ');
-    for (std::size_t i = history.size() - count; i < history.size(); ++i) {
-        const double share = std::clamp(history[i] / full, 0.0, 1.0);
-        line += levels.at(static_cast<std::size_t>(std::lround(share * (levels.size() - 1))));
-    }
-    return line;
-}
-
-std::string meter(double share) {
-    const auto filled = static_cast<std::size_t>(std::lround(std::clamp(share, 0.0, 1.0) * graphColumns));
-    std::string line;
-    for (std::size_t i = 0; i < graphColumns; ++i) line += i < filled ? "█" : "░";
-    return line;
-}
-
 /// Names on the left, figures on the right, under their headings.
 class ProcessTable {
   public:
@@ -102,40 +80,6 @@ class ProcessTable {
     std::array<std::size_t, 3> columns_{};
     std::size_t nameColumns_ = 0;
 };
-
-StatusTexts::MetricCard charged(const std::string& title, std::int64_t percent, const std::string& footer) {
-    return {title, fmt::format("{}", percent), "%", footer};
-}
-
-CardTable cards(const MachineFigures& figures, const MachineWords& words) {
-    CardTable table;
-    const int health = healthScore(figures);
-    table.add({localized("Health"), fmt::format("{}", health), StatusTexts::grade(health),
-               Text::shown(figures.chip)},
-              meter(health / 100.0));
-    table.add(StatusTexts::cpu(figures), sparkline(figures.cpuHistory));
-    table.add(StatusTexts::gpu(figures, words), sparkline(figures.gpuHistory));
-    table.add(StatusTexts::memory(figures), sparkline(figures.memoryHistory));
-    table.add(StatusTexts::disk(figures), meter(usedShare(figures.disk)));
-    double peak = 1;
-    for (const double value : figures.networkHistory) peak = std::max(peak, value);
-    table.add(StatusTexts::network(figures), sparkline(figures.networkHistory, peak));
-    table.add(StatusTexts::thermal(figures), meter(StatusTexts::heatShare(figures)));
-    if (figures.battery) {
-        const std::string wear = StatusTexts::batteryWear(*figures.battery);
-        table.add(charged(localized("Battery"), figures.battery->percent,
-                          StatusTexts::batteryState(*figures.battery) + (wear.empty() ? "" : " · ") + wear),
-                  meter(static_cast<double>(figures.battery->percent) / 100));
-    }
-    for (const Sensors::Accessory& accessory : figures.accessories) {
-        table.add(charged(Text::shown(accessory.name), accessory.percent, ""),
-                  meter(static_cast<double>(accessory.percent) / 100));
-    }
-    const StatusTexts::FanCard fans = StatusTexts::fans(figures, words);
-    table.add({fans.title, fans.speed, fans.unit, fans.detail.empty() ? fans.share : fans.detail},
-              meter(fanLoad(figures.fans)));
-    return table;
-}
 
 }  // namespace
 
@@ -185,8 +129,8 @@ Value document(const MachineFigures& figures) {
 }
 
 std::vector<std::string> lines(const Console& console, const MachineFigures& figures,
-                               const MachineWords& words, std::span<const std::string> pinned) {
-    std::vector<std::string> all = cards(figures, words).lines(console);
+                               const PlatformTexts& texts, std::span<const std::string> pinned) {
+    std::vector<std::string> all = tableOf(console, statusCards(figures, texts));
     const auto processes = processRows(figures.processes, ProcessSort::cpu, pinned);
     if (processes.empty()) return all;
     ProcessTable table(console.width());

@@ -23,8 +23,8 @@ std::string summary(const std::vector<CleanItem>& found) {
     for (const CleanItem& item : found) categories.insert(item.category);
     const std::string items = counted("{} item", "{} items", found.size());
     const std::string groups = counted("{} category", "{} categories", categories.size());
-    const auto preselected = Selection::size(Selection::preselected(found));
-    return phrase("{} found: {} in {} · {} preselected", byteCount(Selection::size(found)), items, groups,
+    const auto preselected = sizeOf(Selection::preselected(found));
+    return phrase("{} found: {} in {} · {} preselected", byteCount(sizeOf(found)), items, groups,
                   byteCount(preselected));
 }
 
@@ -34,7 +34,8 @@ void printFound(Console& console, const Session& session, const std::vector<Clea
         console.line(localized("Nothing worth removing right now"));
         return;
     }
-    ItemList::print(console, found, session.places().home(), Selection::isPreselected);
+    ItemList::print(console, found, session.places().home(),
+                    [](const CleanItem& item) { return item.isPreselected(); });
     console.line(console.styled(Console::Style::strong, summary(found)));
     if (console.quiet()) return;
     const std::string command = mode == "system" ? "tavrelctl clean" : "tavrelctl clean " + mode;

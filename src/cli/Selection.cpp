@@ -1,6 +1,5 @@
 #include "cli/Selection.h"
 
-#include "core/CheckedSum.h"
 #include "core/Paths.h"
 #include "core/Text.h"
 
@@ -10,20 +9,11 @@
 
 namespace tavrel::cli::Selection {
 
-bool isPreselected(const CleanItem& item) {
-    return item.risk == Risk::safe;
-}
-
 Items preselected(const Items& found) {
     Items chosen;
-    std::copy_if(found.begin(), found.end(), std::back_inserter(chosen), isPreselected);
+    std::copy_if(found.begin(), found.end(), std::back_inserter(chosen),
+                 [](const CleanItem& item) { return item.isPreselected(); });
     return chosen;
-}
-
-std::int64_t size(const Items& items) {
-    std::int64_t sum = 0;
-    for (const CleanItem& item : items) sum = addBytes(sum, item.size);
-    return sum;
 }
 
 namespace {

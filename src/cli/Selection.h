@@ -2,7 +2,6 @@
 
 #include "cleaning/CleanItem.h"
 
-#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -13,11 +12,7 @@ namespace tavrel::cli::Selection {
 using Items = std::vector<CleanItem>;
 
 /// What is chosen for a person who does not choose: the items that need no second look.
-[[nodiscard]] bool isPreselected(const CleanItem& item);
 [[nodiscard]] Items preselected(const Items& found);
-
-/// Bytes of all the items together.
-[[nodiscard]] std::int64_t size(const Items& items);
 
 /// The items that a person named, in the order they were found, and the names that fit none of them.
 struct Named {

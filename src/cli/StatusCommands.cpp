@@ -37,10 +37,10 @@ class Observation {
 
     void sample() {
         const auto due = sampler_.sample(uptime());
-        if (due.diskSpace) sampler_.took(machine_.sensors->diskSpace());
-        if (due.bluetooth) sampler_.tookBluetooth(machine_.sensors->bluetoothBatteries());
-        if (due.accessories) sampler_.tookAccessories(machine_.sensors->accessories());
-        if (due.processes) sampler_.took(machine_.processes->snapshot());
+        if (due.diskSpace) sampler_.setDiskSpace(machine_.sensors->diskSpace());
+        if (due.bluetooth) sampler_.setBluetooth(machine_.sensors->bluetoothBatteries());
+        if (due.accessories) sampler_.setAccessories(machine_.sensors->accessories());
+        if (due.processes) sampler_.setProcesses(machine_.processes->snapshot());
     }
 
   private:
@@ -50,7 +50,7 @@ class Observation {
 
 std::vector<std::string> linesOf(const Console& console, const MachineFigures& figures,
                                  const Session& session) {
-    return MachineReport::lines(console, figures, session.profile().words,
+    return MachineReport::lines(console, figures, session.profile().texts,
                                 session.preferences().pinnedProcesses);
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string_view>
+#include <system_error>
+
 namespace tavrel {
 
 /// Owns one file descriptor and closes it. Empty when it holds -1.
@@ -23,5 +26,11 @@ class FileHandle {
   private:
     int descriptor_ = -1;
 };
+
+/// The error of the system call that has just failed, as `errno` gives it.
+[[nodiscard]] std::error_code lastError();
+
+/// Writes all of `content` to the open `file` and flushes it to the disk.
+[[nodiscard]] std::error_code writeThrough(int file, std::string_view content);
 
 }  // namespace tavrel

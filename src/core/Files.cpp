@@ -30,21 +30,6 @@ bool hasType(const Path& path, mode_t type) {
     return status && (status->st_mode & S_IFMT) == type;
 }
 
-std::error_code lastError() {
-    return {errno, std::generic_category()};
-}
-
-std::error_code writeAll(int file, std::string_view content) {
-    while (!content.empty()) {
-        const ssize_t written = ::write(file, content.data(), content.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) return lastError();
-        content.remove_prefix(static_cast<std::size_t>(written));
-    }
-    if (::fsync(file) != 0) return lastError();
-    return {};
-}
-
 }  // namespace
 
 bool exists(const Path& path) {
@@ -134,7 +119,7 @@ std::error_code writeAtomically(const Path& file, std::string_view content) {
     std::string temporary = target.native() + ".XXXXXX";
     FileHandle handle(::mkostemp(temporary.data(), O_CLOEXEC));
     if (!handle) return lastError();
-    failed = writeAll(handle.get(), content);
+    failed = writeThrough(handle.get(), content);
     handle.close();
     if (!failed && ::rename(temporary.c_str(), target.c_str()) != 0) failed = lastError();
     if (failed) ::unlink(temporary.c_str());

@@ -12,8 +12,8 @@
 
 #include <tl/expected.hpp>
 
-/// The questions that scanners ask the disk by path, and the one way to replace a small file. What cannot
-/// be read answers "no", "nothing" or an empty list; nothing here throws.
+/// File queries by path, and atomic replacement of small files. On an error a query returns false, nullopt or
+/// an empty list. No function throws. Thread-safe; all block.
 namespace tavrel::Files {
 
 using Path = std::filesystem::path;

@@ -16,6 +16,11 @@ inline constexpr Instant distantPast = Instant::min();
 /// After any file that exists: what stands in for a date that cannot be read where "new" is the answer.
 inline constexpr Instant distantFuture = Instant::max();
 
+/// A span of time in seconds, as formulas use them.
+[[nodiscard]] constexpr double inSeconds(std::chrono::duration<double> span) {
+    return span.count();
+}
+
 /// The moment that a file system notes as seconds since 1970 and nanoseconds below a second. Outside of what
 /// an `Instant` can hold (the years 1678 to 2262) it is the nearest end of that range.
 [[nodiscard]] constexpr Instant instantOf(std::int64_t seconds, std::int64_t nanoseconds) {

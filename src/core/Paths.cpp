@@ -66,6 +66,17 @@ Path expandingTilde(std::string_view text, const Path& home) {
     return text;
 }
 
+std::string abbreviated(const Path& path, const Path& home) {
+    const std::string& text = path.native();
+    if (home == "/" || !isInside(text, home.native())) return text;
+    return "~" + text.substr(home.native().size());
+}
+
+std::string joined(std::string folder, std::string_view name) {
+    if (!folder.ends_with('/')) folder += '/';
+    return folder += name;
+}
+
 std::string extension(const Path& path) {
     const std::string last = name(path);
     const auto dot = last.rfind('.');

@@ -28,6 +28,13 @@ using Path = std::filesystem::path;
 /// `text` with a leading "~" or "~/" replaced by `home`; anything else unchanged.
 [[nodiscard]] Path expandingTilde(std::string_view text, const Path& home);
 
+/// The opposite: "~" or "~/x" for `path` in `home`; any other path unchanged. A home that is "/" has no short
+/// form.
+[[nodiscard]] std::string abbreviated(const Path& path, const Path& home);
+
+/// `folder` and `name` with one slash between them.
+[[nodiscard]] std::string joined(std::string folder, std::string_view name);
+
 /// What stands behind the last dot of the last component, lower case not applied. Empty when there is no
 /// dot, when the dot is the first character, or when nothing follows it.
 [[nodiscard]] std::string extension(const Path& path);

@@ -6,9 +6,9 @@
 
 namespace tavrel::Permissions {
 
-/// Whether the process may see what the system hides from programs by default. `probes` are paths below the
-/// home, of files and folders that the system guards: being able to read one proves the access. A system
-/// that hides nothing has no probes, and there the answer is true.
+/// Returns true if the process can read any of `probes`, or if there are none. `probes` are paths relative to
+/// `home` of files and folders that the system hides from programs by default: reading one proves the access.
+/// Reads the disk.
 [[nodiscard]] bool hasFullDiskAccess(const std::filesystem::path& home,
                                      std::span<const std::string_view> probes);
 

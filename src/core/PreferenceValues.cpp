@@ -11,30 +11,21 @@ namespace tavrel {
 namespace {
 
 struct MetricRow {
-    MenuBarMetric metric;
-    std::string_view rawValue;
+    MenuBarMetric value{};
+    std::string_view raw;
     Text::English title;
     std::string_view symbol;
 };
 
-constexpr std::array metricRows = {
-    MetricRow{MenuBarMetric::cpu, "cpu", "CPU usage", "cpu"},
-    MetricRow{MenuBarMetric::gpu, "gpu", "GPU usage", "rectangle.3.group"},
-    MetricRow{MenuBarMetric::memory, "memory", "Memory usage", "memorychip"},
-    MetricRow{MenuBarMetric::temperature, "temperature", "CPU temperature", "thermometer.medium"},
-    MetricRow{MenuBarMetric::disk, "disk", "Free disk space", "internaldrive"},
-    MetricRow{MenuBarMetric::network, "network", "Network speed", "arrow.up.arrow.down"},
-    MetricRow{MenuBarMetric::battery, "battery", "Battery", "battery.75percent"},
-};
-
-static_assert(metricRows.size() == allMenuBarMetrics.size());
-static_assert(std::ranges::all_of(allMenuBarMetrics, [](MenuBarMetric metric) {
-    return metricRows.at(static_cast<std::size_t>(metric)).metric == metric;
-}));
-
-const MetricRow& row(MenuBarMetric metric) {
-    return metricRows.at(static_cast<std::size_t>(metric));
-}
+constexpr EnumTable<MetricRow, allMenuBarMetrics.size()> metrics = {{
+    {MenuBarMetric::cpu, "cpu", "CPU usage", "cpu"},
+    {MenuBarMetric::gpu, "gpu", "GPU usage", "rectangle.3.group"},
+    {MenuBarMetric::memory, "memory", "Memory usage", "memorychip"},
+    {MenuBarMetric::temperature, "temperature", "CPU temperature", "thermometer.medium"},
+    {MenuBarMetric::disk, "disk", "Free disk space", "internaldrive"},
+    {MenuBarMetric::network, "network", "Network speed", "arrow.up.arrow.down"},
+    {MenuBarMetric::battery, "battery", "Battery", "battery.75percent"},
+}};
 
 constexpr std::array defaultProjectRoots = {
     "~/Developer", "~/Projects", "~/projects",         "~/code",  "~/Code",      "~/dev",
@@ -51,9 +42,9 @@ Value stored(const Texts& texts) {
     std::transform(texts.begin(), texts.end(), exact.begin(), Text::exact);
     return exact;
 }
-Value stored(const Metrics& metrics) {
+Value stored(const Metrics& chosen) {
     Texts raw;
-    for (const MenuBarMetric metric : metrics) raw.emplace_back(rawValue(metric));
+    for (const MenuBarMetric metric : chosen) raw.emplace_back(rawValue(metric));
     return raw;
 }
 Value stored(std::int64_t number) {
@@ -123,22 +114,19 @@ bool readField(const UserDefaults& defaults, const Field& field, PreferenceValue
 }  // namespace
 
 std::string_view rawValue(MenuBarMetric metric) {
-    return row(metric).rawValue;
+    return metrics[metric].raw;
 }
 
 std::optional<MenuBarMetric> menuBarMetric(std::string_view rawValue) {
-    for (const MetricRow& candidate : metricRows) {
-        if (candidate.rawValue == rawValue) return candidate.metric;
-    }
-    return std::nullopt;
+    return metrics.find(rawValue);
 }
 
 std::string title(MenuBarMetric metric) {
-    return Text::localized(row(metric).title);
+    return Text::localized(metrics[metric].title);
 }
 
 std::string_view symbol(MenuBarMetric metric) {
-    return row(metric).symbol;
+    return metrics[metric].symbol;
 }
 
 PreferenceValues::PreferenceValues() : projectRoots(defaultProjectRoots.begin(), defaultProjectRoots.end()) {}

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/EnumTable.h"
 #include "core/UserDefaults.h"
 
-#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -16,10 +16,7 @@ namespace tavrel {
 /// A figure that the menu-bar item can show. The raw text is the case's own name.
 enum class MenuBarMetric { cpu, gpu, memory, temperature, disk, network, battery };
 
-inline constexpr std::array allMenuBarMetrics = {
-    MenuBarMetric::cpu,  MenuBarMetric::gpu,     MenuBarMetric::memory,  MenuBarMetric::temperature,
-    MenuBarMetric::disk, MenuBarMetric::network, MenuBarMetric::battery,
-};
+inline constexpr auto allMenuBarMetrics = enumCases<MenuBarMetric, 7>();
 
 [[nodiscard]] std::string_view rawValue(MenuBarMetric metric);
 [[nodiscard]] std::optional<MenuBarMetric> menuBarMetric(std::string_view rawValue);

@@ -16,20 +16,23 @@ using English = const char*;
 /// Safe from any thread.
 [[nodiscard]] std::string localized(English english);
 
-/// The same where a count decides between two English forms.
+/// Like localized(english); `count` chooses between the forms `one` and `many`.
 [[nodiscard]] std::string localized(English one, English many, unsigned long count);
+
+/// The same for a text that another process has said in English; unchanged when no catalogue holds it.
+[[nodiscard]] std::string translated(const std::string& english);
 
 /// `bytes` as UTF-8, every invalid sequence replaced by U+FFFD.
 [[nodiscard]] std::string repaired(std::string_view bytes);
 [[nodiscard]] bool isUtf8(std::string_view bytes);
 
-/// A path or name for a terminal: control characters and newlines as "\n", "\t" or "\xNN", invalid bytes
-/// as "\xNN", so that no name can move the cursor or forge a line.
+/// Returns `bytes` escaped for display: control characters and newlines as "\n", "\t" or "\xNN", invalid
+/// UTF-8 as "\xNN". The result holds no control character. Not reversible.
 [[nodiscard]] std::string shown(std::string_view bytes);
 
-/// A path as valid UTF-8 that `fromExact` turns back into the very same bytes. Text that is UTF-8 stands as
-/// it is, unless it holds something that reads as an escape; otherwise invalid bytes become "\xNN" and
-/// backslashes are doubled.
+/// Encodes any bytes as valid UTF-8, reversibly (inverse: fromExact). Valid UTF-8 without sequences that read
+/// as an escape is returned unchanged; otherwise backslashes are doubled and invalid bytes become "\xNN".
+/// Made for paths in settings and in JSON.
 [[nodiscard]] std::string exact(std::string_view bytes);
 [[nodiscard]] std::string fromExact(std::string_view text);
 

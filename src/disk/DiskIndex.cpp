@@ -3,16 +3,13 @@
 #include "disk/Ranking.h"
 #include "disk/Tally.h"
 #include "disk/TreeWalk.h"
+#include "platform/FolderReader.h"
 
 #include <sys/stat.h>
 #include <utility>
 
 namespace tavrel::DiskIndex {
-namespace {
-
-constexpr std::int64_t blockSize = 512;  // the unit of st_blocks
-
-}  // namespace
+namespace {}  // namespace
 
 Measurement measure(const std::filesystem::path& path, int recordDepth, std::stop_token stop,
                     unsigned threads, std::atomic<std::uint64_t>* progress) {

@@ -2,14 +2,13 @@
 
 #include "core/CheckedSum.h"
 #include "disk/TreeWalk.h"
+#include "platform/FolderReader.h"
 
 #include <algorithm>
 #include <sys/stat.h>
 
 namespace tavrel::FileSizer {
 namespace {
-
-constexpr std::int64_t blockSize = 512;  // the unit of st_blocks
 
 /// Every name of every file; folders and links are free.
 class ContentSum final : public Survey {

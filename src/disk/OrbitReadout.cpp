@@ -7,8 +7,6 @@
 #include "core/Text.h"
 #include "disk/FileCount.h"
 
-#include <fmt/format.h>
-
 namespace tavrel::OrbitChart {
 
 namespace {
@@ -27,11 +25,6 @@ std::string smallItems(std::size_t count) {
     return counted("{} small item", "{} small items", static_cast<unsigned long>(count));
 }
 
-std::string fileCount(std::int64_t files) {
-    const std::string pattern = Text::localized("{} file", "{} files", static_cast<unsigned long>(files));
-    return fmt::format(fmt::runtime(pattern), FileCount::format(files));
-}
-
 std::string percent(double share) {
     return oneDecimal(share * 100) + "%";
 }
@@ -45,14 +38,14 @@ struct Words {
         const std::int64_t size = entry->size.value_or(0);
         OrbitReadout words = {entry->isFolder ? "folder" : "doc", nameOf(entry->url), byteCount(size),
                               percent(share(size))};
-        if (entry->isFolder && entry->files) words.detail += between + fileCount(*entry->files);
+        if (entry->isFolder && entry->files) words.detail += between + FileCount::text(*entry->files);
         return words;
     }
 
     OrbitReadout operator()(const AnalyzeFocuses::Slice& focus) const {
         const SubSlice& slice = focus.slice;
         return {"folder", sliceName(slice.url), byteCount(slice.size),
-                percent(share(slice.size)) + between + fileCount(slice.files)};
+                percent(share(slice.size)) + between + FileCount::text(slice.files)};
     }
 
     OrbitReadout operator()(const AnalyzeFocuses::Other&) const {
@@ -73,7 +66,7 @@ OrbitReadout readout(const OrbitLayout& layout, const std::optional<AnalyzeFocus
                      const AnalyzeEntry* entry, const OrbitFolder& folder) {
     if (focus) return std::visit(Words{layout, entry}, *focus);
     return {"internaldrive", folder.isRoot ? Text::localized("Whole disk") : nameOf(folder.url),
-            byteCount(folder.total), fileCount(folder.files)};
+            byteCount(folder.total), FileCount::text(folder.files)};
 }
 
 std::string spoken(const OrbitLayout& layout, const OrbitSegment& segment) {

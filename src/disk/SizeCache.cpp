@@ -1,5 +1,7 @@
 #include "disk/SizeCache.h"
 
+#include "core/Paths.h"
+
 #include <algorithm>
 #include <iterator>
 #include <unordered_set>
@@ -9,12 +11,6 @@ namespace tavrel {
 namespace {
 
 using Figure = SizeFamily::Figure;
-
-std::string joined(std::string_view folder, std::string_view name) {
-    std::string path(folder);
-    if (!path.ends_with('/')) path += '/';
-    return path += name;
-}
 
 /// The figures that were there stand; what is new to them is added.
 void add(SizeFamily& older, SizeFamily&& newer) {
@@ -59,7 +55,7 @@ std::vector<SizeCache::Child> SizeCache::children(std::string_view path, std::si
     std::vector<Child> children;
     children.reserve(std::min(most, members.size()));
     std::transform(members.begin(), end, std::back_inserter(children), [&](Member member) {
-        return Child{.path = joined(path, member->first), .info = member->second.info};
+        return Child{.path = Paths::joined(std::string(path), member->first), .info = member->second.info};
     });
     return children;
 }
@@ -112,7 +108,7 @@ void SizeCache::forgetBelow(std::string_view path, SizeFamily::ByFolder::iterato
     if (near == families_.end() || !begins(near, path)) return;
     if (near->first == path) forgotten.families.push_back(families_.extract(near++));
     // Between a folder and what lies below it stand those whose names go on with a lesser letter.
-    const std::string below = joined(path, "");
+    const std::string below = Paths::joined(std::string(path), "");
     auto at = near != families_.end() && begins(near, below) ? near : families_.lower_bound(below);
     const bool isNext = at == near;
     while (at != families_.end() && begins(at, below)) forgotten.families.push_back(families_.extract(at++));

@@ -18,7 +18,6 @@ namespace {
 constexpr unsigned entriesPerStopCheck = 4096;
 constexpr unsigned mostThreads = 8;  // beyond that the file system's own locks are what is waited for
 constexpr std::size_t foldersPerHelper = 32;  // waiting folders that are worth another thread
-constexpr std::int64_t blockSize = 512;       // the unit of st_blocks
 
 using Handle = FolderHandles::Shared;
 

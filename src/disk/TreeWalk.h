@@ -23,7 +23,7 @@ struct Find {
     std::string name;       // where it will be reported
 };
 
-/// What was gathered from the entries of one folder, sub-folders apart.
+/// Totals of the direct entries of one folder, sub-folders excluded. `bytes` is allocated size.
 struct Haul {
     std::int64_t bytes = 0;
     std::int64_t files = 0;

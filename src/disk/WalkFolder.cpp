@@ -1,5 +1,7 @@
 #include "disk/WalkFolder.h"
 
+#include "core/Paths.h"
+
 #include <atomic>
 #include <utility>
 #include <vector>
@@ -26,17 +28,12 @@ std::string WalkFolder::path() const {
     for (const WalkFolder* at = this; at != nullptr; at = at->parent.get()) way.push_back(at);
     std::string text = way.back()->name;
     way.pop_back();
-    for (; !way.empty(); way.pop_back()) {
-        if (!text.ends_with('/')) text += '/';
-        text += way.back()->name;
-    }
+    for (; !way.empty(); way.pop_back()) text = Paths::joined(std::move(text), way.back()->name);
     return text;
 }
 
 std::string WalkFolder::pathOf(std::string_view entryName) const {
-    std::string text = path();
-    if (!text.ends_with('/')) text += '/';
-    return text.append(entryName);
+    return Paths::joined(path(), entryName);
 }
 
 bool WalkPosition::precedes(const WalkPosition& other) const {

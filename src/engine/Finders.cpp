@@ -24,51 +24,53 @@ SafetyGuard Finders::guard(CleanMode mode, const PreferenceValues& preferences) 
     return profile_.safetyGuard(preferences, std::move(extraRoots));
 }
 
-Finders::Items Finders::find(CleanMode mode, const PreferenceValues& preferences, Instant now) const {
+Finders::Items Finders::find(CleanMode mode, const PreferenceValues& preferences, Instant now,
+                             const ScanOptions& options, const JunkScanner::Progress& progress) const {
+    Items found = all(mode, preferences, now, options, progress);
+    if (!options.categories.empty())
+        std::erase_if(found,
+                      [&](const CleanItem& item) { return !options.categories.contains(item.category); });
+    return found;
+}
+
+Finders::Items Finders::all(CleanMode mode, const PreferenceValues& preferences, Instant now,
+                            const ScanOptions& options, const JunkScanner::Progress& progress) const {
     const SafetyGuard safety = guard(mode, preferences);
+    const Places& places = profile_.places;
     switch (mode) {
         case CleanMode::system:
-            return junk(JunkScanner::systemCategories(), tools_.running(), safety, now, [](CleanCategory) {});
+            return junk(safety, now, options, progress);
         case CleanMode::ai:
-            return ai(sessionAgeDays, safety, now);
+            return judgedByUse(
+                SpecialScanners::ai(places.home(), safety, options.sessionAgeDays, now, profile_.aiFolders));
         case CleanMode::projects:
-            return projects(projectRoots(preferences), preferences.staleProjectDays, safety, now);
+            return judgedByUse(ProjectPurger::scan(profile_.projects, projectRoots(preferences, options),
+                                                   options.staleDays.value_or(preferences.staleProjectDays),
+                                                   safety, now));
         case CleanMode::installers:
-            return installers(safety, now);
+            return judgedByUse(InstallerFinder::scan(
+                profile_.installers, {places.downloads(), places.desktop(), places.documents()}, safety,
+                tools_.names(), recentInstallerDays, now));
     }
     return {};
 }
 
-Finders::Items Finders::junk(const std::set<CleanCategory>& categories, RunningApplications running,
-                             const SafetyGuard& guard, Instant now,
+Finders::Items Finders::junk(const SafetyGuard& guard, Instant now, const ScanOptions& options,
                              const JunkScanner::Progress& progress) const {
     const Places& places = profile_.places;
     const JunkScanner::Context context = {
         .root = places.root(),
         .home = places.home(),
         .safety = guard,
-        .running = std::move(running),
+        .running = options.running ? *options.running : tools_.running(),
         .ownBundleID = Identity::bundleID,
         .hasFullDiskAccess = Permissions::hasFullDiskAccess(places.home(), profile_.fullDiskAccessProbes),
         .now = now,
     };
+    std::set<CleanCategory> categories = JunkScanner::systemCategories();
+    if (!options.categories.empty())
+        std::erase_if(categories, [&](CleanCategory each) { return !options.categories.contains(each); });
     return JunkScanner(profile_.scan, tools_.shell(), tools_.names()).scan(categories, context, progress);
-}
-
-Finders::Items Finders::ai(int ageDays, const SafetyGuard& guard, Instant now) const {
-    return judgedByUse(SpecialScanners::ai(profile_.places.home(), guard, ageDays, now, profile_.aiFolders));
-}
-
-Finders::Items Finders::projects(const std::vector<Path>& roots, std::int64_t staleDays,
-                                 const SafetyGuard& guard, Instant now) const {
-    return judgedByUse(ProjectPurger::scan(profile_.projects, roots, staleDays, guard, now));
-}
-
-Finders::Items Finders::installers(const SafetyGuard& guard, Instant now) const {
-    const Places& places = profile_.places;
-    return judgedByUse(InstallerFinder::scan(profile_.installers,
-                                             {places.downloads(), places.desktop(), places.documents()},
-                                             guard, tools_.names(), recentInstallerDays, now));
 }
 
 Finders::Items Finders::judgedByUse(Items items) const {
@@ -76,7 +78,9 @@ Finders::Items Finders::judgedByUse(Items items) const {
     return items;
 }
 
-std::vector<Finders::Path> Finders::projectRoots(const PreferenceValues& preferences) const {
+std::vector<Finders::Path> Finders::projectRoots(const PreferenceValues& preferences,
+                                                 const ScanOptions& options) const {
+    if (!options.projectRoots.empty()) return ProjectPurger::mergedRoots(options.projectRoots);
     const Path& home = profile_.places.home();
     std::vector<Path> roots = preferences.projectRootURLs(home);
     const std::vector<Path> discovered = ProjectPurger::discoveredRoots(home);

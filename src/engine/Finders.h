@@ -11,10 +11,20 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <set>
 #include <vector>
 
 namespace tavrel {
+
+/// What narrows or replaces what the preferences say; as made, nothing.
+struct ScanOptions {
+    std::set<CleanCategory> categories;               // only these groups; every one when empty
+    std::optional<RunningApplications> running;       // for the system mode; those of the machine when absent
+    std::optional<std::int64_t> staleDays;            // the age of an untouched project
+    int sessionAgeDays = 90;                          // the age of an old session of an AI tool
+    std::vector<std::filesystem::path> projectRoots;  // where projects are looked for, and nowhere else
+};
 
 /// What each mode of a clean looks for, and what its guard admits besides the home. Finders only read, and
 /// may run on any thread; `profile` and `tools` must outlive them.
@@ -23,28 +33,23 @@ class Finders {
     using Items = std::vector<CleanItem>;
     using Path = std::filesystem::path;
 
-    static constexpr int sessionAgeDays = 90;
-
     Finders(const Profile& profile, const SystemTools& tools) : profile_(profile), tools_(tools) {}
 
     /// A guard of this moment for what `mode` finds.
     [[nodiscard]] SafetyGuard guard(CleanMode mode, const PreferenceValues& preferences) const;
 
-    /// The whole mode, as the preferences have it.
-    [[nodiscard]] Items find(CleanMode mode, const PreferenceValues& preferences, Instant now) const;
-
-    [[nodiscard]] Items junk(const std::set<CleanCategory>& categories, RunningApplications running,
-                             const SafetyGuard& guard, Instant now,
-                             const JunkScanner::Progress& progress) const;
-    [[nodiscard]] Items ai(int ageDays, const SafetyGuard& guard, Instant now) const;
-    [[nodiscard]] Items projects(const std::vector<Path>& roots, std::int64_t staleDays,
-                                 const SafetyGuard& guard, Instant now) const;
-    [[nodiscard]] Items installers(const SafetyGuard& guard, Instant now) const;
-
-    /// The code folders of the preferences and those that are discovered in the home, merged.
-    [[nodiscard]] std::vector<Path> projectRoots(const PreferenceValues& preferences) const;
+    /// What `mode` finds, in the order of the mode. The system mode calls `progress` before each group.
+    [[nodiscard]] Items find(
+        CleanMode mode, const PreferenceValues& preferences, Instant now, const ScanOptions& options = {},
+        const JunkScanner::Progress& progress = [](CleanCategory) {}) const;
 
   private:
+    [[nodiscard]] Items all(CleanMode mode, const PreferenceValues& preferences, Instant now,
+                            const ScanOptions& options, const JunkScanner::Progress& progress) const;
+    [[nodiscard]] Items junk(const SafetyGuard& guard, Instant now, const ScanOptions& options,
+                             const JunkScanner::Progress& progress) const;
+    [[nodiscard]] std::vector<Path> projectRoots(const PreferenceValues& preferences,
+                                                 const ScanOptions& options) const;
     /// The items, those that are in use for review.
     [[nodiscard]] Items judgedByUse(Items items) const;
 

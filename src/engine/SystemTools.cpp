@@ -2,6 +2,7 @@
 
 #include "cleaning/FlatTrash.h"
 #include "cleaning/FreedesktopTrash.h"
+#include "engine/ExaminedDisk.h"
 #include "platform/FolderAccess.h"
 #include "platform/linux/LinuxAdministrator.h"
 #include "platform/linux/processes/LinuxRunningApplications.h"
@@ -36,10 +37,12 @@ std::unique_ptr<Shell> shellFor(const Places& places) {
 }
 
 /// Asks the way that this very machine asks, whatever system is looked at.
-std::unique_ptr<Administrator> administratorFor(Shell& shell) {
+std::unique_ptr<Administrator> administratorFor(const Profile& profile, Shell& shell,
+                                                ChildTerminal prompting) {
     if (Profiles::ofThisSystem() == Profile::Family::macos)
         return std::make_unique<AppleScriptAdministrator>(shell);
-    return std::make_unique<LinuxAdministrator>(shell);
+    if (!profile.places.isRunningSystem()) return std::make_unique<ExaminedDisk>(profile.scan.system.roots);
+    return std::make_unique<LinuxAdministrator>(prompting);
 }
 
 std::unique_ptr<Trash> trashFor(const Profile& profile) {
@@ -64,7 +67,7 @@ SystemTools::SystemTools(const Profile& profile, PosixShell::Terminal prompting)
       applicationFolders_(desktopEntries(profile.places)),
       shell_(shellFor(profile.places)),
       prompting_(prompting),
-      administrator_(administratorFor(prompting_)),
+      administrator_(administratorFor(profile, prompting_, prompting)),
       trash_(trashFor(profile)),
       names_(namesFor(profile, applicationFolders_)) {}
 

@@ -15,7 +15,8 @@
 namespace tavrel {
 
 /// What stands in for the operating system in one run. On a disk that is only examined no tool of this
-/// machine is asked and none of its programs counts as running; root still removes what is chosen there.
+/// machine is asked and none of its programs counts as running; a process of root still removes what is
+/// chosen there.
 class SystemTools {
   public:
     /// `prompting` says where the question for a password may be asked besides the desktop's own dialog.

@@ -22,14 +22,14 @@ void push(std::vector<double>& history, double value) {
     history.push_back(value);
 }
 
-/// Whether `span` has passed since `last`, which then is now.
-bool comesRound(std::optional<Instant>& last, Instant now, std::chrono::milliseconds span) {
+/// Returns true, and sets `last` to `now`, if `span` has passed since `last`.
+bool isDue(std::optional<Instant>& last, Instant now, std::chrono::milliseconds span) {
     if (last && now - *last < span) return false;
     last = now;
     return true;
 }
 
-/// Of a counter a second; one that went back has started anew.
+/// The increase of a counter a second; 0 for one that was reset.
 double rate(std::uint64_t from, std::uint64_t to, double elapsed) {
     return to < from ? 0 : static_cast<double>(to - from) / elapsed;
 }
@@ -64,7 +64,7 @@ MachineSampler::Due MachineSampler::sample(Instant now) {
     readNetwork(elapsed);
     if (wants(MenuBarMetric::temperature)) readHeat();
     if (isWatched()) figures_.load = sources_.sensors.loadAverage();
-    if (comesRound(last_.slow, now, slow)) readSlowOnes();
+    if (isDue(last_.slow, now, slow)) readSlowOnes();
     ask(&Due::diskSpace, last_.diskSpace, isWatched() ? slow : slowUnwatched, due);
     if (!isWatched()) return due;
 
@@ -129,16 +129,16 @@ void MachineSampler::readSlowOnes() {
 
 void MachineSampler::ask(bool Due::*read, std::optional<Instant>& last, std::chrono::milliseconds pace,
                          Due& due) {
-    if (underWay_.*read || !comesRound(last, lastSample_, pace)) return;
+    if (underWay_.*read || !isDue(last, lastSample_, pace)) return;
     underWay_.*read = due.*read = true;
 }
 
-void MachineSampler::took(Sensors::DiskSpace space) {
+void MachineSampler::setDiskSpace(Sensors::DiskSpace space) {
     figures_.disk = space;
     underWay_.diskSpace = false;
 }
 
-void MachineSampler::tookAccessories(std::vector<Sensors::Accessory> accessories) {
+void MachineSampler::setAccessories(std::vector<Sensors::Accessory> accessories) {
     figures_.accessories = std::move(accessories);
     for (const auto& other : bluetooth_) {
         const auto isThis = [&other](const auto& known) { return known.name == other.name; };
@@ -148,12 +148,12 @@ void MachineSampler::tookAccessories(std::vector<Sensors::Accessory> accessories
     underWay_.accessories = false;
 }
 
-void MachineSampler::tookBluetooth(std::vector<Sensors::Accessory> bluetooth) {
+void MachineSampler::setBluetooth(std::vector<Sensors::Accessory> bluetooth) {
     bluetooth_ = std::move(bluetooth);
     underWay_.bluetooth = false;
 }
 
-void MachineSampler::took(std::vector<ProcessInfo> processes) {
+void MachineSampler::setProcesses(std::vector<ProcessInfo> processes) {
     figures_.processes = std::move(processes);
     underWay_.processes = false;
 }

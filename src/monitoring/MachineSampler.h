@@ -9,18 +9,20 @@
 
 namespace tavrel {
 
-/// Turns readings into figures, rates and histories, and decides what is read when: all day long nobody
-/// looks, and a sample must then cost almost nothing. Reads that block are left to the caller.
+/// Computes figures, rates and histories from readings, and decides which readings are due: few without a
+/// watcher, since that is how it runs all day. Makes no blocking read; those it asks of its caller. Not
+/// thread-safe.
 class MachineSampler {
   public:
-    /// They outlive the sampler.
+    /// Must outlive the sampler.
     struct Sources {
         Sensors& sensors;
         TemperatureReader& temperatures;
         FanReader& fans;
     };
 
-    /// Blocking reads that the caller is to make now, and to hand back with `took`.
+    /// Blocking reads that are due. The caller makes each, on any thread, and passes the result to its setter
+    /// below; until then the read is not due again.
     struct Due {
         bool diskSpace = false;
         bool accessories = false;
@@ -35,19 +37,21 @@ class MachineSampler {
     [[nodiscard]] const MachineFigures& figures() const { return figures_; }
     [[nodiscard]] int watchers() const { return watchers_; }
 
-    /// How many views want everything. True when the first of them has come: it is owed a sample at once.
+    /// Sets the number of views that need full sampling. Returns true on the change from 0: call sample() at
+    /// once.
     [[nodiscard]] bool setWatchers(int count);
-    /// What is read even when nobody watches.
+    /// Sets the figures that are read even without a watcher.
     void setMetrics(std::set<MenuBarMetric> metrics) { metrics_ = std::move(metrics); }
 
-    /// One sample. `now` is of a clock that only goes forward.
+    /// Takes one sample and returns the reads that are due. `now` is the time of a monotonic clock; rates are
+    /// computed over at least half a second.
     [[nodiscard]] Due sample(Instant now);
 
-    void took(Sensors::DiskSpace space);
-    void tookAccessories(std::vector<Sensors::Accessory> accessories);
-    /// They join the accessories when those are next taken.
-    void tookBluetooth(std::vector<Sensors::Accessory> bluetooth);
-    void took(std::vector<ProcessInfo> processes);
+    void setDiskSpace(Sensors::DiskSpace space);
+    void setAccessories(std::vector<Sensors::Accessory> accessories);
+    /// Sets the devices that the next setAccessories() appends, except those of a name that it has itself.
+    void setBluetooth(std::vector<Sensors::Accessory> bluetooth);
+    void setProcesses(std::vector<ProcessInfo> processes);
 
   private:
     [[nodiscard]] bool wants(MenuBarMetric metric) const { return isWatched() || metrics_.contains(metric); }
@@ -59,10 +63,10 @@ class MachineSampler {
     void readNetwork(double elapsed);
     void readHeat();
     void readSlowOnes();
-    /// At its pace; a read that has not come back yet is not made a second time.
+    /// Marks `read` in `due` if `pace` has passed since `last` and no earlier one is under way.
     void ask(bool Due::*read, std::optional<Instant>& last, std::chrono::milliseconds pace, Due& due);
 
-    /// When what is read at a pace of its own was last read.
+    /// Times of the last readings that have an interval of their own.
     struct Last {
         std::optional<Instant> slow;
         std::optional<Instant> diskSpace;

@@ -1,27 +1,42 @@
 #pragma once
 
-#include "platform/Shell.h"
+#include "platform/root/RootStep.h"
 
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <vector>
+
+#include <tl/expected.hpp>
 
 namespace tavrel {
 
-/// Runs shell text as root after asking the user, one prompt for one script.
+/// Has things done as root after asking the user, one prompt for one batch.
 class Administrator {
   public:
-    /// Stands in the output when the user dismissed the prompt.
-    static constexpr const char* dismissed = "-128";
+    /// Why nothing of a batch was done.
+    struct Refusal {
+        enum class Kind {
+            dismissed,    // by the person who was asked
+            unavailable,  // no rights were to be had here
+            timedOut,
+        };
+        Kind kind{};
+        std::string message;  // in the user's words
+    };
+    /// One result a step, in the order of the steps.
+    using Outcome = tl::expected<std::vector<StepResult>, Refusal>;
 
     virtual ~Administrator() = default;
 
-    [[nodiscard]] virtual CommandResult run(const std::string& script,
-                                            std::chrono::duration<double> timeout) = 0;
+    /// Does every step, even after one failed. `timeout` covers the prompt and the work; what was not done by
+    /// then counts as failed, and nobody waits for it. Blocks, so never on the main thread.
+    [[nodiscard]] virtual Outcome run(const std::vector<RootStep>& steps,
+                                      std::chrono::duration<double> timeout) = 0;
 
-    /// Whether a script that names `path` removes what it names: true only when nobody but root can put
-    /// another thing in the place of any folder above it.
-    [[nodiscard]] virtual bool mayName(const std::filesystem::path& path) const = 0;
+    /// Whether root may remove the entry at `path`: only when nobody else can put another thing in the place
+    /// of any folder above it.
+    [[nodiscard]] virtual bool mayRemove(const std::filesystem::path& path) const = 0;
 };
 
 }  // namespace tavrel

@@ -46,10 +46,10 @@ class FolderAccess {
     /// they are admitted, so a link now means that somebody leads elsewhere. Mounts may lie on the way.
     [[nodiscard]] virtual Outcome<FileHandle> openAnchor(const std::filesystem::path& root) const = 0;
 
-    /// Opens the folder that `components` lead to below `anchor`; the anchor again when there are none. ELOOP
-    /// when a component is a link, EXDEV when one is a mount point, EINVAL when one is no plain name, ENOENT
-    /// and ENOTDIR as usual. Where the folder may be searched but not read, the handle may be good for names
-    /// only: listing it then fails with EBADF.
+    /// Opens `anchor`/`components[0]`/... without following links or crossing mounts; no components reopen
+    /// the anchor. Errors: ELOOP for a link, EXDEV for a mount point, EINVAL for what is no plain name,
+    /// ENOENT, ENOTDIR. Where the folder may be searched but not read, the handle may be good for names only:
+    /// listing it then fails with EBADF.
     [[nodiscard]] virtual Outcome<FileHandle> openBeneath(
         int anchor, const std::vector<std::string>& components) const = 0;
     /// Opens the folder that holds the folder behind `handle`: EXDEV when that is another mount, ENOENT when

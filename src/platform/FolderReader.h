@@ -9,6 +9,9 @@
 
 namespace tavrel {
 
+inline constexpr std::int64_t blockSize =
+    512;  // bytes: the unit of st_blocks, whatever the file system's own
+
 /// One entry of a folder with what the walker needs of it.
 struct FolderEntry {
     enum class Kind { file, folder, link, other };

@@ -20,8 +20,8 @@ struct ProcessInfo {
 class ProcessSource {
   public:
     virtual ~ProcessSource() = default;
-    /// The busiest processes, highest processor use first, at most 60; empty on any failure. Blocks for a
-    /// second or so, as use is a difference of two looks; one call at a time, on any thread.
+    /// Returns up to 60 processes by descending processor use; empty on failure. Blocks for about a second,
+    /// in which it takes two readings. Any thread, but not concurrently.
     [[nodiscard]] virtual std::vector<ProcessInfo> snapshot() = 0;
 };
 

@@ -7,10 +7,9 @@
 
 namespace tavrel {
 
-/// The figures of the running machine, one reading at a time: no rates, no history, no errors. What a machine
-/// does not tell has no value, and each figure may be missing on its own.
-///
-/// One thread at a time, except where an operation says that it may run beside the others.
+/// Reads raw counters of the running machine; computes no rates and keeps no history. Each value is nullopt,
+/// empty or without fields set where the machine does not provide it. Not thread-safe, except for methods
+/// that say otherwise.
 class Sensors {
   public:
     /// Ticks that one logical processor has spent since the start of the system.

@@ -13,14 +13,14 @@ struct CommandResult {
     std::string output;  // both streams in the order they came, valid UTF-8; the launch error's text on -1
 };
 
-/// Runs outside commands. No command line is ever parsed: whoever wants a shell names one.
+/// Runs outside commands. No command line is ever parsed: a caller who wants a shell names one.
 class Shell {
   public:
     virtual ~Shell() = default;
 
-    /// Starts the executable at the full path `path` and waits for it. After `timeout` it is told to
-    /// terminate, once; the answer is then whatever it wrote and ended with. Blocks, so never on the main
-    /// thread.
+    /// Runs the executable at the absolute path `path` with `args` (no shell) and blocks until it ends. After
+    /// `timeout` sends SIGTERM once and still waits. Returns its status and output. Not for the main thread;
+    /// any other thread.
     [[nodiscard]] virtual CommandResult run(const std::string& path, const std::vector<std::string>& args,
                                             std::chrono::duration<double> timeout) = 0;
 };

@@ -1,5 +1,7 @@
 #include "profiles/CatalogRow.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -30,31 +32,37 @@ CleanRule::Mode modeOf(const CatalogRow& row) {
     return CleanRule::Mode::whole();
 }
 
+CleanRule ruleOf(const CatalogRow& row) {
+    return {
+        .category = row.category,
+        .path = std::string(row.path),
+        .mode = modeOf(row),
+        .risk = row.risk,
+        .note = Text::localized(row.note),
+        .minAgeDays = row.extra.minAgeDays,
+        .permanent = row.extra.permanent,
+        .reviewWithinDays = row.extra.reviewWithinDays,
+        .magic = std::string(row.extra.magic),
+        .leastSize = row.extra.leastSize,
+        .toTrash = row.extra.toTrash,
+        .owners = words(row.extra.owners),
+        .profiles = words(row.extra.profiles),
+        .keeps = words(row.extra.keeps),
+        .onlyOfInstalled = row.extra.onlyOfInstalled,
+    };
+}
+
 }  // namespace
 
-std::vector<CleanRule> rulesOf(std::span<const CatalogRow> rows) {
+std::vector<CleanRule> rulesOf(std::initializer_list<std::span<const CatalogRow>> groups) {
     std::vector<CleanRule> rules;
-    rules.reserve(rows.size());
-    for (const CatalogRow& row : rows) {
-        rules.push_back({
-            .category = row.category,
-            .path = std::string(row.path),
-            .mode = modeOf(row),
-            .risk = row.risk,
-            .note = Text::localized(row.note),
-            .minAgeDays = row.extra.minAgeDays,
-            .permanent = row.extra.permanent,
-            .reviewWithinDays = row.extra.reviewWithinDays,
-            .magic = std::string(row.extra.magic),
-            .leastSize = row.extra.leastSize,
-            .toTrash = row.extra.toTrash,
-            .owners = words(row.extra.owners),
-            .profiles = words(row.extra.profiles),
-            .keeps = words(row.extra.keeps),
-            .onlyOfInstalled = row.extra.onlyOfInstalled,
-        });
-    }
+    for (const auto rows : groups)
+        std::transform(rows.begin(), rows.end(), std::back_inserter(rules), ruleOf);
     return rules;
+}
+
+void append(std::vector<CleanRule>& rules, std::vector<CleanRule> more) {
+    std::move(more.begin(), more.end(), std::back_inserter(rules));
 }
 
 std::vector<CleanRule> editorRules(std::string_view folder, std::span<const std::string_view> names,

@@ -4,6 +4,7 @@
 #include "core/Text.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -37,7 +38,10 @@ struct CatalogRow {
     Extra extra = {};
 };
 
-[[nodiscard]] std::vector<CleanRule> rulesOf(std::span<const CatalogRow> rows);
+/// The rules of each group of rows after those of the group before it.
+[[nodiscard]] std::vector<CleanRule> rulesOf(std::initializer_list<std::span<const CatalogRow>> groups);
+
+void append(std::vector<CleanRule>& rules, std::vector<CleanRule> more);
 
 /// The rows of code editors: every suffix below every editor's folder, the note beginning with the editor's
 /// name.

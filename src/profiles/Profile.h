@@ -1,6 +1,5 @@
 #pragma once
 
-#include "cleaning/Catalog.h"
 #include "cleaning/InstallerFinder.h"
 #include "cleaning/JunkScanner.h"
 #include "cleaning/ProjectPurger.h"
@@ -9,8 +8,7 @@
 #include "core/Places.h"
 #include "core/PreferenceValues.h"
 #include "disk/ExplorerPlace.h"
-#include "monitoring/MachineWords.h"
-#include "monitoring/ProcessNotes.h"
+#include "monitoring/PlatformTexts.h"
 
 #include <filesystem>
 #include <memory>
@@ -29,19 +27,17 @@ struct Profile {
 
     Family family;
     Places places;
-    Catalog catalog;
-    JunkScanner::Tables scan;  // its rules are the catalog's
+    JunkScanner::Tables scan;
     InstallerFinder::Tables installers;
     std::vector<SpecialScanners::AiFolder> aiFolders = {};  // beside those that every system has
     ProjectPurger::Tables projects;
     SafetyGuard::Lists guardLists;
-    ProcessNotes processNotes;
     std::vector<std::string_view> fullDiskAccessProbes;
     std::vector<std::string_view> packages = {};  // endings of folders that people see as one thing
     TrashLayout trashLayout = TrashLayout::flat;
     std::vector<ExplorerPlace> explorerPlaces = {};
     std::vector<std::string_view> volumeFolders = {};  // in which other volumes are mounted
-    MachineWords words;
+    PlatformTexts texts;
 
     /// A guard of this moment for the user's home.
     [[nodiscard]] SafetyGuard safetyGuard(const PreferenceValues& preferences,

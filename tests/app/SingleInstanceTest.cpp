@@ -1,5 +1,5 @@
 #include "app/Instance.h"
-#include "app/PrivateBus.h"
+#include "app/QtBus.h"
 #include "app/SingleInstance.h"
 
 #include <QDBusMessage>
@@ -17,7 +17,7 @@ namespace tavrel {
 namespace {
 
 using testing::Instance;
-using testing::PrivateBus;
+using testing::QtBus;
 using Claim = SingleInstance::Claim;
 using Start = SingleInstance::Start;
 
@@ -30,7 +30,7 @@ const QStringList byLogin = {QStringLiteral("--login")};
 
 class SingleInstanceTest : public ::testing::Test {
   protected:
-    PrivateBus bus;
+    QtBus bus;
     Instance::Environment environment = {{busVariable, bus.address()}};
 
     [[nodiscard]] Instance::Environment withToken(const QString& token) const {

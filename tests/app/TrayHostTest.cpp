@@ -1,4 +1,4 @@
-#include "app/PrivateBus.h"
+#include "app/QtBus.h"
 #include "app/TrayHost.h"
 
 #include <QDBusMessage>
@@ -13,7 +13,7 @@
 namespace tavrel {
 namespace {
 
-using testing::PrivateBus;
+using testing::QtBus;
 
 const auto service = QStringLiteral("org.kde.StatusNotifierWatcher");
 const auto objectPath = QStringLiteral("/StatusNotifierWatcher");
@@ -56,7 +56,7 @@ class Watcher final : public QDBusVirtualObject {
 
 class TrayHostTest : public ::testing::Test {
   protected:
-    PrivateBus bus;
+    QtBus bus;
     Watcher watcher{bus.connect()};
 
     /// Whether the last change told is to `present`, within a while.

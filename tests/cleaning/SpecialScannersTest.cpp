@@ -145,7 +145,7 @@ TEST_F(SpecialScannersTest, SystemDataIsRotatedOrReportedAndOldEnough) {
         /Library/Logs/DiagnosticReports/new.ips   | 10    | 1)",
            [&] { return system(failing); });
     for (const CleanItem& item : system(failing)) {
-        EXPECT_TRUE(item.permanent && item.requiresAdmin && !item.adminCommand) << item.url;
+        EXPECT_TRUE(item.permanent && item.requiresAdmin && !item.rootTool) << item.url;
     }
 }
 
@@ -156,10 +156,10 @@ TEST_F(SpecialScannersTest, SnapshotsAreReadFromLinesThatAreDates) {
     const auto items = system(shell);
     ASSERT_EQ(items.size(), 2U);
     EXPECT_EQ(items[0].url, "/.tavrel-snapshot/2026-01-02-030405");
-    EXPECT_EQ(items[0].adminCommand, "/usr/bin/tmutil deletelocalsnapshots 2026-01-02-030405");
+    EXPECT_EQ(items[0].adminCommand(), "/usr/bin/tmutil deletelocalsnapshots 2026-01-02-030405");
     EXPECT_EQ(items[0].note, "Time Machine local snapshot 2026-01-02-030405; size known only to APFS");
     EXPECT_EQ(items[0].risk, Risk::review);
-    EXPECT_EQ(items[1].adminCommand, "/usr/bin/tmutil deletelocalsnapshots 2026-01-04-030405");
+    EXPECT_EQ(items[1].adminCommand(), "/usr/bin/tmutil deletelocalsnapshots 2026-01-04-030405");
 }
 
 TEST_F(SpecialScannersTest, DisabledPackageRevisionsAreNamedSafely) {
@@ -170,11 +170,12 @@ TEST_F(SpecialScannersTest, DisabledPackageRevisionsAreNamedSafely) {
                                       .output = "Name    Version  Rev   Tracking  Publisher  Notes\n"
                                                 "core20  20230801 2015  latest    canonical  base\n"
                                                 "core20  20230622 1974  latest    canonical  base,disabled\n"
-                                                "$(x)    1        2     latest    evil       disabled\n"});
+                                                "$(x)    1        2     latest    evil       disabled\n"
+                                                "-y      1        3     latest    evil       disabled\n"});
     const auto items = SpecialScanners::systemData(places, shell, mac.guard(), testing::now());
     ASSERT_EQ(items.size(), 1U);
-    EXPECT_EQ(items[0].adminCommand, tool.native() + " remove core20 --revision=1974");
-    EXPECT_EQ(items[0].url, *items[0].adminCommand) << "a person types what stands there";
+    EXPECT_EQ(items[0].adminCommand(), "/usr/bin/snap remove core20 --revision=1974");
+    EXPECT_EQ(items[0].url, items[0].adminCommand()) << "a person types what stands there";
     EXPECT_EQ(items[0].size, 8192);
     EXPECT_EQ(items[0].risk, Risk::review);
 }
@@ -187,13 +188,13 @@ TEST_F(SpecialScannersTest, ACommandIsOfferedForWhatItWouldEmpty) {
     mac.file("/archives/lock", 100000, 20);
     SpecialScanners::SystemPlaces places{
         .commands = {{.tool = tool,
-                      .command = "/bin/tidy up",
+                      .run = {RootTool::thinPacmanCache, {"2"}},
                       .empties = {{.folder = mac.at("/archives"), .nameHolds = ".deb", .minAgeDays = 14}}}}};
     ScriptedShell shell;
     const auto scan = [&] { return SpecialScanners::systemData(places, shell, mac.guard(), testing::now()); };
     ASSERT_EQ(scan().size(), 1U);
     EXPECT_EQ(scan()[0].size, 2 * 102400);
-    EXPECT_EQ(scan()[0].adminCommand, "/bin/tidy up");
+    EXPECT_EQ(scan()[0].adminCommand(), "/usr/bin/paccache --quiet -rk2");
     places.commands[0].tool = mac.at("/bin/missing");
     EXPECT_TRUE(scan().empty());
 }
@@ -218,7 +219,7 @@ TEST_F(SpecialScannersTest, RuntimesAreUnusedWhenNoApplicationLeadsToThem) {
     ScriptedShell shell;
     const auto scan = [&] { return SpecialScanners::systemData(places, shell, mac.guard(), testing::now()); };
     ASSERT_EQ(scan().size(), 1U);
-    EXPECT_EQ(scan()[0].url, tool.native() + " uninstall --system --noninteractive runtime/kept/x/1");
+    EXPECT_EQ(scan()[0].url, "/usr/bin/flatpak uninstall --system --noninteractive runtime/kept/x/1");
     SpecialScanners::SharedRuntimes ofUser = *places.runtimes;
     ofUser.owner = SpecialScanners::SharedRuntimes::Owner::user;
     const auto own = SpecialScanners::runtimes(ofUser);

@@ -1,4 +1,3 @@
-#include "disk/FileCount.h"
 #include "disk/OrbitPlace.h"
 #include "disk/OrbitReadout.h"
 
@@ -180,14 +179,6 @@ TEST(OrbitReadout, TellsOfTheFocusOrTheFolder) {
     EXPECT_EQ(OrbitChart::spoken(made, made.inner[0]), "Library, 750 MB, 75.0%");
     EXPECT_EQ(OrbitChart::spoken(made, made.outer[0]), "Library / Caches, 500 MB, 50.0%");
     EXPECT_EQ(OrbitChart::spoken(made, made.inner[2]), "1 small item, 1 MB, 0.1%");
-}
-
-TEST(FileCount, IsShortFromAThousandOn) {
-    EXPECT_EQ(FileCount::format(0), "0");
-    EXPECT_EQ(FileCount::format(999), "999");
-    EXPECT_EQ(FileCount::format(1'500), "1.5k");
-    EXPECT_EQ(FileCount::format(12'000), "12k");
-    EXPECT_EQ(FileCount::format(2'500'000), "2.5M");
 }
 
 }  // namespace

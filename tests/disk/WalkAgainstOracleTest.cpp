@@ -1,21 +1,15 @@
 // The walk by a team of threads against a plain fts walk over the same tree.
-#include "disk/Child.h"
 #include "disk/DiskIndex.h"
 #include "disk/FileSizer.h"
 #include "disk/FtsOracle.h"
 #include "disk/Trees.h"
+#include "support/Isolation.h"
 #include "support/Sandbox.h"
 
 #include <atomic>
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -87,13 +81,12 @@ TEST(DeepTree, IsMeasuredExactlyWithFewHandles) {
         const DiskIndex::Measurement expected = ftsMeasure(sandbox.root(), 2, Descent::byWorkingFolder);
         ASSERT_EQ(expected.files, teeth == Teeth::one ? 200 : 100);
         for (const unsigned threads : teamSizes) {
-            EXPECT_EQ(inChild([&]() -> std::string {
-                          const rlimit few = {.rlim_cur = 64, .rlim_max = 64};
-                          if (::setrlimit(RLIMIT_NOFILE, &few) != 0) return "cannot limit the handles";
-                          return difference(DiskIndex::measure(sandbox.root(), 2, {}, threads), expected);
-                      }),
-                      "")
-                << threads << " threads";
+            inChild([&] {
+                const rlimit few = {.rlim_cur = 64, .rlim_max = 64};
+                ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+                EXPECT_EQ(difference(DiskIndex::measure(sandbox.root(), 2, {}, threads), expected), "")
+                    << threads << " threads";
+            });
         }
         ftsRemove(sandbox.root());
     }
@@ -121,34 +114,20 @@ TEST(ChangingTree, GivesSaneFigures) {
     mischief.join();
 }
 
-/// Root reads everything, so a child process becomes nobody first.
 TEST(ClosedFolder, CountsNothing) {
     const Sandbox sandbox;
     sandbox.file("open/file", 5000);
     sandbox.file("shut/file", 5000);
     ASSERT_EQ(::chmod(sandbox.root().c_str(), 0755), 0);
     ASSERT_EQ(::chmod(sandbox.path("shut").c_str(), 0), 0);
-    EXPECT_EQ(inChild([&]() -> std::string {
-                  if (::geteuid() == 0 && ::setuid(65534) != 0) return "cannot become nobody";
-                  const DiskIndex::Measurement found = DiskIndex::measure(sandbox.root(), 1);
-                  if (found.folders.contains(sandbox.path("shut").native()))
-                      return "the shut folder has figures";
-                  if (FileSizer::size(sandbox.root()) != allocated(sandbox.path("open/file")))
-                      return "wrong contents";
-                  return difference(found, ftsMeasure(sandbox.root(), 1));
-              }),
-              "");
-    ASSERT_EQ(::chmod(sandbox.path("shut").c_str(), 0700), 0);
-}
-
-/// Runs `body` in a child that has mounts of its own.
-std::string amongOwnMounts(const std::function<std::string()>& body) {
-    return inChild([&]() -> std::string {
-        if (::unshare(CLONE_NEWNS) != 0 || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {
-            return std::string("skip: no mounts of our own: ") + std::strerror(errno);
-        }
-        return body();
+    const auto ran = asOrdinaryUser([&] {
+        const DiskIndex::Measurement found = DiskIndex::measure(sandbox.root(), 1);
+        EXPECT_FALSE(found.folders.contains(sandbox.path("shut").native()));
+        EXPECT_EQ(FileSizer::size(sandbox.root()), allocated(sandbox.path("open/file")));
+        EXPECT_EQ(difference(found, ftsMeasure(sandbox.root(), 1)), "");
     });
+    ASSERT_EQ(::chmod(sandbox.path("shut").c_str(), 0700), 0);
+    if (ran == Ran::forbidden) GTEST_SKIP() << "cannot become another user here";
 }
 
 TEST(MountedFolders, AreMeasuredLikeASingleWalkDoes) {
@@ -156,28 +135,20 @@ TEST(MountedFolders, AreMeasuredLikeASingleWalkDoes) {
     for (const char* name : {"a/file", "a/disk/hidden", "b/c/file", "b/c/again/hidden", "b/twin/hidden"}) {
         sandbox.file(name, 10'000);
     }
-    const std::string outcome = amongOwnMounts([&]() -> std::string {
-        const auto bind = [&](const char* what, const char* at) {
-            return ::mount(sandbox.path(what).c_str(), sandbox.path(at).c_str(), nullptr, MS_BIND, nullptr) ==
-                   0;
-        };
-        if (::mount("tmpfs", sandbox.path("a/disk").c_str(), "tmpfs", 0, nullptr) != 0)
-            return "skip: no tmpfs";
+    const auto ran = withPrivateMounts([&] {
+        mountMemory(sandbox.path("a/disk"));
         sandbox.file("a/disk/other/device", 100'000);
-        if (!bind("a", "b/twin") || !bind("b", "b/c/again")) return "skip: no bind mounts";
+        bindMount(sandbox.path("a"), sandbox.path("b/twin"));
+        bindMount(sandbox.path("b"), sandbox.path("b/c/again"));
 
         const DiskIndex::Measurement expected = ftsMeasure(sandbox.root(), 5);
-        if (expected.folders.at(sandbox.path("a/disk").native()).files != 0)
-            return "the oracle entered the disk";
-        if (FileSizer::size(sandbox.root()) != ftsContentSize(sandbox.root())) return "wrong contents";
-        for (const unsigned threads : teamSizes) {
-            std::string wrong = difference(DiskIndex::measure(sandbox.root(), 5, {}, threads), expected);
-            if (!wrong.empty()) return wrong;
-        }
-        return {};
+        EXPECT_EQ(expected.folders.at(sandbox.path("a/disk").native()).files, 0)
+            << "the oracle entered the disk";
+        EXPECT_EQ(FileSizer::size(sandbox.root()), ftsContentSize(sandbox.root()));
+        for (const unsigned threads : teamSizes)
+            EXPECT_EQ(difference(DiskIndex::measure(sandbox.root(), 5, {}, threads), expected), "");
     });
-    if (outcome.starts_with("skip: ")) GTEST_SKIP() << outcome;
-    EXPECT_EQ(outcome, "");
+    if (ran == Ran::forbidden) GTEST_SKIP() << "mounting is forbidden here";
 }
 
 }  // namespace

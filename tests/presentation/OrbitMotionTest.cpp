@@ -25,11 +25,6 @@ TEST(OrbitMotion, StreaksAreThoseOfTheSeedAndRunFasterFurtherIn) {
         EXPECT_TRUE(before >= 0 && before < 1);
         EXPECT_NEAR(gone - std::floor(gone), streak.speed, 1e-6);
     }
-    EXPECT_NEAR(OrbitMotion::rimTurn(19), 20, 1e-9);  // once round in 18 seconds
-    EXPECT_EQ(OrbitMotion::swell(0), 1);
-    EXPECT_NEAR(OrbitMotion::swell(1.2083), 1.25, 1e-6);  // a quarter of its swing
-    EXPECT_NEAR(OrbitMotion::rimOpacity(1.7453), 0.95, 1e-6);
-    EXPECT_NEAR(OrbitMotion::hazeOpacity(0.924), 0.13, 1e-6);
 }
 
 TEST(Spring, ArrivesWithoutSwingingOverWhenCritical) {

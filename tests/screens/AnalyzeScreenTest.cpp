@@ -1,5 +1,6 @@
 #include "core/Files.h"
 #include "models/analyze/AnalyzeRows.h"
+#include "models/analyze/AnalyzeState.h"
 #include "screens/Stage.h"
 
 #include <QKeyEvent>
@@ -23,7 +24,7 @@ class AnalyzeScreenTest : public ::testing::Test {
         untilMeasured();
     }
 
-    AnalyzeModel& model() { return *stage_.state().analyze(); }
+    AnalyzeModel& model() { return *stage_.state().analyze()->model(); }
     void untilMeasured() {
         stage_.until("all figures", [this] {
             return model().count() > 0 && model().pendingCount() == 0 && model().knownRefusal(0) != nullptr;

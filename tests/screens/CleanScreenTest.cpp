@@ -1,4 +1,5 @@
 #include "cleaning/History.h"
+#include "models/clean/CleanState.h"
 #include "screens/Stage.h"
 
 #include <array>
@@ -46,7 +47,7 @@ TEST_P(EachMode, GoesFromIdleToTheReport) {
     Stage stage;
     stage.press(mode.tab);
     EXPECT_TRUE(stage.reads(mode.idleTitle));
-    CleanListModel& list = *stage.state().cleanList(static_cast<CleanMode>(GetParam()));
+    CleanListModel& list = *stage.state().clean()->list(static_cast<CleanMode>(GetParam()));
 
     scanAndReview(stage, list);
     EXPECT_TRUE(stage.reads(mode.reviewTitle));
@@ -72,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(CleanScreen, EachMode, ::testing::Range<std::size_t>(0,
 TEST(CleanScreen, APreviewSaysThatItIsOne) {
     Stage stage;
     stage.state().preferences()->setDryRun(true);
-    CleanListModel& list = *stage.state().junk();
+    CleanListModel& list = *stage.state().clean()->junk();
     scanAndReview(stage, list);
     EXPECT_TRUE(stage.reads("Preview mode"));
     cleanUntilDone(stage, list, "Preview");
@@ -81,7 +82,7 @@ TEST(CleanScreen, APreviewSaysThatItIsOne) {
 
 TEST(CleanScreen, IsWorkedByKeysAlone) {
     Stage stage;
-    CleanListModel& list = *stage.state().junk();
+    CleanListModel& list = *stage.state().clean()->junk();
     stage.type(Qt::Key_Space);  // what stands for the thing to do has the focus
     stage.until("the scan's end", [&] { return list.stage() == CleanListModel::Stage::Ready; });
     list.setReviewing(true);
@@ -101,7 +102,7 @@ TEST(CleanScreen, IsWorkedByKeysAlone) {
 TEST(CleanScreen, AnEmptyTrashIsAskedForTwice) {
     Stage stage;
     stage.state().preferences()->setAlwaysTrash(true);
-    CleanListModel& list = *stage.state().junk();
+    CleanListModel& list = *stage.state().clean()->junk();
     scanAndReview(stage, list);
     cleanUntilDone(stage, list, "Clean");
     const fs::path trash = stage.mac().home() / ".Trash";
@@ -114,7 +115,7 @@ TEST(CleanScreen, AnEmptyTrashIsAskedForTwice) {
 
     stage.press("Empty Trash");
     stage.press("Empty Trash");  // the one of the question lies on top
-    stage.until("an empty Trash", [&] { return stage.state().trashEmptier()->isEmptied(); });
+    stage.until("an empty Trash", [&] { return stage.state().clean()->trashEmptier()->isEmptied(); });
     EXPECT_TRUE(fs::is_empty(trash));
     EXPECT_FALSE(stage.textWith("Trash emptied · ").isEmpty());
 }
@@ -128,7 +129,7 @@ TEST(CleanScreen, SaysSoWhenThereIsNothing) {
     stage.press("Installers");
     stage.press("Scan");
     stage.until("the scan's end",
-                [&] { return stage.state().installers()->stage() == CleanListModel::Stage::Ready; });
+                [&] { return stage.state().clean()->installers()->stage() == CleanListModel::Stage::Ready; });
     EXPECT_TRUE(stage.reads("All clear"));
     EXPECT_TRUE(stage.reads("Nothing worth removing right now"));
     EXPECT_FALSE(stage.reads("Review results"));
@@ -137,11 +138,11 @@ TEST(CleanScreen, SaysSoWhenThereIsNothing) {
 TEST(HistorySheet, PutsBackWhatARunMovedToTheTrash) {
     Stage stage;
     stage.press("Installers");
-    CleanListModel& list = *stage.state().installers();
+    CleanListModel& list = *stage.state().clean()->installers();
     scanAndReview(stage, list);
     cleanUntilDone(stage, list, "Remove");
     stage.press("History");
-    HistoryModel& history = *stage.state().history();
+    HistoryModel& history = *stage.state().clean()->history();
     const auto told = [&](HistoryModel::Role role) {
         return history.data(history.index(0), static_cast<int>(role));
     };

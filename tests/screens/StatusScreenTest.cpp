@@ -1,4 +1,12 @@
+#include "models/show/MotionPause.h"
+#include "models/status/StatusState.h"
 #include "screens/Stage.h"
+
+#include <QCoreApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQmlIncubationController>
+#include <memory>
 
 #include <gtest/gtest.h>
 
@@ -50,7 +58,7 @@ class StatusScreenTest : public ::testing::Test {
 };
 
 TEST_F(StatusScreenTest, ShowsEveryFigureAndWatchesOnlyWhileItIsSeen) {
-    Monitor* monitor = stage_.state().monitor();
+    Monitor* monitor = stage_.state().status()->monitor();
     EXPECT_EQ(monitor->processWatchers(), 0);
     open();
     EXPECT_EQ(monitor->processWatchers(), 1);
@@ -71,6 +79,42 @@ TEST_F(StatusScreenTest, ShowsEveryFigureAndWatchesOnlyWhileItIsSeen) {
     EXPECT_EQ(monitor->processWatchers(), 1);
     stage_.state().chooseTab(0);
     stage_.until("nobody watching", [&] { return monitor->processWatchers() == 0; });
+}
+
+TEST_F(StatusScreenTest, AViewThatIsGivenUpHalfMadeWatchesNoMore) {
+    QQmlEngine engine;
+    QQmlIncubationController steps;
+    engine.setIncubationController(&steps);
+    QQmlComponent component(&engine);
+    component.setData(R"(import QtQuick
+        import Tavrel.Models
+        Loader {
+            id: loader
+            required property Monitor monitor
+            active: false
+            asynchronous: true
+            sourceComponent: Item {
+                MonitorWatcher { monitor: loader.monitor }
+                Repeater { model: 500; Item {} }
+            }
+        })",
+                      {});
+    Monitor* monitor = stage_.state().monitor();
+    const std::unique_ptr<QObject> loader(
+        component.createWithInitialProperties({{QStringLiteral("monitor"), QVariant::fromValue(monitor)}}));
+    ASSERT_NE(loader, nullptr) << component.errorString().toStdString();
+    for (const bool whole : {false, true}) {
+        loader->setProperty("active", true);
+        const auto wanted = [&] {
+            return whole ? !steps.incubatingObjectCount() : monitor->processWatchers() > 0;
+        };
+        while (!wanted()) steps.incubateFor(1);
+        EXPECT_EQ(monitor->processWatchers(), 1);
+        EXPECT_EQ(steps.incubatingObjectCount() > 0, !whole);
+        loader->setProperty("active", false);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(monitor->processWatchers(), 0);
+    }
 }
 
 TEST_F(StatusScreenTest, PinsSortsAndExplains) {

@@ -1,3 +1,5 @@
+#include "models/clean/CleanState.h"
+#include "models/program/LoginItem.h"
 #include "screens/Stage.h"
 
 #include <QAccessible>
@@ -36,7 +38,7 @@ std::vector<std::pair<const char*, std::function<void(Stage&)>>> screens() {
         {"review",
          [](Stage& stage) {
              stage.state().chooseTab(0);
-             CleanListModel& list = *stage.state().junk();
+             CleanListModel& list = *stage.state().clean()->junk();
              list.scan();
              stage.until("the scan's end", [&] { return !list.isWorking(); });
              list.setReviewing(true);
@@ -127,9 +129,9 @@ TEST(Window, WorkShowsOnItsTabAndGoesOnBehindAnother) {
     Stage stage;
     stage.press("Scan");
     EXPECT_TRUE(stage.state().isBusy(AppTab::clean) ||
-                stage.state().junk()->stage() == CleanListModel::Stage::Ready);
+                stage.state().clean()->junk()->stage() == CleanListModel::Stage::Ready);
     stage.press("Status");
-    stage.until("the scan's end", [&] { return !stage.state().junk()->isWorking(); });
+    stage.until("the scan's end", [&] { return !stage.state().clean()->junk()->isWorking(); });
     stage.press("Clean");
     EXPECT_TRUE(stage.reads("Review results")) << "what was scanned is lost with the screen";
 }

@@ -3,26 +3,29 @@
 #include "platform/Administrator.h"
 
 #include <functional>
-#include <string>
+#include <optional>
 #include <vector>
 
 namespace tavrel::testing {
 
-/// Plays the person at the password prompt and what the script then does.
+/// Plays the person at the password prompt and what is then done as root.
 class FakeAdministrator final : public Administrator {
   public:
-    CommandResult answer;
+    std::optional<Refusal> refusal;   // of the whole batch
+    std::vector<StepResult> results;  // of its first steps; the others are done
     std::function<void()> act = [] {};
     std::filesystem::path barred;  // what others than root can change
-    std::vector<std::string> scripts;
+    std::vector<std::vector<RootStep>> batches;
 
-    [[nodiscard]] CommandResult run(const std::string& script,
-                                    std::chrono::duration<double> /*timeout*/) override {
-        scripts.push_back(script);
+    [[nodiscard]] Outcome run(const std::vector<RootStep>& steps,
+                              std::chrono::duration<double> /*timeout*/) override {
+        batches.push_back(steps);
         act();
-        return answer;
+        if (refusal) return tl::unexpected(*refusal);
+        results.resize(steps.size());
+        return results;
     }
-    [[nodiscard]] bool mayName(const std::filesystem::path& path) const override { return path != barred; }
+    [[nodiscard]] bool mayRemove(const std::filesystem::path& path) const override { return path != barred; }
 };
 
 }  // namespace tavrel::testing

@@ -1,6 +1,8 @@
 #include "app/Graphics.h"
 #include "app/Launch.h"
 #include "app/Program.h"
+#include "models/analyze/AnalyzeState.h"
+#include "models/clean/CleanState.h"
 #include "sample/SampleMac.h"
 #include "sample/SampleMachine.h"
 #include "support/Sandbox.h"
@@ -114,7 +116,7 @@ class Photographer {
 
     void scan(CleanMode mode) {
         state_.chooseCleanMode(static_cast<int>(mode));
-        CleanListModel* list = state_.cleanList(mode);
+        CleanListModel* list = state_.clean()->list(mode);
         list->scan();
         if (mode == CleanMode::system && strip_.size() == 1) {
             take("clean-scanning", 0);
@@ -124,7 +126,7 @@ class Photographer {
     }
 
     void review() {
-        state_.junk()->setReviewing(true);
+        state_.clean()->junk()->setReviewing(true);
         take("review");
         auto* list = window_->findChild<QQuickItem*>(QStringLiteral("reviewList"));
         if (list == nullptr) throw std::runtime_error("no list to review");
@@ -132,8 +134,8 @@ class Photographer {
         take("review-open");
         state_.preferences()->setDryRun(true);
         take("review-preview", 300);
-        state_.junk()->clean();
-        waitFor("the preview's end", [this] { return !state_.junk()->isWorking(); });
+        state_.clean()->junk()->clean();
+        waitFor("the preview's end", [this] { return !state_.clean()->junk()->isWorking(); });
         take("clean-preview-done", 400);
         state_.preferences()->setDryRun(false);
     }
@@ -141,18 +143,18 @@ class Photographer {
     void clean() {
         constexpr int between = 800;  // milliseconds from frame to frame of the strip
         state_.preferences()->setAlwaysTrash(true);
-        state_.junk()->clean();
+        state_.clean()->junk()->clean();
         for (int frame = 0; frame < 3; ++frame) frameOfStrip(between);
         take("clean-swallowing", 0);
-        while (state_.junk()->isWorking()) frameOfStrip(between);
+        while (state_.clean()->junk()->isWorking()) frameOfStrip(between);
         take("clean-done", 300);
         for (int frame = 0; frame < 3; ++frame) frameOfStrip(between / 2);
         take("clean-resealed", 3500);
         frameOfStrip(0);
         saveStrip();
-        state_.junk()->setReviewing(true);
+        state_.clean()->junk()->setReviewing(true);
         take("review-report");
-        state_.junk()->setReviewing(false);
+        state_.clean()->junk()->setReviewing(false);
         state_.preferences()->setAlwaysTrash(false);
     }
 
@@ -163,9 +165,9 @@ class Photographer {
             state_.chooseCleanMode(static_cast<int>(mode));
             take(std::string("clean-") + name);
             scan(mode);
-            state_.cleanList(mode)->setReviewing(true);
+            state_.clean()->list(mode)->setReviewing(true);
             take(std::string("review-") + name);
-            state_.cleanList(mode)->setReviewing(false);
+            state_.clean()->list(mode)->setReviewing(false);
         }
         for (const AppTab tab : allAppTabs) {
             if (tab == AppTab::clean) continue;
@@ -183,7 +185,7 @@ class Photographer {
 
     /// A removal in the explorer, and what it says of it.
     void explore() {
-        AnalyzeModel* model = state_.analyze();
+        AnalyzeModel* model = state_.analyze()->model();
         waitFor("all figures", [model] { return model->count() > 0 && model->pendingCount() == 0; });
         for (const AnalyzeEntry& entry : model->entries()) {
             if (model->selectedCount() < 2) model->toggleSelection(entry);
@@ -218,9 +220,9 @@ class Photographer {
         state_.chooseCleanMode(static_cast<int>(CleanMode::system));
         take("small-clean");
         scan(CleanMode::system);
-        state_.junk()->setReviewing(true);
+        state_.clean()->junk()->setReviewing(true);
         take("small-review");
-        state_.junk()->setReviewing(false);
+        state_.clean()->junk()->setReviewing(false);
         state_.setShowSettings(true);
         take("small-settings");
     }

@@ -3,6 +3,7 @@
 #include "cleaning/CleanTexts.h"
 #include "core/ByteCount.h"
 #include "core/Text.h"
+#include "disk/FileCount.h"
 #include "models/analyze/AnalyzeTexts.h"
 #include "models/support/PathUrl.h"
 
@@ -264,7 +265,7 @@ QString AnalyzeModel::countText() const {
 }
 
 QString AnalyzeModel::filesText() const {
-    return text(AnalyzeTexts::files(totalFiles()));
+    return text(FileCount::text(totalFiles()));
 }
 
 QString AnalyzeModel::measuringText() const {

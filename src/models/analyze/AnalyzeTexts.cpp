@@ -3,9 +3,6 @@
 #include "core/ByteCount.h"
 #include "core/Paths.h"
 #include "core/Phrase.h"
-#include "disk/FileCount.h"
-
-#include <algorithm>
 
 namespace tavrel::AnalyzeTexts {
 
@@ -15,11 +12,6 @@ std::string folderTitle(const std::filesystem::path& folder, const std::filesyst
 
 std::string items(std::size_t count) {
     return counted("{} item", "{} items", count);
-}
-
-std::string files(std::int64_t count) {
-    return counted("{1} file", "{1} files", static_cast<unsigned long>(std::max<std::int64_t>(count, 0)),
-                   FileCount::format(count));
 }
 
 std::string measuring(std::size_t pending) {

@@ -14,7 +14,6 @@ namespace tavrel::AnalyzeTexts {
 [[nodiscard]] std::string folderTitle(const std::filesystem::path& folder, const std::filesystem::path& root);
 
 [[nodiscard]] std::string items(std::size_t count);
-[[nodiscard]] std::string files(std::int64_t count);
 /// How many things are not measured yet.
 [[nodiscard]] std::string measuring(std::size_t pending);
 

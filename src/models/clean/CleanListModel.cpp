@@ -19,23 +19,17 @@ using Items = CleanListModel::Items;
 using Group = CleanListModel::Group;
 
 std::vector<Group> groupsOf(const Items& items) {
-    std::array<std::vector<std::size_t>, CleanCategories::count> positions;
+    std::array<std::vector<std::size_t>, CleanCategories::allCases.size()> positions;
     for (std::size_t i = 0; i < items.size(); ++i) {
         positions.at(static_cast<std::size_t>(items[i].category)).push_back(i);
     }
     std::vector<Group> groups;
     groups.reserve(positions.size());
-    for (const CleanCategory category : CleanCategories::allCases()) {
+    for (const CleanCategory category : CleanCategories::allCases) {
         auto& ofCategory = positions.at(static_cast<std::size_t>(category));
         if (!ofCategory.empty()) groups.push_back({category, std::move(ofCategory)});
     }
     return groups;
-}
-
-std::int64_t sizeOf(const Items& items) {
-    std::int64_t sum = 0;
-    for (const CleanItem& item : items) sum = addBytes(sum, item.size);
-    return sum;
 }
 
 /// What root removes goes last, so it falls last, too.
@@ -199,7 +193,7 @@ void CleanListModel::setItems(Items items) {
     totalSize_ = sizeOf(items_);
     selection_.clear();
     for (const CleanItem& item : items_) {
-        if (item.risk == Risk::safe) selection_.insert(item.id());
+        if (item.isPreselected()) selection_.insert(item.id());
     }
     Q_EMIT itemsChanged();
     selectionWasChanged();

@@ -3,6 +3,7 @@
 #include "cleaning/CleanItem.h"
 #include "cleaning/CleanPhase.h"
 #include "cleaning/CleanTexts.h"
+#include "models/clean/CleanServices.h"
 #include "models/clean/CleanSession.h"
 #include "models/program/Preferences.h"
 #include "models/show/FileIcons.h"
@@ -22,16 +23,6 @@
 #include <vector>
 
 namespace tavrel {
-
-/// What every clean on screen shares; borrowed for the life of the models.
-struct CleanServices {
-    Clock& clock;
-    Preferences& preferences;
-    FileIcons& icons;
-    Sounds& sounds;
-    CleanRunner& runner;
-    std::function<SafetyGuard(std::vector<std::filesystem::path> extraRoots)> safetyGuard;
-};
 
 /// The one state machine behind every list of removable things: scan, review, clean, report. There is no way
 /// back to idle and no cancel. Lives on the main thread.

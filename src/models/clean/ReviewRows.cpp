@@ -4,6 +4,8 @@
 #include "core/ByteCount.h"
 #include "core/CheckedSum.h"
 #include "core/Phrase.h"
+#include "models/support/Roles.h"
+#include "models/support/Strings.h"
 
 #include <utility>
 
@@ -11,13 +13,9 @@ namespace tavrel {
 
 namespace {
 
-QString text(const std::string& utf8) {
-    return QString::fromStdString(utf8);
-}
-
 /// The last part of the path, or all of a command.
 std::string title(const CleanItem& item) {
-    const bool isSnapshot = item.adminCommand && *item.adminCommand != item.url.native();
+    const bool isSnapshot = item.rootTool && item.adminCommand() != item.url.native();
     return Text::shown(item.isCommand() && !isSnapshot ? item.url.native() : item.url.filename().native());
 }
 
@@ -67,17 +65,17 @@ QVariant ReviewRows::valueOfHead(const Row& row, Role role) const {
     const Tally& tally = tallies_[row.group];
     switch (role) {
         case Role::title:
-            return text(CleanCategories::title(group.category));
+            return toQString(CleanCategories::title(group.category));
         case Role::summary:
-            return text(CleanCategories::summary(group.category));
+            return toQString(CleanCategories::summary(group.category));
         case Role::symbol:
-            return text(std::string(CleanCategories::symbol(group.category)));
+            return toQString(std::string(CleanCategories::symbol(group.category)));
         case Role::countText:
-            return text(counted("{} item", "{} items", group.items.size()));
+            return toQString(counted("{} item", "{} items", group.items.size()));
         case Role::selectedText:
-            return text(phrase("{} selected", tally.selected));
+            return toQString(phrase("{} selected", tally.selected));
         case Role::size:
-            return text(byteCount(tally.selectedSize));
+            return toQString(byteCount(tally.selectedSize));
         default:
             return {};
     }
@@ -87,11 +85,11 @@ QVariant ReviewRows::valueOfItem(const Row& row, Role role) const {
     const CleanItem& item = source_->items()[row.item];
     switch (role) {
         case Role::title:
-            return text(title(item));
+            return toQString(title(item));
         case Role::summary:
-            return text(Text::shown(item.note));
+            return toQString(Text::shown(item.note));
         case Role::size:
-            return text(CleanTexts::size(item));
+            return toQString(CleanTexts::size(item));
         case Role::review:
             return item.risk == Risk::review;
         case Role::permanent:
@@ -104,19 +102,7 @@ QVariant ReviewRows::valueOfItem(const Row& row, Role role) const {
 }
 
 QHash<int, QByteArray> ReviewRows::roleNames() const {
-    using enum Role;
-    static const std::array names = {
-        std::pair{isHead, "isHead"},       std::pair{title, "title"},
-        std::pair{summary, "summary"},     std::pair{symbol, "symbol"},
-        std::pair{countText, "countText"}, std::pair{selectedText, "selectedText"},
-        std::pair{size, "size"},           std::pair{mark, "mark"},
-        std::pair{expanded, "expanded"},   std::pair{review, "review"},
-        std::pair{permanent, "permanent"}, std::pair{admin, "admin"},
-        std::pair{isLast, "isLast"},
-    };
-    QHash<int, QByteArray> roles;
-    for (const auto& [role, name] : names) roles.insert(static_cast<int>(role), name);
-    return roles;
+    return roleNamesOf<Role>();
 }
 
 void ReviewRows::toggle(int row) {
@@ -159,7 +145,7 @@ QString ReviewRows::path(int row) const {
     const Row& asked = rows_[static_cast<std::size_t>(row)];
     if (asked.isHead()) return {};
     const CleanItem& item = source_->items()[asked.item];
-    return item.isCommand() ? QString() : text(Text::repaired(item.url.native()));
+    return item.isCommand() ? QString() : toQString(Text::repaired(item.url.native()));
 }
 
 const CleanListModel::Group& ReviewRows::groupOf(const Row& row) const {

@@ -33,6 +33,7 @@ class ReviewRows : public QAbstractListModel {
         admin,
         isLast  // of its card
     };
+    Q_ENUM(Role)
 
     /// How much of what a checkbox stands for is selected.
     enum class Mark { Off, Mixed, On };

@@ -1,9 +1,15 @@
 #include "models/program/AppState.h"
 
 #include "core/Permissions.h"
+#include "models/analyze/AnalyzeState.h"
+#include "models/apps/AppsState.h"
+#include "models/clean/CleanState.h"
+#include "models/optimize/OptimizeState.h"
+#include "models/program/LoginItem.h"
+#include "models/status/StatusState.h"
+#include "profiles/Profile.h"
 
 #include <array>
-#include <thread>
 #include <utility>
 
 namespace tavrel {
@@ -14,28 +20,11 @@ bool canSeeEverything(const Profile& profile) {
     return Permissions::hasFullDiskAccess(profile.places.home(), profile.fullDiskAccessProbes);
 }
 
-std::string action(CleanMode mode) {
-    return std::string(CleanModes::action(mode));
-}
-
 /// The case at `index`, or nothing where there is none.
 template <typename Enum, std::size_t N>
 std::optional<Enum> caseAt(const std::array<Enum, N>& cases, int index) {
     if (index < 0 || static_cast<std::size_t>(index) >= N) return std::nullopt;
     return cases.at(static_cast<std::size_t>(index));
-}
-
-std::size_t parallelWalks() {
-    return SizeService::parallelWalks(std::thread::hardware_concurrency());
-}
-
-std::vector<DiskWork::PlaceFinder> placeFinders(const Profile& profile) {
-    return {[places = profile.places, offered = profile.explorerPlaces] {
-                return ExplorerPlaces::folders(places, offered);
-            },
-            [places = profile.places, parents = profile.volumeFolders] {
-                return ExplorerPlaces::volumes(places, parents);
-            }};
 }
 
 constexpr std::array allAppsModes = {AppsMode::uninstall, AppsMode::updates, AppsMode::startup};
@@ -52,48 +41,36 @@ QStringList titles(const Cases& cases, Title title) {
 AppState::AppState(AppServices services, QObject* parent)
     : QObject(parent),
       services_(std::move(services)),
-      hasFullDiskAccess_(canSeeEverything(services_.profile)),
-      junk_(action(CleanMode::system), finder(CleanMode::system), services_.clean),
-      ai_(action(CleanMode::ai), finder(CleanMode::ai), services_.clean),
-      projects_(action(CleanMode::projects), finder(CleanMode::projects), services_.clean),
-      installers_(action(CleanMode::installers), finder(CleanMode::installers), services_.clean),
-      history_(services_.profile.places.history(), services_.clean.runner),
-      loginItem_(services_.launchAtLogin),
-      trashEmptier_(services_.clean.runner),
-      diskWork_(services_.profile.packages),
-      sizes_(diskWork_, services_.clean.clock, parallelWalks()),
-      analyze_({
-          .places = services_.profile.places,
-          .clock = services_.clean.clock,
-          .preferences = services_.clean.preferences,
-          .sizes = sizes_,
-          .work = diskWork_,
-          .runner = services_.clean.runner,
-          .safetyGuard = [this] { return services_.clean.safetyGuard({}); },
-      }),
-      places_(placeFinders(services_.profile), diskWork_) {
-    folderRows_.setSource(&analyze_);
-    const Finders finders(services_.profile, *services_.tools);
-    for (const CleanMode mode : CleanModes::allCases) {
-        CleanListModel* list = cleanList(mode);
-        list->setExtraRoots(finders.guard(mode, {}).extraRoots);
-        connect(list, &CleanListModel::phaseChanged, this, &AppState::busyChanged);
-    }
-    connect(&analyze_, &AnalyzeModel::removalChanged, this, &AppState::busyChanged);
+      hasFullDiskAccess_(canSeeEverything(services_.profile)) {
+    makeOnce(clean_, services_.profile, services_.tools, services_.clean);
+    loginItem_ = std::make_unique<LoginItem>(services_.launchAtLogin);
 }
 
 AppState::~AppState() = default;
 
-CleanListModel::Finder AppState::finder(CleanMode mode) {
-    return [this, mode](auto done) {
-        auto scan = [profile = services_.profile, tools = services_.tools, mode,
-                     preferences = preferences()->values(),
-                     now = services_.clean.clock.now()]() -> CleanListModel::Found {
-            const Finders finders(profile, *tools);
-            return std::make_shared<const CleanListModel::Items>(finders.find(mode, preferences, now));
-        };
-        scans_.run(std::move(scan), std::move(done));
-    };
+template <typename State, typename... Arguments>
+State* AppState::makeOnce(std::unique_ptr<State>& state, Arguments&&... arguments) {
+    if (!state) {
+        state = std::make_unique<State>(std::forward<Arguments>(arguments)...);
+        connect(state.get(), &TabState::busyChanged, this, &AppState::busyChanged);
+    }
+    return state.get();
+}
+
+AppsState* AppState::apps() {
+    return makeOnce(apps_);
+}
+
+OptimizeState* AppState::optimize() {
+    return makeOnce(optimize_);
+}
+
+AnalyzeState* AppState::analyze() {
+    return makeOnce(analyze_, services_.profile, services_.clean, services_.monitor);
+}
+
+StatusState* AppState::status() {
+    return makeOnce(status_, services_.monitor);
 }
 
 bool AppState::asksForFullDiskAccess() const {
@@ -137,10 +114,25 @@ void AppState::setReduceMotion(bool on) {
     if (std::exchange(reduceMotion_, on) != on) Q_EMIT reduceMotionChanged();
 }
 
+const TabState* AppState::made(AppTab tab) const {
+    switch (tab) {
+        case AppTab::clean:
+            return clean_.get();
+        case AppTab::apps:
+            return apps_.get();
+        case AppTab::optimize:
+            return optimize_.get();
+        case AppTab::analyze:
+            return analyze_.get();
+        case AppTab::status:
+            return status_.get();
+    }
+    return nullptr;
+}
+
 bool AppState::isBusy(AppTab tab) const {
-    if (tab == AppTab::analyze) return analyze_.isRemoving();
-    if (tab != AppTab::clean) return false;
-    return junk_.isWorking() || ai_.isWorking() || projects_.isWorking() || installers_.isWorking();
+    const TabState* state = made(tab);
+    return state != nullptr && state->isBusy();
 }
 
 QList<bool> AppState::busy() const {
@@ -152,11 +144,6 @@ QList<bool> AppState::busy() const {
 void AppState::readFullDiskAccess() {
     const bool now = canSeeEverything(services_.profile);
     if (std::exchange(hasFullDiskAccess_, now) != now) Q_EMIT hasFullDiskAccessChanged();
-}
-
-CleanListModel* AppState::cleanList(CleanMode mode) {
-    const std::array lists = {&junk_, &ai_, &projects_, &installers_};
-    return lists.at(static_cast<std::size_t>(mode));
 }
 
 }  // namespace tavrel

@@ -1,24 +1,10 @@
 #pragma once
 
 #include "cleaning/CleanMode.h"
-#include "engine/Finders.h"
-#include "models/analyze/AnalyzeModel.h"
-#include "models/analyze/AnalyzeRows.h"
-#include "models/analyze/BackgroundDiskWork.h"
-#include "models/analyze/PlaceList.h"
-#include "models/analyze/SizeService.h"
-#include "models/clean/CleanListModel.h"
-#include "models/clean/HistoryModel.h"
-#include "models/clean/TrashEmptier.h"
+#include "models/program/AppServices.h"
 #include "models/program/AppTab.h"
-#include "models/program/LoginItem.h"
-#include "models/program/Preferences.h"
-#include "models/show/MotionPause.h"
-#include "models/show/Shockwave.h"
-#include "models/status/Monitor.h"
-#include "models/support/Background.h"
-#include "profiles/Profile.h"
 
+#include <QList>
 #include <QObject>
 #include <QStringList>
 #include <functional>
@@ -26,21 +12,27 @@
 
 namespace tavrel {
 
-/// What the state of the program is made over; everything outlives it.
-struct AppServices {
-    const Profile& profile;
-    std::shared_ptr<const SystemTools> tools;  // scans that go on keep them
-    CleanServices clean;
-    Monitor& monitor;
-    LaunchAtLogin& launchAtLogin;
-    MotionPause& motion;
-    Shockwave& shockwave;
-};
+class AnalyzeState;
+class AppsState;
+class CleanState;
+class LoginItem;
+class OptimizeState;
+class StatusState;
+class TabState;
 
-/// The one object that owns every model for the life of the process, so that closing the window stops no work
-/// and loses no result, and that knows what is on show. Screens are handed it as a property.
+/// What is on show, and the object of each tab. It lives as long as the process, so that closing the window
+/// stops no work and loses no result. Lives on the main thread.
 class AppState final : public QObject {
     Q_OBJECT
+    Q_MOC_INCLUDE("models/analyze/AnalyzeState.h")
+    Q_MOC_INCLUDE("models/apps/AppsState.h")
+    Q_MOC_INCLUDE("models/clean/CleanState.h")
+    Q_MOC_INCLUDE("models/optimize/OptimizeState.h")
+    Q_MOC_INCLUDE("models/program/LoginItem.h")
+    Q_MOC_INCLUDE("models/program/Preferences.h")
+    Q_MOC_INCLUDE("models/show/MotionPause.h")
+    Q_MOC_INCLUDE("models/show/ShowState.h")
+    Q_MOC_INCLUDE("models/status/StatusState.h")
     Q_PROPERTY(int tab READ tabIndex WRITE chooseTab NOTIFY tabChanged)
     Q_PROPERTY(int cleanMode READ cleanModeIndex WRITE chooseCleanMode NOTIFY cleanModeChanged)
     Q_PROPERTY(int appsMode READ appsModeIndex WRITE chooseAppsMode NOTIFY appsModeChanged)
@@ -52,21 +44,15 @@ class AppState final : public QObject {
     Q_PROPERTY(QList<bool> busy READ busy NOTIFY busyChanged)
     Q_PROPERTY(QStringList tabTitles READ tabTitles CONSTANT)
     Q_PROPERTY(QStringList cleanModeTitles READ cleanModeTitles CONSTANT)
-    Q_PROPERTY(tavrel::CleanListModel* junk READ junk CONSTANT)
-    Q_PROPERTY(tavrel::CleanListModel* ai READ ai CONSTANT)
-    Q_PROPERTY(tavrel::CleanListModel* projects READ projects CONSTANT)
-    Q_PROPERTY(tavrel::CleanListModel* installers READ installers CONSTANT)
+    Q_PROPERTY(tavrel::CleanState* clean READ clean CONSTANT)
+    Q_PROPERTY(tavrel::AppsState* apps READ apps CONSTANT)
+    Q_PROPERTY(tavrel::OptimizeState* optimize READ optimize CONSTANT)
+    Q_PROPERTY(tavrel::AnalyzeState* analyze READ analyze CONSTANT)
+    Q_PROPERTY(tavrel::StatusState* status READ status CONSTANT)
     Q_PROPERTY(tavrel::Preferences* preferences READ preferences CONSTANT)
-    Q_PROPERTY(tavrel::HistoryModel* history READ history CONSTANT)
-    Q_PROPERTY(tavrel::LoginItem* loginItem READ loginItem CONSTANT)
+    Q_PROPERTY(tavrel::ShowState* show READ show CONSTANT)
     Q_PROPERTY(tavrel::MotionPause* motion READ motion CONSTANT)
-    Q_PROPERTY(tavrel::Shockwave* shockwave READ shockwave CONSTANT)
-    Q_PROPERTY(tavrel::TrashEmptier* trashEmptier READ trashEmptier CONSTANT)
-    Q_PROPERTY(tavrel::Monitor* monitor READ monitor CONSTANT)
-    Q_PROPERTY(tavrel::AnalyzeModel* analyze READ analyze CONSTANT)
-    /// What a folder holds, in the order that was chosen for the table.
-    Q_PROPERTY(tavrel::AnalyzeRows* folderRows READ folderRows CONSTANT)
-    Q_PROPERTY(tavrel::PlaceList* places READ places CONSTANT)
+    Q_PROPERTY(tavrel::LoginItem* loginItem READ loginItem CONSTANT)
 
   public:
     explicit AppState(AppServices services, QObject* parent = nullptr);
@@ -83,12 +69,12 @@ class AppState final : public QObject {
     [[nodiscard]] bool hasFullDiskAccess() const { return hasFullDiskAccess_; }
     /// False where the system hides nothing, so that there is nothing to ask for.
     [[nodiscard]] bool asksForFullDiskAccess() const;
-    /// Whether the user wants less motion on the screen.
+    /// True if the user wants less motion on the screen.
     [[nodiscard]] bool reduceMotion() const { return reduceMotion_; }
     [[nodiscard]] QStringList tabTitles() const;
     [[nodiscard]] QStringList cleanModeTitles() const;
 
-    /// Choosing a tab always leaves the settings. An index that is none changes nothing.
+    /// Shows a tab and leaves the settings, also for the tab on show. An index out of range changes nothing.
     void chooseTab(int index);
     void chooseCleanMode(int index);
     void chooseAppsMode(int index);
@@ -96,32 +82,27 @@ class AppState final : public QObject {
     void setShowSettings(bool on);
     void setReduceMotion(bool on);
 
-    /// Whether work runs on that tab.
+    /// True while work runs on that tab.
     [[nodiscard]] bool isBusy(AppTab tab) const;
+    /// `isBusy` of every tab, in their order.
     [[nodiscard]] QList<bool> busy() const;
 
-    /// Looks again whether the system lets this program see everything.
+    /// Reads anew whether the system lets this program see everything. Blocks on the disk.
     Q_INVOKABLE void readFullDiskAccess();
 
-    [[nodiscard]] CleanListModel* cleanList(CleanMode mode);
-    [[nodiscard]] CleanListModel* junk() { return &junk_; }
-    [[nodiscard]] CleanListModel* ai() { return &ai_; }
-    [[nodiscard]] CleanListModel* projects() { return &projects_; }
-    [[nodiscard]] CleanListModel* installers() { return &installers_; }
-    [[nodiscard]] Preferences* preferences() { return &services_.clean.preferences; }
-    [[nodiscard]] HistoryModel* history() { return &history_; }
-    [[nodiscard]] LoginItem* loginItem() { return &loginItem_; }
-    [[nodiscard]] MotionPause* motion() { return &services_.motion; }
-    [[nodiscard]] Shockwave* shockwave() { return &services_.shockwave; }
-    [[nodiscard]] TrashEmptier* trashEmptier() { return &trashEmptier_; }
-    [[nodiscard]] Monitor* monitor() { return &services_.monitor; }
-    [[nodiscard]] AnalyzeModel* analyze() { return &analyze_; }
-    [[nodiscard]] AnalyzeRows* folderRows() { return &folderRows_; }
-    [[nodiscard]] PlaceList* places() { return &places_; }
-    [[nodiscard]] FileIcons& icons() { return services_.clean.icons; }
-    [[nodiscard]] const Profile& profile() const { return services_.profile; }
+    // The tabs. All but the first are made when they are asked for.
+    [[nodiscard]] CleanState* clean() { return clean_.get(); }
+    [[nodiscard]] AppsState* apps();
+    [[nodiscard]] OptimizeState* optimize();
+    [[nodiscard]] AnalyzeState* analyze();
+    [[nodiscard]] StatusState* status();
 
-    /// Brings the main window up; set by whoever makes windows.
+    [[nodiscard]] Preferences* preferences() { return &services_.clean.preferences; }
+    [[nodiscard]] ShowState* show() { return &services_.show; }
+    [[nodiscard]] MotionPause* motion() { return &services_.motion; }
+    [[nodiscard]] LoginItem* loginItem() { return loginItem_.get(); }
+
+    /// Brings the main window up. Set by the owner of the windows.
     std::function<void()> openMainWindow;
 
   Q_SIGNALS:
@@ -135,10 +116,12 @@ class AppState final : public QObject {
     void busyChanged();
 
   private:
-    [[nodiscard]] CleanListModel::Finder finder(CleanMode mode);
+    /// The object of a tab if it was made; nullptr otherwise.
+    [[nodiscard]] const TabState* made(AppTab tab) const;
+    template <typename State, typename... Arguments>
+    State* makeOnce(std::unique_ptr<State>& state, Arguments&&... arguments);
 
     AppServices services_;
-    Background scans_{Background::Kind::mayBeAbandoned, Background::noLimit};
 
     AppTab tab_ = AppTab::clean;
     CleanMode cleanMode_ = CleanMode::system;
@@ -148,18 +131,12 @@ class AppState final : public QObject {
     bool hasFullDiskAccess_;
     bool reduceMotion_ = false;
 
-    CleanListModel junk_;
-    CleanListModel ai_;
-    CleanListModel projects_;
-    CleanListModel installers_;
-    HistoryModel history_;
-    LoginItem loginItem_;
-    TrashEmptier trashEmptier_;
-    BackgroundDiskWork diskWork_;
-    SizeService sizes_;
-    AnalyzeModel analyze_;
-    AnalyzeRows folderRows_;
-    PlaceList places_;
+    std::unique_ptr<CleanState> clean_;
+    std::unique_ptr<AppsState> apps_;
+    std::unique_ptr<OptimizeState> optimize_;
+    std::unique_ptr<AnalyzeState> analyze_;
+    std::unique_ptr<StatusState> status_;
+    std::unique_ptr<LoginItem> loginItem_;
 };
 
 }  // namespace tavrel

@@ -7,30 +7,27 @@ namespace tavrel {
 namespace {
 
 struct Row {
-    std::string_view rawValue;
+    AppTab value{};
+    std::string_view raw;
     Text::English title;
 };
 
-constexpr std::array<Row, allAppTabs.size()> rows = {{
-    {"clean", "Clean"},
-    {"apps", "Apps"},
-    {"optimize", "Optimize"},
-    {"analyze", "Analyze"},
-    {"status", "Status"},
+constexpr EnumTable<Row, allAppTabs.size()> table = {{
+    {AppTab::clean, "clean", "Clean"},
+    {AppTab::apps, "apps", "Apps"},
+    {AppTab::optimize, "optimize", "Optimize"},
+    {AppTab::analyze, "analyze", "Analyze"},
+    {AppTab::status, "status", "Status"},
 }};
-
-const Row& row(AppTab tab) {
-    return rows[static_cast<std::size_t>(tab)];
-}
 
 }  // namespace
 
 std::string_view rawValue(AppTab tab) {
-    return row(tab).rawValue;
+    return table[tab].raw;
 }
 
 std::string title(AppTab tab) {
-    return Text::localized(row(tab).title);
+    return Text::localized(table[tab].title);
 }
 
 }  // namespace tavrel

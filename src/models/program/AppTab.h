@@ -1,6 +1,7 @@
 #pragma once
 
-#include <array>
+#include "core/EnumTable.h"
+
 #include <string>
 #include <string_view>
 
@@ -9,8 +10,7 @@ namespace tavrel {
 /// The five tabs, in the order they are shown. The raw value is the case's own name.
 enum class AppTab { clean, apps, optimize, analyze, status };
 
-inline constexpr std::array allAppTabs = {AppTab::clean, AppTab::apps, AppTab::optimize, AppTab::analyze,
-                                          AppTab::status};
+inline constexpr auto allAppTabs = enumCases<AppTab, 5>();
 
 [[nodiscard]] std::string_view rawValue(AppTab tab);
 [[nodiscard]] std::string title(AppTab tab);

@@ -1,5 +1,7 @@
 #include "models/program/MenuBarMetrics.h"
 
+#include "models/support/Roles.h"
+
 #include <algorithm>
 
 namespace tavrel {
@@ -39,11 +41,7 @@ QVariant MenuBarMetrics::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> MenuBarMetrics::roleNames() const {
-    return {
-        {static_cast<int>(Role::title), "title"},
-        {static_cast<int>(Role::symbol), "symbol"},
-        {static_cast<int>(Role::shown), "shown"},
-    };
+    return roleNamesOf<Role>();
 }
 
 void MenuBarMetrics::toggle(int row) {

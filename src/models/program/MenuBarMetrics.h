@@ -14,6 +14,7 @@ class MenuBarMetrics : public QAbstractListModel {
 
   public:
     enum class Role { title = Qt::UserRole, symbol, shown };
+    Q_ENUM(Role)
 
     using QAbstractListModel::QAbstractListModel;
 

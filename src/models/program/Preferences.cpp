@@ -21,15 +21,6 @@ QStringList shown(const Texts& texts) {
     return list;
 }
 
-/// "~/x" for what lies in the home, the path itself otherwise.
-std::string abbreviated(const std::filesystem::path& folder, const std::filesystem::path& home) {
-    const std::string& path = folder.native();
-    const std::string& start = home.native();
-    if (path == start) return "~";
-    if (path.starts_with(start + "/")) return "~" + path.substr(start.size());
-    return path;
-}
-
 }  // namespace
 
 struct Preferences::ListField {
@@ -90,7 +81,7 @@ void Preferences::addFolders(PathList list, const std::vector<Path>& folders) {
     Texts& texts = values_.*field(list).member;
     const std::size_t before = texts.size();
     for (const Path& folder : folders) {
-        const std::string text = abbreviated(Paths::standardized(folder), home_);
+        const std::string text = Paths::abbreviated(Paths::standardized(folder), home_);
         if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
     }
     if (texts.size() != before) changed(field(list).key, field(list).signal);

@@ -22,7 +22,7 @@ Monitor::Monitor(MonitorServices services, QObject* parent)
     tick();
 }
 
-/// Samples again and again; the clock may outlive the monitor.
+/// Samples from now on at the interval. The clock may outlive the monitor.
 void Monitor::tick() {
     services_.clock.afterAbout(interval, [self = QPointer(this)] {
         if (!self) return;
@@ -48,36 +48,33 @@ void Monitor::sample() {
         start(
             isReading_.diskSpace, [sensors] { return sensors->diskSpace(); },
             [this](const Sensors::DiskSpace& space) {
-                sampler_.took(space);
+                sampler_.setDiskSpace(space);
                 Q_EMIT sampled();
             });
     if (due.accessories)
         start(
             isReading_.accessories, [sensors] { return sensors->accessories(); },
             [this](const Batteries& batteries) {
-                sampler_.tookAccessories(batteries);
+                sampler_.setAccessories(batteries);
                 Q_EMIT sampled();
             });
     if (due.bluetooth)
         start(
             isReading_.bluetooth, [sensors] { return sensors->bluetoothBatteries(); },
-            [this](const Batteries& batteries) { sampler_.tookBluetooth(batteries); });
+            [this](const Batteries& batteries) { sampler_.setBluetooth(batteries); });
     if (due.processes)
         start(
             isReading_.processes, [source = services_.processes] { return source->snapshot(); },
             [this](const std::vector<ProcessInfo>& processes) {
-                sampler_.took(processes);
+                sampler_.setProcesses(processes);
                 hasSeenProcesses_ = true;
                 Q_EMIT processesChanged();
             });
     Q_EMIT sampled();
 }
 
-void Monitor::setProcessWatchers(int count) {
-    if (count == processWatchers() || count < 0) return;
-    const bool first = sampler_.setWatchers(count);
-    Q_EMIT processWatchersChanged();
-    if (first) sample();
+void Monitor::addWatchers(int change) {
+    if (sampler_.setWatchers(processWatchers() + change)) sample();
 }
 
 void Monitor::setMenuBarMetrics(const std::vector<MenuBarMetric>& metrics) {

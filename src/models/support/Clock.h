@@ -50,9 +50,6 @@ class Clock {
 [[nodiscard]] inline Clock::Duration seconds(double value) {
     return std::chrono::duration_cast<Clock::Duration>(std::chrono::duration<double>(value));
 }
-[[nodiscard]] inline double inSeconds(Clock::Duration duration) {
-    return std::chrono::duration<double>(duration).count();
-}
 
 /// Real time, by the timers of the event loop.
 [[nodiscard]] std::unique_ptr<Clock> systemClock();

@@ -9,8 +9,8 @@ class SoundPlayer {
   public:
     virtual ~SoundPlayer() = default;
 
-    /// Returns at once. `samples` are mono, between -1 and 1, `sampleRate` of them a second; a copy is taken.
-    /// What still plays is heard to its end first.
+    /// Queues `samples` (mono, -1 to 1, `sampleRate` of them a second; copied) after any sound that still
+    /// plays. Does not block.
     virtual void play(std::span<const float> samples, int sampleRate) = 0;
 };
 

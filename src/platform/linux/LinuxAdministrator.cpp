@@ -1,90 +1,131 @@
 #include "platform/linux/LinuxAdministrator.h"
 
 #include "core/Phrase.h"
-#include "core/Scripts.h"
 #include "core/Text.h"
+#include "platform/posix/Conversation.h"
 #include "platform/posix/RootOwnedFolders.h"
+#include "platform/root/LastLine.h"
+#include "platform/root/RootProtocol.h"
 
 #include <algorithm>
-#include <regex>
 #include <string_view>
+#include <system_error>
 
 namespace tavrel {
 namespace {
 
+using Path = std::filesystem::path;
+using Kind = Administrator::Refusal::Kind;
+
 // The exit statuses of pkexec, as its manual page gives them.
-constexpr std::int32_t promptDismissed = 126;
-constexpr std::int32_t notAuthorized = 127;
-constexpr std::int32_t notStarted = -1;
+constexpr int promptDismissed = 126;
+constexpr int notAuthorized = 127;
 
 /// What pkexec says when it gets no rights, and what that means.
-struct Refusal {
+struct Meaning {
     std::string_view said;
     Text::English meaning;
 };
-constexpr Refusal refusals[] = {
+constexpr Meaning meanings[] = {
     {"Not authorized", "Not authorized to act as administrator"},
     {"No authentication agent found", "Nobody could be asked for the administrator's password"},
     {"Error creating textual authentication agent", "Nobody could be asked for the administrator's password"},
     {"Error getting authority", "The system's authorization service (polkit) does not answer"},
 };
 
-/// `line` without the codes that colour a terminal and without other control characters.
-std::string plain(const std::string& line) {
-    static const std::regex codes("\x1b\\[[0-9;?]*[@-~]");
-    std::string text = std::regex_replace(line, codes, "");
-    std::erase_if(text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7f; });
-    return Text::trimmed(text);
+tl::unexpected<Administrator::Refusal> refused(Kind kind, std::string message) {
+    return tl::unexpected(Administrator::Refusal{kind, std::move(message)});
 }
 
-/// Whether a library of the desktop wrote the line for developers.
-bool isWarningOfALibrary(const std::string& line) {
-    static const std::regex warning(R"(^(\*\* )?\([^()]*:\d+\): .*)");
-    return line.size() > 500 || std::regex_match(line, warning);
-}
-
-/// The last line of `output` that is for people.
-std::string lastLine(std::string_view output) {
-    while (!output.empty()) {
-        const std::size_t end = output.find_last_of("\r\n");
-        const std::size_t begin = end == std::string_view::npos ? 0 : end + 1;
-        std::string line = plain(std::string(output.substr(begin)));
-        if (!line.empty() && !isWarningOfALibrary(line)) return line;
-        output = output.substr(0, begin == 0 ? 0 : end);
-    }
-    return {};
-}
-
-std::string whyNoRights(const CommandResult& result) {
-    const std::string last = lastLine(result.output);
-    if (result.status == notStarted)
-        return phrase("Administrator rights need pkexec, which could not be started: {}", last);
-    const auto known = std::find_if(std::begin(refusals), std::end(refusals), [&](const Refusal& refusal) {
-        return result.output.find(refusal.said) != std::string::npos;
+std::string whyNoRights(const std::string& errors) {
+    const auto known = std::find_if(std::begin(meanings), std::end(meanings), [&](const Meaning& row) {
+        return errors.find(row.said) != std::string::npos;
     });
-    if (known != std::end(refusals)) return Text::localized(known->meaning);
+    if (known != std::end(meanings)) return Text::localized(known->meaning);
+    const std::string last = Text::repaired(lastLine(errors));
     if (last.empty()) return Text::localized("Administrator rights could not be obtained");
     return phrase("Administrator rights could not be obtained: {}", last);
 }
 
-}  // namespace
-
-CommandResult LinuxAdministrator::run(const std::string& script, std::chrono::duration<double> timeout) {
-    const bool asks = user_ != 0;
-    CommandResult result = asks ? shell_.run("/usr/bin/pkexec", {"/bin/sh", "-c", script}, timeout)
-                                : shell_.run("/bin/sh", {"-c", script}, timeout);
-    if (asks && result.status == promptDismissed) {
-        result.output = dismissed;
-    } else if (asks && (result.status == notAuthorized || result.status == notStarted)) {
-        result.output = whyNoRights(result);
-    } else if (result.status != 0 && Scripts::markerResults(result.output).empty()) {
-        result.output = lastLine(result.output);
-    }
-    return result;
+std::string tookTooLong() {
+    return Text::localized("It took too long");
 }
 
-bool LinuxAdministrator::mayName(const std::filesystem::path& path) const {
+/// Why there is no helper at the other end.
+tl::unexpected<Administrator::Refusal> notReady(Conversation& helper, bool asked) {
+    const auto status = helper.end();
+    if (!status) return refused(Kind::timedOut, tookTooLong());
+    if (asked && status == promptDismissed)
+        return refused(Kind::dismissed, Text::localized("Password prompt cancelled"));
+    if (asked && status == notAuthorized) return refused(Kind::unavailable, whyNoRights(helper.errors()));
+    const std::string last = Text::repaired(lastLine(helper.errors()));
+    return refused(Kind::unavailable, phrase("Tavrel's helper for administrator work failed: {}",
+                                             last.empty() ? std::to_string(*status) : last));
+}
+
+/// Sends all steps and takes one answer for each.
+std::vector<StepResult> carryOut(Conversation& helper, const std::vector<RootStep>& steps) {
+    for (const RootStep& step : steps) helper.say(RootProtocol::line(step));
+    std::vector<StepResult> results;
+    while (results.size() < steps.size()) {
+        const auto answer = helper.hear();
+        if (!answer) break;
+        results.push_back(RootProtocol::result(*answer));
+    }
+    if (results.size() < steps.size()) {
+        const auto why =
+            helper.isTimeUp()
+                ? tookTooLong()
+                : Text::localized("Tavrel's helper for administrator work ended before it was done");
+        results.resize(steps.size(), StepResult::failed(why));
+    }
+    return results;
+}
+
+Conversation::Clock::time_point momentAfter(std::chrono::duration<double> timeout) {
+    return Conversation::Clock::now() + std::chrono::duration_cast<Conversation::Clock::duration>(timeout);
+}
+
+}  // namespace
+
+Administrator::Outcome LinuxAdministrator::run(const std::vector<RootStep>& steps,
+                                               std::chrono::duration<double> timeout) {
+    if (!programs_.helper)
+        return refused(
+            Kind::unavailable,
+            Text::localized("Tavrel's helper for administrator work is not installed, or others than "
+                            "the administrator can change it"));
+    std::vector<std::string> command;
+    if (asks()) command.push_back(programs_.pkexec);
+    // Without a terminal of its own pkexec must not ask on the one that the program was started from.
+    if (asks() && prompting_ == ChildTerminal::none) command.emplace_back("--disable-internal-agent");
+    command.push_back(*programs_.helper);
+
+    auto helper = Conversation::start(command.front(), {command.begin() + 1, command.end()}, prompting_,
+                                      momentAfter(timeout));
+    if (!helper) {
+        const std::string error = helper.error().message();
+        return refused(Kind::unavailable,
+                       asks()
+                           ? phrase("Administrator rights need pkexec, which could not be started: {}", error)
+                           : phrase("Tavrel's helper for administrator work failed: {}", error));
+    }
+    if ((*helper)->hear() != RootProtocol::ready) return notReady(**helper, asks());
+    return carryOut(**helper, steps);
+}
+
+bool LinuxAdministrator::mayRemove(const Path& path) const {
     return onlyRootCanReplaceFoldersAbove(path);
+}
+
+std::optional<Path> LinuxAdministrator::findHelper() {
+    const Path installed = TAVREL_ROOT_HELPER;
+    if (onlyRootCanChangeProgram(installed)) return installed;
+    std::error_code failure;
+    const Path program = std::filesystem::read_symlink("/proc/self/exe", failure);
+    const Path beside = program.parent_path() / installed.filename();
+    if (failure || !onlyRootCanChangeProgram(beside, ::getuid())) return std::nullopt;
+    return beside;
 }
 
 }  // namespace tavrel

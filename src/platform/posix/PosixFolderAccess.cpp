@@ -1,9 +1,9 @@
 #include "platform/posix/PosixFolderAccess.h"
 
+#include "core/FileHandle.h"
 #include "core/Paths.h"
 #include "core/RandomBytes.h"
 
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,10 +20,6 @@ FileIdentity identityOf(const struct stat& status) {
 
 tl::unexpected<std::error_code> failure(int code) {
     return tl::unexpected(std::error_code(code, std::generic_category()));
-}
-
-std::error_code lastError() {
-    return {errno, std::generic_category()};
 }
 
 /// An empty folder takes the new name, as a rename replaces nothing but an empty folder.

@@ -11,8 +11,6 @@
 namespace tavrel {
 namespace {
 
-constexpr std::int64_t blockSize = 512;  // the unit of st_blocks, whatever the file system's own
-
 struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };

@@ -1,23 +1,18 @@
 #include "platform/posix/PosixShell.h"
 
-#include "core/FileHandle.h"
 #include "core/Text.h"
+#include "platform/posix/Launch.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <condition_variable>
 #include <csignal>
-#include <fcntl.h>
-#include <limits>
 #include <mutex>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
-
-extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leaves it to the program
 
 namespace tavrel {
 namespace {
@@ -69,69 +64,6 @@ class TimeLimit {
     std::jthread waiting_;  // last, so that it starts when the rest is made
 };
 
-struct Pipe {
-    FileHandle reading;
-    FileHandle writing;
-};
-
-std::error_code open(Pipe& made) {
-    std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0) return {errno, std::generic_category()};
-    made = {FileHandle(ends[0]), FileHandle(ends[1])};
-    return {};
-}
-
-/// What the child starts with: nothing to read, both streams into the pipe, no other handle, and signals as a
-/// login would give them rather than as this program set them.
-class Launch {
-  public:
-    Launch(int output, PosixShell::Terminal terminal) {
-        ::posix_spawn_file_actions_init(&actions_);
-        ::posix_spawnattr_init(&attributes_);
-        // The pipe goes first: its end may itself be one of the three standard handles.
-        note(::posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO));
-        note(::posix_spawn_file_actions_adddup2(&actions_, STDOUT_FILENO, STDERR_FILENO));
-        note(::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0));
-#ifdef __GLIBC__
-        note(::posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1));
-#endif
-        sigset_t every;
-        sigset_t none;
-        ::sigfillset(&every);
-        ::sigemptyset(&none);
-        note(::posix_spawnattr_setsigdefault(&attributes_, &every));
-        note(::posix_spawnattr_setsigmask(&attributes_, &none));
-        const int session = terminal == PosixShell::Terminal::none ? POSIX_SPAWN_SETSID : 0;
-        note(::posix_spawnattr_setflags(
-            &attributes_, static_cast<short>(session | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK)));
-    }
-    ~Launch() {
-        ::posix_spawnattr_destroy(&attributes_);
-        ::posix_spawn_file_actions_destroy(&actions_);
-    }
-    Launch(const Launch&) = delete;
-    Launch& operator=(const Launch&) = delete;
-
-    /// 0 or the error as `errno` names it.
-    [[nodiscard]] int start(pid_t& child, const std::string& path,
-                            const std::vector<std::string>& args) const {
-        if (error_ != 0) return error_;
-        std::vector<char*> words = {const_cast<char*>(path.c_str())};
-        for (const std::string& arg : args) words.push_back(const_cast<char*>(arg.c_str()));
-        words.push_back(nullptr);
-        return ::posix_spawn(&child, path.c_str(), &actions_, &attributes_, words.data(), environ);
-    }
-
-  private:
-    void note(int error) {
-        if (error_ == 0) error_ = error;
-    }
-
-    posix_spawn_file_actions_t actions_{};
-    posix_spawnattr_t attributes_{};
-    int error_ = 0;
-};
-
 std::string readToEnd(int handle) {
     std::string bytes;
     std::array<char, 65536> buffer{};
@@ -160,19 +92,14 @@ std::int32_t collect(pid_t child) {
     return WIFSIGNALED(status) ? WTERMSIG(status) : WEXITSTATUS(status);
 }
 
-/// The system's calls end a word at a NUL: a command that holds one would be another command.
-bool holdsNul(const std::string& path, const std::vector<std::string>& args) {
-    const auto nul = [](const std::string& word) { return word.find('\0') != std::string::npos; };
-    return nul(path) || std::any_of(args.begin(), args.end(), nul);
-}
-
 CommandResult runChild(const std::string& path, const std::vector<std::string>& args,
                        PosixShell::Terminal terminal, TimeLimit& limit) {
     Pipe pipe;
-    if (const std::error_code error = open(pipe)) return notStarted(error.value());
+    if (const std::error_code error = pipe.open()) return notStarted(error.value());
+    const int both = pipe.writing.get();
     pid_t child = 0;
-    if (const int error = Launch(pipe.writing.get(), terminal).start(child, path, args))
-        return notStarted(error);
+    const Launch launch({.output = both, .errors = both}, terminal);
+    if (const int error = launch.start(child, path, args)) return notStarted(error);
     limit.watch(terminal == PosixShell::Terminal::none ? -child : child);
 
     // Read before waiting: a child that fills the pipe would otherwise never end.
@@ -187,7 +114,6 @@ CommandResult runChild(const std::string& path, const std::vector<std::string>& 
 
 CommandResult PosixShell::run(const std::string& path, const std::vector<std::string>& args,
                               std::chrono::duration<double> timeout) {
-    if (holdsNul(path, args)) return notStarted(EINVAL);
     try {
         TimeLimit limit(timeout);
         return runChild(path, args, terminal_, limit);

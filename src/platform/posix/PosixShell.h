@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Shell.h"
+#include "platform/posix/Launch.h"
 
 namespace tavrel {
 
@@ -8,10 +9,7 @@ namespace tavrel {
 /// threads.
 class PosixShell final : public Shell {
   public:
-    /// `none`: each command in a session of its own, with no terminal to stop at and one group to signal.
-    /// `shared`: the command stays in the foreground of this program's terminal, where it can ask for a
-    /// password.
-    enum class Terminal { none, shared };
+    using Terminal = ChildTerminal;
 
     explicit PosixShell(Terminal terminal = Terminal::none) : terminal_(terminal) {}
 

@@ -188,13 +188,9 @@ constexpr CatalogRow strayFile{
 constexpr std::string_view strayNames[] = {".DS_Store", "Thumbs.db"};
 
 CleanRule ruleAt(const std::filesystem::path& folder, const CatalogRow& row) {
-    CleanRule rule = rulesOf({&row, 1}).front();
+    CleanRule rule = rulesOf({{&row, 1}}).front();
     rule.path = "~/" + folder.native();
     return rule;
-}
-
-void append(std::vector<CleanRule>& rules, std::span<const CatalogRow> rows) {
-    for (CleanRule& rule : rulesOf(rows)) rules.push_back(std::move(rule));
 }
 
 /// What tells that an editor runs, beside the name of its folder.
@@ -221,22 +217,13 @@ std::vector<CleanRule> editorsWithOwners() {
 
 }  // namespace
 
-Catalog catalog(const std::filesystem::path& downloadsFolder) {
-    Catalog made{
-        .packageManagers = rulesOf(packageManagerRows),
-        .devCaches = rulesOf(devCacheRows),
-        .ideCaches = rulesOf(ideCacheRows),
-        .appCaches = rulesOf(appCacheRows),
-        .editors = editorsWithOwners(),
-        .browsers = rulesOf(browserRows),
-        .generic = rulesOf(genericRows),
-    };
-    append(made.appCaches, logRows);
-    append(made.appCaches, keptInCacheRows);
-    for (const std::string_view name : strayNames)
-        made.generic.push_back(ruleAt(downloadsFolder / name, strayFile));
-    made.generic.push_back(ruleAt(downloadsFolder, unfinishedDownloads));
-    return made;
+std::vector<CleanRule> rules(const std::filesystem::path& downloadsFolder) {
+    std::vector<CleanRule> all = rulesOf({packageManagerRows, devCacheRows, ideCacheRows});
+    append(all, editorsWithOwners());
+    append(all, rulesOf({browserRows, appCacheRows, logRows, keptInCacheRows, genericRows}));
+    for (const std::string_view name : strayNames) all.push_back(ruleAt(downloadsFolder / name, strayFile));
+    all.push_back(ruleAt(downloadsFolder, unfinishedDownloads));
+    return all;
 }
 
 }  // namespace tavrel::Linux

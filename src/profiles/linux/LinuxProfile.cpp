@@ -25,9 +25,9 @@ Linux::UserDirs userDirs(const Path& home, const Path& config) {
     return Linux::parseUserDirs(Files::read(home / config / "user-dirs.dirs").value_or(""), home);
 }
 
-JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
+JunkScanner::Tables scanTables(const Places& places, const Path& downloads) {
     JunkScanner::Tables tables{
-        .rules = catalog.rules(),
+        .rules = Linux::rules(downloads),
         .manner = {.age = Manner::Age::newestInside, .remarks = Manner::Remarks::addToNote},
         .webCaches = Linux::webCachePlaces(),
         .containers = {{.folder = ".var/app",
@@ -94,26 +94,23 @@ Profile Profiles::linux(const Path& root, const Path& home, const UserEnvironmen
                             .documents = dirs.at("DOCUMENTS"),
                             .autostart = config / "autostart",
                         });
-    Catalog catalog = Linux::catalog(dirs.at("DOWNLOAD"));
-    JunkScanner::Tables tables = scanTables(places, catalog);
     return {
         .family = Profile::Family::linux,
         .places = places,
-        .catalog = std::move(catalog),
-        .scan = std::move(tables),
+        .scan = scanTables(places, dirs.at("DOWNLOAD")),
         .installers = Linux::installers(places),
         .aiFolders = Linux::aiFolders(),
         .projects = Linux::projects(),
         .guardLists = Linux::guardLists(dirs, data / "Trash"),
-        .processNotes = Linux::processNotes(),
         .trashLayout = Profile::TrashLayout::freedesktop,
         .explorerPlaces = explorerPlaces(dirs),
         .volumeFolders = {"/media", "/media/*", "/run/media/*", "/mnt"},
-        .words = MachineWords{.noFan = "No fan on this computer",
-                              .fanUnavailable = "Fan control unavailable on this computer",
-                              .graphics = "Graphics",
-                              .noGraphics = "No graphics figures",
-                              .power = "Share of processor time"},
+        .texts = PlatformTexts{.noFan = "No fan on this computer",
+                               .fanUnavailable = "Fan control unavailable on this computer",
+                               .graphics = "Graphics",
+                               .noGraphics = "No graphics figures",
+                               .power = "Share of processor time",
+                               .processNotes = Linux::processNotes()},
     };
 }
 

@@ -1,6 +1,8 @@
 #include "core/Files.h"
 #include "core/Paths.h"
 #include "core/Text.h"
+#include "platform/root/RootFolders.h"
+#include "platform/root/RootTools.h"
 #include "profiles/linux/LinuxTables.h"
 
 #include <algorithm>
@@ -10,6 +12,7 @@
 
 namespace tavrel::Linux {
 
+using RootTools::program;
 using SpecialScanners::SystemCommand;
 using SpecialScanners::SystemFolder;
 using Text::localized;
@@ -18,6 +21,7 @@ using Path = std::filesystem::path;
 namespace {
 
 constexpr int logAgeDays = 7;
+constexpr int journalAgeDays = 14;
 
 /// Folders below the system's logs where programs rotate their own.
 constexpr std::string_view logFolders[] = {
@@ -52,25 +56,25 @@ std::vector<SystemFolder> folders(const Path& logs, const Path& dumps, const Pat
 std::vector<SystemCommand> commands(const Places& places) {
     const auto at = [&](std::string_view path) { return places.resolve(path); };
     return {
-        {.tool = "/usr/bin/journalctl",
-         .command = "/usr/bin/journalctl --quiet --vacuum-time=14d",
-         .empties = {{.folder = at("/var/log/journal"), .nameHolds = "@", .minAgeDays = 14}},
+        {.tool = program(RootTool::vacuumJournal),
+         .run = {RootTool::vacuumJournal, {std::to_string(journalAgeDays)}},
+         .empties = {{.folder = at("/var/log/journal"), .nameHolds = "@", .minAgeDays = journalAgeDays}},
          .risk = Risk::safe,
          .note = localized("Journal entries older than 14 days")},
-        {.tool = "/usr/bin/apt-get",
-         .command = "/usr/bin/apt-get clean",
+        {.tool = program(RootTool::cleanAptCache),
+         .run = {RootTool::cleanAptCache},
          .empties = {{.folder = at("/var/cache/apt/archives"), .nameHolds = ".deb"},
                      {.folder = at("/var/cache/apt"), .nameHolds = "pkgcache.bin"}},
          .risk = Risk::safe,
          .note = localized("Downloaded packages; fetched again when needed")},
-        {.tool = "/usr/bin/dnf",
-         .command = "/usr/bin/dnf --quiet clean packages",
+        {.tool = program(RootTool::cleanDnfCache),
+         .run = {RootTool::cleanDnfCache},
          .empties = {{.folder = at("/var/cache/dnf"), .nameHolds = ".rpm"},
                      {.folder = at("/var/cache/libdnf5"), .nameHolds = ".rpm"}},
          .risk = Risk::safe,
          .note = localized("Downloaded packages; fetched again when needed")},
-        {.tool = "/usr/bin/paccache",
-         .command = "/usr/bin/paccache --quiet -rk2",
+        {.tool = program(RootTool::thinPacmanCache),
+         .run = {RootTool::thinPacmanCache, {"2"}},
          .risk = Risk::review,
          .note = localized("Cached packages but the two newest versions of each; size known only to pacman")},
     };
@@ -82,13 +86,14 @@ SpecialScanners::SystemPlaces systemPlaces(const Places& places) {
     const Path logs = places.resolve("/var/log");
     const Path dumps = places.resolve("/var/lib/systemd/coredump");
     const Path crashes = places.resolve("/var/crash");
-    SpecialScanners::SystemPlaces system{.folders = folders(logs, dumps, crashes),
-                                         .roots = {logs, dumps, crashes}};
+    SpecialScanners::SystemPlaces system{.folders = folders(logs, dumps, crashes)};
+    for (const char* folder : linuxRootFolders) system.roots.push_back(places.resolve(folder));
     if (places.isRunningSystem()) {
         system.commands = commands(places);
-        system.packages = {.tool = "/usr/bin/snap", .folder = places.resolve("/var/lib/snapd/snaps")};
+        system.packages = {.tool = program(RootTool::removeSnapRevision),
+                           .folder = places.resolve("/var/lib/snapd/snaps")};
         const Path userData = places.trash().parent_path();
-        system.runtimes = {.tool = "/usr/bin/flatpak",
+        system.runtimes = {.tool = program(RootTool::uninstallRuntime),
                            .installation = places.resolve("/var/lib/flatpak"),
                            .others = {userData / "flatpak"}};
     }

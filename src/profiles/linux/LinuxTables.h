@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cleaning/Catalog.h"
+#include "cleaning/CleanRule.h"
 #include "cleaning/InstallerFinder.h"
 #include "cleaning/ProjectPurger.h"
 #include "cleaning/SafetyGuard.h"
@@ -11,8 +11,9 @@
 
 namespace tavrel::Linux {
 
-/// Where junk collects in a Linux home. The folder is relative to it.
-[[nodiscard]] Catalog catalog(const std::filesystem::path& downloadsFolder);
+/// Where junk collects and how to treat it, in the order of scanning: the special places first, the catch-all
+/// folders last. The folder is relative to the home.
+[[nodiscard]] std::vector<CleanRule> rules(const std::filesystem::path& downloadsFolder);
 
 /// Where applications keep the caches of their browser engine, browsers in sandboxes included.
 [[nodiscard]] std::vector<SpecialScanners::WebCachePlaces> webCachePlaces();

@@ -124,17 +124,11 @@ constexpr CatalogRow genericRows[] = {
 
 }  // namespace
 
-Catalog catalog() {
-    return {
-        .xcode = rulesOf(xcodeRows),
-        .packageManagers = rulesOf(packageManagersRows),
-        .devCaches = rulesOf(devCachesRows),
-        .ideCaches = rulesOf(ideCachesRows),
-        .appCaches = rulesOf(appCachesRows),
-        .editors = editorRules("~/Library/Application Support", editorNames, editorRows),
-        .browsers = rulesOf(browsersRows),
-        .generic = rulesOf(genericRows),
-    };
+std::vector<CleanRule> rules() {
+    std::vector<CleanRule> all = rulesOf({xcodeRows, packageManagersRows, devCachesRows, ideCachesRows});
+    append(all, editorRules("~/Library/Application Support", editorNames, editorRows));
+    append(all, rulesOf({browsersRows, appCachesRows, genericRows}));
+    return all;
 }
 
 }  // namespace tavrel::Mac

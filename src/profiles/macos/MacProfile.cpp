@@ -1,4 +1,5 @@
 #include "core/Text.h"
+#include "platform/root/RootTools.h"
 #include "profiles/CatalogRow.h"
 #include "profiles/Profile.h"
 #include "profiles/macos/MacTables.h"
@@ -92,14 +93,14 @@ SpecialScanners::SystemPlaces systemPlaces(const Places& places) {
                  .minAgeDays = 7,
                  .note = Text::localized("Rotated system log")},
             },
-        .snapshotTool = "/usr/bin/tmutil",
+        .snapshotTool = RootTools::program(RootTool::deleteLocalSnapshot),
         .roots = {caches, reports, logs},
     };
 }
 
-JunkScanner::Tables scanTables(const Places& places, const Catalog& catalog) {
+JunkScanner::Tables scanTables(const Places& places) {
     return {
-        .rules = catalog.rules(),
+        .rules = Mac::rules(),
         .systemCachePrefix = "com.apple.",
         .webCaches = {{.folders = "Library/Application Support",
                        .skippedPrefix = "com.apple.",
@@ -142,30 +143,27 @@ Profile Profiles::macos(const Path& root, const Path& home) {
                             .documents = "Documents",
                             .autostart = ".config/autostart",
                         });
-    Catalog catalog = Mac::catalog();
-    JunkScanner::Tables tables = scanTables(places, catalog);
     return {
         .family = Profile::Family::macos,
         .places = places,
-        .catalog = std::move(catalog),
-        .scan = std::move(tables),
+        .scan = scanTables(places),
         .installers = {.extensions = {"dmg", "pkg", "mpkg", "xip", "iso"},
                        .packages = {"app", "framework", "bundle", "plugin", "kext", "photoslibrary"},
                        .applications = places.applications()},
         .projects = Mac::projects(),
         .guardLists = guardLists(),
-        .processNotes = Mac::processNotes(),
         .fullDiskAccessProbes = {"Library/Application Support/com.apple.TCC/TCC.db",
                                  "Library/Containers/com.apple.stocks", "Library/Safari"},
         .packages = packages(),
         .trashLayout = Profile::TrashLayout::flat,
         .explorerPlaces = explorerPlaces(),
         .volumeFolders = {"/Volumes"},
-        .words = MachineWords{.noFan = "No fan on this Mac",
-                              .fanUnavailable = "Fan control unavailable on this Mac",
-                              .graphics = "Integrated GPU",
-                              .noGraphics = "Integrated GPU",
-                              .power = "Energy impact, as in Activity Monitor"},
+        .texts = PlatformTexts{.noFan = "No fan on this Mac",
+                               .fanUnavailable = "Fan control unavailable on this Mac",
+                               .graphics = "Integrated GPU",
+                               .noGraphics = "Integrated GPU",
+                               .power = "Energy impact, as in Activity Monitor",
+                               .processNotes = Mac::processNotes()},
     };
 }
 

@@ -8,7 +8,7 @@ Item {
     id: header
 
     required property AnalyzeModel model
-    required property Explorer explorer
+    required property AnalyzeState state
 
     implicitHeight: 36
 
@@ -56,6 +56,6 @@ Item {
 
         anchors.verticalCenter: parent.verticalCenter
         anchors.right: parent.right
-        explorer: header.explorer
+        state: header.state
     }
 }

@@ -9,21 +9,24 @@ FocusScope {
 
     objectName: "analyzeView"
 
-    required property AppState app
-    readonly property AnalyzeModel model: app.analyze
+    required property AnalyzeState analyze
+    required property ShowState show
+    required property MotionPause motion
+    required property Preferences preferences
+    readonly property AnalyzeModel model: analyze.model
     readonly property bool showsFolders: model.mode === AnalyzeModel.Mode.Folders
     readonly property bool narrow: width < 1140
     readonly property bool compact: width < 920
     readonly property bool inUse: Window.active
 
     // Something may have been mounted meanwhile.
-    onInUseChanged: if (inUse) app.places.look()
+    onInUseChanged: if (inUse) analyze.places.look()
 
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Analyze")
     Component.onCompleted: {
         if (model.count === 0) model.load()
-        app.places.look()
+        analyze.places.look()
     }
 
     Keys.onPressed: event => {
@@ -38,7 +41,7 @@ FocusScope {
     Explorer {
         id: explorer
 
-        app: view.app
+        model: view.model
     }
     TapHandler {
         acceptedButtons: Qt.BackButton
@@ -57,7 +60,7 @@ FocusScope {
         anchors.leftMargin: Theme.margin
         anchors.rightMargin: Theme.margin
         model: view.model
-        explorer: explorer
+        state: view.analyze
     }
     FolderPanel {
         id: panel
@@ -69,6 +72,8 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.margin
         width: view.narrow ? 174 : 230
+        places: view.analyze.places
+        show: view.show
         model: view.model
         explorer: explorer
     }
@@ -114,7 +119,9 @@ FocusScope {
             visible: view.showsFolders
             focus: view.showsFolders
             compact: view.compact
-            app: view.app
+            rows: view.analyze.rows
+            show: view.show
+            motion: view.motion
             model: view.model
         }
         Loader {
@@ -123,7 +130,8 @@ FocusScope {
             focus: !view.showsFolders
             sourceComponent: LargeFilesList {
                 focus: true
-                app: view.app
+                show: view.show
+                motion: view.motion
                 model: view.model
             }
         }
@@ -135,8 +143,8 @@ FocusScope {
         anchors.right: content.right
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.margin
-        app: view.app
+        preferences: view.preferences
+        trashFolder: view.analyze.trashFolder
         model: view.model
-        explorer: explorer
     }
 }

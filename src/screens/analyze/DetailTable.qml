@@ -9,13 +9,14 @@ import Tavrel.Analyze
 FocusScope {
     id: table
 
-    required property AppState app
+    required property AnalyzeRows rows
+    required property ShowState show
+    required property MotionPause motion
     required property AnalyzeModel model
     property bool compact: false  // without the bars
     property string typed
     property bool chosen: false  // a person has come to the row: it is followed, and may be deleted
     property bool walks: false  // by keyboard
-    readonly property AnalyzeRows rows: app.folderRows
 
     function find(text: string): void {
         typed += text
@@ -106,7 +107,7 @@ FocusScope {
         rows: table.rows
     }
     EntryMenu {
-        id: menu
+        id: entryMenu
 
         onTrashed: entry => table.rows.trash(entry)
         onClosed: list.forceActiveFocus(Qt.PopupFocusReason)
@@ -157,27 +158,18 @@ FocusScope {
             column: AnalyzeRows.Files
         }
     }
-    ListView {
+    ScrollList {
         id: list
 
         objectName: "entryList"
         anchors.top: head.bottom
         anchors.bottom: parent.bottom
         width: parent.width
-        clip: true
         focus: true
-        activeFocusOnTab: true
-        boundsBehavior: Flickable.StopAtBounds
-        keyNavigationEnabled: true
-        highlightMoveDuration: 0
-        reuseItems: true
-        cacheBuffer: 200
         currentIndex: -1
+        motion: table.motion
         model: table.rows
-        Accessible.role: Accessible.List
         Accessible.name: qsTr("Contents")
-        onMovingChanged: table.app.motion.scrolling = moving
-        Component.onDestruction: if (moving) table.app.motion.scrolling = false
         onActiveFocusChanged: if (activeFocus && currentIndex < 0 && count > 0) currentIndex = 0
         // Until somebody comes to a row it is the first, whichever row that is.
         onCurrentIndexChanged: if (!table.chosen && currentIndex > 0) currentIndex = 0
@@ -194,7 +186,8 @@ FocusScope {
             compact: table.compact
             current: list.activeFocus && ListView.isCurrentItem
             walkedTo: current && table.walks
-            app: table.app
+            show: table.show
+            menu: entryMenu
             onOpened: entry => {
                 table.makeCurrent(entry)
                 table.rows.open(entry)
@@ -209,13 +202,7 @@ FocusScope {
 
             // Before the button, for which a space is a click.
             Keys.onSpacePressed: table.tickOrFind(url)
-            Keys.onPressed: event => event.accepted = menu.takes(event, row.url, row.removable, row)
-            MenuRequest {
-                anchors.fill: parent
-                onAsked: menu.show(row.url, row.removable)
-            }
         }
-        T.ScrollBar.vertical: SlimScrollBar {}
 
         Label {
             anchors.centerIn: parent

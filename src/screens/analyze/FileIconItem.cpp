@@ -1,6 +1,5 @@
 #include "screens/analyze/FileIconItem.h"
 
-#include "models/show/FileIcons.h"
 #include "models/support/PathUrl.h"
 
 #include <QByteArray>
@@ -25,9 +24,9 @@ QImage iconFor(FileIcons& icons, const FileIcons::Path& file) {
 
 }  // namespace
 
-void FileIconItem::setApp(AppState* app) {
-    if (app_ == app) return;
-    app_ = app;
+void FileIconItem::setShow(ShowState* show) {
+    if (show_ == show) return;
+    show_ = show;
     find();
 }
 
@@ -38,7 +37,7 @@ void FileIconItem::setFile(const QUrl& file) {
 }
 
 void FileIconItem::find() {
-    if (app_ && !file_.isEmpty()) image_ = iconFor(app_->icons(), PathUrl::pathOf(file_));
+    if (show_ && !file_.isEmpty()) image_ = iconFor(show_->icons(), PathUrl::pathOf(file_));
     Q_EMIT changed();
     update();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "models/program/AppState.h"
+#include "models/show/ShowState.h"
 
 #include <QImage>
 #include <QPointer>
@@ -14,14 +14,14 @@ namespace tavrel {
 class FileIconItem : public QQuickPaintedItem {
     Q_OBJECT
     QML_NAMED_ELEMENT(FileIcon)
-    Q_PROPERTY(tavrel::AppState* app READ app WRITE setApp NOTIFY changed)
+    Q_PROPERTY(tavrel::ShowState* show READ show WRITE setShow NOTIFY changed)
     Q_PROPERTY(QUrl file READ file WRITE setFile NOTIFY changed)
 
   public:
     using QQuickPaintedItem::QQuickPaintedItem;
 
-    [[nodiscard]] AppState* app() const { return app_; }
-    void setApp(AppState* app);
+    [[nodiscard]] ShowState* show() const { return show_; }
+    void setShow(ShowState* show);
     [[nodiscard]] const QUrl& file() const { return file_; }
     void setFile(const QUrl& file);
 
@@ -33,7 +33,7 @@ class FileIconItem : public QQuickPaintedItem {
   private:
     void find();
 
-    QPointer<AppState> app_;
+    QPointer<ShowState> show_;
     QUrl file_;
     QImage image_;
 };

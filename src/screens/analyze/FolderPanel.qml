@@ -9,6 +9,8 @@ Item {
     id: panel
 
     required property AnalyzeModel model
+    required property PlaceList places
+    required property ShowState show
     required property Explorer explorer
 
     implicitWidth: 230
@@ -42,7 +44,7 @@ Item {
 
             Heading { text: qsTr("Places") }
             Repeater {
-                model: panel.explorer.app.places.all
+                model: panel.places.all
 
                 PlaceRow {
                     required property var modelData
@@ -86,7 +88,7 @@ Item {
             y: 12
             width: 28
             height: 28
-            app: panel.explorer.app
+            show: panel.show
             file: panel.explorer.folderUrl
         }
         Column {

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tavrel.Controls
 import Tavrel.Models
 import Tavrel.Analyze
@@ -8,7 +7,8 @@ import Tavrel.Analyze
 FocusScope {
     id: files
 
-    required property AppState app
+    required property ShowState show
+    required property MotionPause motion
     required property AnalyzeModel model
     property bool walks: false  // the keyboard has chosen the row
 
@@ -22,7 +22,7 @@ FocusScope {
         rows: rows
     }
     EntryMenu {
-        id: menu
+        id: entryMenu
 
         onTrashed: entry => rows.trash(entry)
         onClosed: list.forceActiveFocus(Qt.PopupFocusReason)
@@ -44,7 +44,7 @@ FocusScope {
         font.weight: Font.DemiBold
         Accessible.role: Accessible.Heading
     }
-    ListView {
+    ScrollList {
         id: list
 
         objectName: "largeFileList"
@@ -52,39 +52,23 @@ FocusScope {
         anchors.bottom: parent.bottom
         width: parent.width
         visible: count > 0 && !files.model.listing
-        clip: true
         focus: true
-        activeFocusOnTab: true
-        boundsBehavior: Flickable.StopAtBounds
-        keyNavigationEnabled: true
-        highlightMoveDuration: 0
-        reuseItems: true
+        motion: files.motion
         model: rows
-        Accessible.role: Accessible.List
         Accessible.name: qsTr("Large files")
-        onMovingChanged: files.app.motion.scrolling = moving
-        Component.onDestruction: if (moving) files.app.motion.scrolling = false
 
         Keys.onSpacePressed: rows.toggle(rows.url(currentIndex))
         Keys.onPressed: files.walks = true
         Keys.onDeletePressed: event => { if (files.walks && !event.isAutoRepeat) rows.trash(rows.url(currentIndex)) }
 
         delegate: LargeFileRow {
-            id: row
-
             width: list.width - 12
             current: list.activeFocus && ListView.isCurrentItem
             walkedTo: current && files.walks
-            app: files.app
+            show: files.show
+            menu: entryMenu
             onToggled: entry => rows.toggle(entry)
             onTrashed: entry => rows.trash(entry)
-
-            Keys.onPressed: event => event.accepted = menu.takes(event, row.url, row.removable, row)
-            MenuRequest {
-                anchors.fill: parent
-                onAsked: menu.show(row.url, row.removable)
-            }
         }
-        T.ScrollBar.vertical: SlimScrollBar {}
     }
 }

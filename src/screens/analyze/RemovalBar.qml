@@ -1,15 +1,14 @@
 import QtQuick
 import Tavrel.Controls
 import Tavrel.Models
-import Tavrel.Analyze
 
 // What is marked and what to do with it, or what the last removal did.
 Card {
     id: bar
 
-    required property AppState app
+    required property Preferences preferences
+    required property string trashFolder
     required property AnalyzeModel model
-    required property Explorer explorer
     readonly property bool hasSelection: model.selectedCount > 0
     readonly property bool wanted: hasSelection || model.hasLastRemoval
     // What a removal did is told before anything else, until something else is marked.
@@ -61,7 +60,7 @@ Card {
         PillButton {
             visible: bar.hasSelection
             colour: Theme.glows[3]
-            text: bar.app.preferences.dryRun ? qsTr("Preview removal") : qsTr("Move to Trash")
+            text: bar.preferences.dryRun ? qsTr("Preview removal") : qsTr("Move to Trash")
             symbol: "trash"
             busy: bar.model.removing
             enabled: !bar.model.removing
@@ -71,7 +70,7 @@ Card {
             visible: !bar.hasSelection && bar.model.hasLastRemoval
             kind: PillButton.Kind.Secondary
             text: qsTr("Open Trash")
-            onClicked: Desktop.openFolder(bar.explorer.trashFolder)
+            onClicked: Desktop.openFolder(bar.trashFolder)
         }
     }
     ConfirmDialog {

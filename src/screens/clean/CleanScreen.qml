@@ -8,7 +8,10 @@ import Tavrel.Scene
 FocusScope {
     id: screen
 
-    required property AppState app
+    required property TrashEmptier trashEmptier
+    required property ShowState show
+    required property MotionPause motion
+    required property Preferences preferences
     required property CleanListModel model
     required property string idleTitle
     required property string idleSubtitle
@@ -62,7 +65,7 @@ FocusScope {
             growth: screen.model.feed ? screen.model.feed.swallowed : 0
             scanning: screen.model.stage === CleanListModel.Stage.Scanning
             feed: screen.model.feed
-            shockwave: screen.app.shockwave
+            shockwave: screen.show.shockwave
             animated: !Theme.reduceMotion
             paused: Theme.paused || review.opacity === 1
             Accessible.ignored: true
@@ -99,7 +102,7 @@ FocusScope {
                     onClicked: screen.model.scan()
                 }
                 EmptyTrashButton {
-                    emptier: screen.app.trashEmptier
+                    emptier: screen.trashEmptier
                     visible: screen.model.trashedSome && !screen.model.preview
                 }
             }
@@ -111,7 +114,8 @@ FocusScope {
 
         anchors.fill: parent
         anchors.topMargin: Theme.gap
-        app: screen.app
+        motion: screen.motion
+        preferences: screen.preferences
         model: screen.model
         title: screen.reviewTitle
         actionTitle: screen.actionTitle

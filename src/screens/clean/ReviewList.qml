@@ -1,28 +1,16 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tavrel.Controls
 import Tavrel.Models
 
 // The categories as cards, with their items below those that are opened. Arrow keys walk the rows, the space
 // bar ticks, left and right close and open.
-ListView {
+ScrollList {
     id: list
 
-    required property AppState app
     required property CleanListModel source
 
     objectName: "reviewList"
-    clip: true
-    boundsBehavior: Flickable.StopAtBounds
-    keyNavigationEnabled: true
-    highlightMoveDuration: 0
-    reuseItems: true
-    activeFocusOnTab: true
-    cacheBuffer: 200
-    Accessible.role: Accessible.List
     Accessible.name: qsTr("Found items")
-    onMovingChanged: app.motion.scrolling = moving
-    Component.onDestruction: if (moving) app.motion.scrolling = false
 
     Keys.onSpacePressed: rows.toggle(currentIndex)
     Keys.onReturnPressed: rows.toggleExpanded(currentIndex)
@@ -54,5 +42,4 @@ ListView {
         onExpansionToggled: rows.toggleExpanded(index)
         path: isHead ? "" : rows.path(index)
     }
-    T.ScrollBar.vertical: SlimScrollBar {}
 }

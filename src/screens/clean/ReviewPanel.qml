@@ -6,7 +6,8 @@ import Tavrel.Models
 FocusScope {
     id: panel
 
-    required property AppState app
+    required property MotionPause motion
+    required property Preferences preferences
     required property CleanListModel model
     required property string title
     required property string subtitle
@@ -89,7 +90,7 @@ FocusScope {
             anchors.leftMargin: 16
             anchors.rightMargin: 16
             focus: true
-            app: panel.app
+            motion: panel.motion
             source: panel.model
         }
 
@@ -123,7 +124,7 @@ FocusScope {
                 }
                 Chip {
                     anchors.verticalCenter: parent.verticalCenter
-                    visible: panel.app.preferences.dryRun
+                    visible: panel.preferences.dryRun
                     text: qsTr("Preview mode")
                     colour: Theme.review
                 }
@@ -132,7 +133,7 @@ FocusScope {
                 anchors.verticalCenter: parent.verticalCenter
                 anchors.right: parent.right
                 anchors.rightMargin: 16
-                text: qsTr("%1 · %2").arg(panel.app.preferences.dryRun ? qsTr("Preview") : panel.actionTitle)
+                text: qsTr("%1 · %2").arg(panel.preferences.dryRun ? qsTr("Preview") : panel.actionTitle)
                                      .arg(panel.model.selectedSizeText)
                 busy: panel.model.stage === CleanListModel.Stage.Cleaning
                 enabled: panel.model.selectedCount > 0 && !panel.model.working

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tavrel.Controls
 import Tavrel.Models
 
@@ -7,8 +6,8 @@ import Tavrel.Models
 Dialog {
     id: sheet
 
-    required property AppState app
-    readonly property HistoryModel entries: app.history
+    required property HistoryModel entries
+    required property MotionPause motion
 
     padding: 0
     width: Math.min(640, parent ? parent.width - 80 : 640)
@@ -67,27 +66,26 @@ Dialog {
             size: Theme.fontSubtitle
             color: Theme.secondary
         }
-        ListView {
+        ScrollList {
             id: list
 
             anchors.fill: parent
             anchors.topMargin: header.height + 1
             anchors.leftMargin: 14
             anchors.rightMargin: 14
-            clip: true
             spacing: 6
             topMargin: 12
             bottomMargin: 12
-            boundsBehavior: Flickable.StopAtBounds
+            activeFocusOnTab: false
+            reuseItems: false  // a row remembers whether it is expanded
+            motion: sheet.motion
             model: sheet.entries
             delegate: HistoryRow {
                 width: list.width
                 locked: sheet.entries.restoring
                 onPutBack: sheet.entries.putBack(index)
             }
-            Accessible.role: Accessible.List
             Accessible.name: qsTr("Cleaning history")
-            T.ScrollBar.vertical: SlimScrollBar {}
         }
     }
 }

@@ -8,30 +8,31 @@ FocusScope {
     id: tab
 
     required property AppState app
+    readonly property CleanState clean: app.clean
     readonly property var modes: [
         {
-            model: app.junk,
+            model: clean.junk,
             idleTitle: qsTr("Ready to clean"),
             idleSubtitle: qsTr("Caches, logs, Xcode, package managers, browsers and the Trash"),
             reviewTitle: qsTr("System junk"),
             actionTitle: qsTr("Clean")
         },
         {
-            model: app.ai,
+            model: clean.ai,
             idleTitle: qsTr("AI leftovers"),
             idleSubtitle: qsTr("Old Claude Code and Codex sessions, agent worktrees, CLI versions and local models"),
             reviewTitle: qsTr("AI tools"),
             actionTitle: qsTr("Clean")
         },
         {
-            model: app.projects,
+            model: clean.projects,
             idleTitle: qsTr("Project artifacts"),
             idleSubtitle: qsTr("node_modules, target, .venv and friends in projects you're not touching"),
             reviewTitle: qsTr("Build artifacts"),
             actionTitle: qsTr("Purge")
         },
         {
-            model: app.installers,
+            model: clean.installers,
             idleTitle: qsTr("Leftover installers"),
             idleSubtitle: qsTr(".dmg, .pkg and .xip files in Downloads, Desktop and Documents"),
             reviewTitle: qsTr("Installers"),
@@ -56,7 +57,10 @@ FocusScope {
         anchors.bottom: parent.bottom
         width: parent.width
         focus: true
-        app: tab.app
+        trashEmptier: tab.clean.trashEmptier
+        show: tab.app.show
+        motion: tab.app.motion
+        preferences: tab.app.preferences
         model: mode.model
         idleTitle: mode.idleTitle
         idleSubtitle: mode.idleSubtitle

@@ -67,7 +67,8 @@ FocusScope {
     }
 
     HistoryView {
-        app: root.app
+        entries: root.app.clean.history
+        motion: root.app.motion
         visible: root.app.showHistory
         onClosed: root.app.showHistory = false
     }

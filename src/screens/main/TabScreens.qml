@@ -27,9 +27,22 @@ QtObject {
         EmptyTab { tab: 2 }
     }
     readonly property Component analyze: Component {
-        AnalyzeView { app: screens.app; focus: true }
+        AnalyzeView {
+            analyze: screens.app.analyze
+            show: screens.app.show
+            motion: screens.app.motion
+            preferences: screens.app.preferences
+            focus: true
+        }
     }
     readonly property Component status: Component {
-        StatusView { app: screens.app; focus: true }
+        StatusView {
+            status: screens.app.status
+            motion: screens.app.motion
+            preferences: screens.app.preferences
+            lacksFullDiskAccess: screens.app.asksForFullDiskAccess && !screens.app.hasFullDiskAccess
+            focus: true
+            onFullDiskAccessRequested: screens.app.readFullDiskAccess()
+        }
     }
 }

@@ -20,19 +20,16 @@ int pictureSide(double pixels) {
     return static_cast<int>(std::ceil(pixels / step)) * step;
 }
 
-double secondsOf(Instant moment) {
-    return std::chrono::duration<double>(moment.time_since_epoch()).count();
-}
-
 double landingPulse(std::span<const SwallowFeed::Event> events, double now) {
     double pulse = 0;
-    for (const auto& event : events) pulse += BlackHole::landing({event.bytes, secondsOf(event.start)}, now);
+    for (const auto& event : events)
+        pulse += BlackHole::landing({event.bytes, inSeconds(event.start.time_since_epoch())}, now);
     return pulse;
 }
 
 std::optional<Shock> shockOf(const Shockwave* wave) {
     if (wave == nullptr || !wave->start()) return std::nullopt;
-    return Shock{secondsOf(*wave->start()), wave->strength()};
+    return Shock{inSeconds(wave->start()->time_since_epoch()), wave->strength()};
 }
 
 }  // namespace
@@ -94,7 +91,7 @@ QSGNode* BlackHoleItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
         pictureSide_ = side;
     }
 
-    const double now = secondsOf(std::chrono::system_clock::now());
+    const double now = inSeconds(std::chrono::system_clock::now().time_since_epoch());
     const MotionTargets targets = {spinning_, suction_, open_, growth_};
     SceneState state = {
         .time = animated_ ? now : stillTime, .size = size, .middle = {width() / 2, height() / 2}};

@@ -18,10 +18,6 @@ constexpr double discTilt = 0.5;     // how flat the disc's circles look
 constexpr double lastOfFall = 0.05;  // of a fall, in which what is left of an icon fades
 constexpr double softness = 12;      // points by which the soft ring is wider
 
-double secondsOf(Instant moment) {
-    return std::chrono::duration<double>(moment.time_since_epoch()).count();
-}
-
 /// One frame: what it is drawn from, and the layers from the back to the front.
 class Frame {
   public:
@@ -124,7 +120,7 @@ class Frame {
     }
 
     void icon(const SwallowFeed::Event& event) {
-        const double age = state_.time - secondsOf(event.start);
+        const double age = state_.time - inSeconds(event.start.time_since_epoch());
         if (age < 0 || age >= fallTime(event.bytes)) return;
         const auto whole = SwallowStream::icon(event.bytes, age, event.angle, state_.size);
         if (whole.breakUp <= 0) {

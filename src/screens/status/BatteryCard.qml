@@ -1,19 +1,19 @@
 import QtQuick
 import Tavrel.Controls
 import Tavrel.Graphs
+import Tavrel.Status
 
 // How full the battery is and how it ages, with the devices beside the machine.
 Card {
     id: card
 
     required property bool hasBattery
-    required property var battery
-    required property bool charging
+    required property var values
     required property var accessories
 
     implicitHeight: Math.max(128, column.implicitHeight + 26)
     Accessible.role: Accessible.Grouping
-    Accessible.name: hasBattery ? battery.title + ", " + battery.value + " %, " + battery.unit + ", " + battery.footer : qsTr("Accessories")
+    Accessible.name: hasBattery ? values.title + ", " + values.value + " %, " + values.chip + ", " + values.footer : qsTr("Accessories")
 
     Column {
         id: column
@@ -24,33 +24,22 @@ Card {
         spacing: 8
 
         CardLabel {
-            symbol: card.charging ? "battery.100percent.bolt" : "battery.75percent"
-            title: card.hasBattery ? card.battery.title : qsTr("Accessories")
+            symbol: card.hasBattery ? card.values.symbol : "battery.75percent"
+            title: card.hasBattery ? card.values.title : qsTr("Accessories")
             colour: Theme.good
         }
-        Row {
+        ValueRow {
+            id: percent
+
             visible: card.hasBattery
-            spacing: 5
+            value: card.values.value
+            unit: "%"
+            size: 30
 
             Label {
-                id: percent
-
-                text: card.battery.value
-                size: 30
-                font.weight: Font.DemiBold
-                Accessible.ignored: true
-            }
-            Label {
-                anchors.baseline: percent.baseline
-                text: "%"
-                size: Theme.fontSubtitle
-                color: Theme.secondary
-                Accessible.ignored: true
-            }
-            Label {
-                anchors.baseline: percent.baseline
+                anchors.baseline: percent.label.baseline
                 leftPadding: 6
-                text: card.battery.unit
+                text: card.values.chip
                 size: Theme.fontSubtitle
                 color: Theme.secondary
                 Accessible.ignored: true
@@ -60,13 +49,13 @@ Card {
             visible: card.hasBattery
             width: parent.width
             height: 8
-            colour: card.battery.share < 0.2 ? Theme.danger : Theme.good
-            fraction: card.battery.share
+            colour: card.values.state === StatusCards.Critical ? Theme.danger : Theme.good
+            fraction: card.values.share
         }
         Label {
             visible: card.hasBattery && text !== ""
             width: parent.width
-            text: card.battery.footer
+            text: card.values.footer
             size: 12
             color: Theme.secondary
             Accessible.ignored: true
@@ -82,7 +71,7 @@ Card {
                 width: column.width
                 height: 18
                 Accessible.role: Accessible.StaticText
-                Accessible.name: modelData.name + ", " + modelData.percent + " %"
+                Accessible.name: modelData.title + ", " + modelData.value + " %"
 
                 Symbol {
                     anchors.verticalCenter: parent.verticalCenter
@@ -93,14 +82,14 @@ Card {
                     anchors.verticalCenter: parent.verticalCenter
                     x: 24
                     width: parent.width - 70
-                    text: accessory.modelData.name
+                    text: accessory.modelData.title
                     size: 12
                     Accessible.ignored: true
                 }
                 Label {
                     anchors.verticalCenter: parent.verticalCenter
                     anchors.right: parent.right
-                    text: accessory.modelData.percent + " %"
+                    text: accessory.modelData.value + " %"
                     size: 12
                     color: Theme.secondary
                     Accessible.ignored: true

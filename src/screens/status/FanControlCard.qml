@@ -6,12 +6,11 @@ import Tavrel.Graphs
 Card {
     id: card
 
-    required property var fans
-    required property string detail
+    required property var values
 
     implicitHeight: Math.max(128, column.implicitHeight + 26)
     Accessible.role: Accessible.Grouping
-    Accessible.name: fans.title + ", " + fans.value + " " + fans.unit + ", " + fans.footer + ", " + detail
+    Accessible.name: values.title + ", " + values.value + " " + values.unit + ", " + values.footer + ", " + values.detail
 
     Column {
         id: column
@@ -22,37 +21,24 @@ Card {
         spacing: 8
 
         CardLabel {
-            symbol: "fan.fill"
-            title: card.fans.title
+            symbol: card.values.symbol
+            title: card.values.title
             colour: Theme.glows[1]
         }
-        Row {
-            spacing: 5
-
-            Label {
-                id: speed
-
-                text: card.fans.value
-                size: 29
-                font.weight: Font.Bold
-                Accessible.ignored: true
-            }
-            Label {
-                anchors.baseline: speed.baseline
-                text: card.fans.unit
-                size: 13
-                color: Theme.secondary
-                Accessible.ignored: true
-            }
+        ValueRow {
+            value: card.values.value
+            unit: card.values.unit
+            size: 29
+            weight: Font.Bold
         }
         Meter {
             width: parent.width
             height: 8
             colour: Theme.glows[1]
-            fraction: card.fans.share
+            fraction: card.values.share
         }
         Label {
-            text: card.fans.footer
+            text: card.values.footer
             size: 12
             color: Theme.secondary
             Accessible.ignored: true
@@ -60,7 +46,7 @@ Card {
         Label {
             width: parent.width
             visible: text !== ""
-            text: card.detail
+            text: card.values.detail
             size: Theme.fontSmall
             color: Theme.tertiary
             wrapMode: Text.Wrap

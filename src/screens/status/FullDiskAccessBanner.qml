@@ -6,7 +6,7 @@ import Tavrel.Models
 Card {
     id: banner
 
-    required property AppState app
+    signal checked
 
     implicitHeight: 68
     color: Theme.faded(Theme.review, 0.08)
@@ -66,7 +66,7 @@ Card {
         PillButton {
             text: qsTr("Check")
             kind: PillButton.Kind.Secondary
-            onClicked: banner.app.readFullDiskAccess()
+            onClicked: banner.checked()
         }
     }
 }

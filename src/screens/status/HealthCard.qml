@@ -7,16 +7,13 @@ import Tavrel.Status
 Card {
     id: card
 
-    required property int score
-    required property int grade
-    required property string gradeText
-    required property string machine
-    readonly property color colour: grade === StatusCards.Grade.Excellent ? Theme.good
-                                    : grade === StatusCards.Grade.Good ? Theme.amber : Theme.danger
+    required property var values
+    readonly property color colour: values.state === StatusCards.Normal ? Theme.good
+                                    : values.state === StatusCards.Elevated ? Theme.amber : Theme.danger
 
     implicitHeight: 104
     Accessible.role: Accessible.Grouping
-    Accessible.name: qsTr("Health") + ", " + score + ", " + gradeText
+    Accessible.name: [values.title, values.value, values.unit].join(", ")
 
     Ring {
         id: ring
@@ -26,11 +23,11 @@ Card {
         width: 72
         height: 72
         colour: card.colour
-        fraction: card.score / 100
+        fraction: card.values.share
 
         Label {
             anchors.centerIn: parent
-            text: card.score
+            text: card.values.value
             size: 30
             font.weight: Font.DemiBold
             color: card.colour
@@ -46,11 +43,11 @@ Card {
         spacing: 5
 
         CardLabel {
-            symbol: "sun.max"
-            title: qsTr("Health")
+            symbol: card.values.symbol
+            title: card.values.title
         }
         Label {
-            text: card.gradeText
+            text: card.values.unit
             size: 13
             font.weight: Font.DemiBold
             color: card.colour
@@ -58,7 +55,7 @@ Card {
         }
         Label {
             width: parent.width
-            text: card.machine
+            text: card.values.footer
             size: Theme.fontSmall
             color: Theme.secondary
         }

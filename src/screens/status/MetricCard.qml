@@ -5,7 +5,6 @@ import Tavrel.Controls
 Card {
     id: card
 
-    required property string symbol
     required property var values
     property color colour: Theme.secondary
     default property alias graph: graph.data
@@ -19,7 +18,7 @@ Card {
 
         x: 14
         y: 12
-        symbol: card.symbol
+        symbol: card.values.symbol
         title: card.values.title
         colour: card.colour
     }
@@ -35,33 +34,15 @@ Card {
         color: Theme.tertiary
         Accessible.ignored: true
     }
-    Row {
+    ValueRow {
         id: figure
 
         x: 14
         y: 33
-        spacing: 5
-
-        Label {
-            id: value
-
-            width: Math.min(implicitWidth, card.width - 28 - (unit.text === "" ? 0 : unit.width + figure.spacing))
-            text: card.values.value
-            size: 24
-            fontSizeMode: Text.HorizontalFit
-            minimumPixelSize: 14
-            font.weight: Font.DemiBold
-            Accessible.ignored: true
-        }
-        Label {
-            id: unit
-
-            anchors.baseline: value.baseline
-            text: card.values.unit
-            size: Theme.fontSubtitle
-            color: Theme.secondary
-            Accessible.ignored: true
-        }
+        maximumWidth: card.width - 28
+        value: card.values.value
+        unit: card.values.unit
+        size: 24
     }
     Item {
         id: graph

@@ -2,6 +2,8 @@
 
 #include "core/ByteCount.h"
 #include "core/Decimal.h"
+#include "models/program/Preferences.h"
+#include "profiles/Profile.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,18 +21,22 @@ int rowOf(const std::vector<ProcessInfo>& rows, std::int32_t pid) {
 
 }  // namespace
 
-void ProcessRows::setApp(AppState* app) {
-    if (app_ == app) return;
-    if (app_) {
-        disconnect(app_->monitor(), nullptr, this, nullptr);
-        disconnect(app_->preferences(), nullptr, this, nullptr);
-    }
-    app_ = app;
-    if (app_) {
-        connect(app_->monitor(), &Monitor::processesChanged, this, &ProcessRows::refresh);
-        connect(app_->preferences(), &Preferences::pinnedProcessesChanged, this, &ProcessRows::refresh);
-    }
-    Q_EMIT appChanged();
+void ProcessRows::setMonitor(Monitor* monitor) {
+    if (monitor_ == monitor) return;
+    if (monitor_) disconnect(monitor_, nullptr, this, nullptr);
+    monitor_ = monitor;
+    if (monitor_) connect(monitor_, &Monitor::processesChanged, this, &ProcessRows::refresh);
+    Q_EMIT monitorChanged();
+    refresh();
+}
+
+void ProcessRows::setPreferences(Preferences* preferences) {
+    if (preferences_ == preferences) return;
+    if (preferences_) disconnect(preferences_, nullptr, this, nullptr);
+    preferences_ = preferences;
+    if (preferences_)
+        connect(preferences_, &Preferences::pinnedProcessesChanged, this, &ProcessRows::refresh);
+    Q_EMIT preferencesChanged();
     refresh();
 }
 
@@ -45,10 +51,8 @@ void ProcessRows::setSort(int sort) {
 /// The rows stay where they are and say something else, so that nothing on the screen is made anew.
 void ProcessRows::refresh() {
     std::vector<ProcessInfo> rows;
-    if (app_) {
-        rows =
-            processRows(app_->monitor()->figures().processes, sort_, app_->preferences()->pinnedProcesses());
-    }
+    if (monitor_ && preferences_)
+        rows = processRows(monitor_->figures().processes, sort_, preferences_->pinnedProcesses());
     const int before = count();
     const int explained = explained_ < 0 ? -1 : rowOf(rows, rows_[static_cast<std::size_t>(explained_)].pid);
     const int now = static_cast<int>(rows.size());
@@ -68,7 +72,7 @@ void ProcessRows::setExplained(int row) {
 }
 
 QString ProcessRows::powerNote() const {
-    return app_ ? QString::fromStdString(Text::localized(app_->profile().words.power)) : QString();
+    return monitor_ ? QString::fromStdString(Text::localized(monitor_->texts().power)) : QString();
 }
 
 int ProcessRows::rowCount(const QModelIndex& parent) const {
@@ -76,9 +80,9 @@ int ProcessRows::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant ProcessRows::data(const QModelIndex& index, int role) const {
-    if (!app_ || index.row() < 0 || index.row() >= count()) return {};
+    if (!monitor_ || !preferences_ || index.row() < 0 || index.row() >= count()) return {};
     const ProcessInfo& row = rows_[static_cast<std::size_t>(index.row())];
-    const auto& pinned = app_->preferences()->pinnedProcesses();
+    const auto& pinned = preferences_->pinnedProcesses();
     switch (role) {
         case Pid:
             return row.pid;
@@ -93,7 +97,7 @@ QVariant ProcessRows::data(const QModelIndex& index, int role) const {
         case Pinned:
             return std::find(pinned.begin(), pinned.end(), row.name) != pinned.end();
         case ExplanationText:
-            return QString::fromStdString(explanation(app_->profile().processNotes, row.name).value_or(""));
+            return QString::fromStdString(explanation(monitor_->texts().processNotes, row.name).value_or(""));
         default:
             return {};
     }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "models/program/AppState.h"
+#include "models/program/Preferences.h"
+#include "models/status/Monitor.h"
 #include "monitoring/Processes.h"
 
 #include <QAbstractListModel>
@@ -10,15 +11,18 @@
 
 namespace tavrel {
 
-/// The processes to show, pinned ones first, as the monitor samples them.
+/// The processes that a monitor has sampled as a list model, those pinned in the preferences first. Empty
+/// until both properties are set.
 class ProcessRows : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(tavrel::AppState* app READ app WRITE setApp NOTIFY appChanged)
+    Q_PROPERTY(tavrel::Monitor* monitor READ monitor WRITE setMonitor NOTIFY monitorChanged)
+    Q_PROPERTY(
+        tavrel::Preferences* preferences READ preferences WRITE setPreferences NOTIFY preferencesChanged)
     Q_PROPERTY(int sort READ sort WRITE setSort NOTIFY sortChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
     Q_PROPERTY(int explained READ explained WRITE setExplained NOTIFY explainedChanged)
-    Q_PROPERTY(QString powerNote READ powerNote NOTIFY appChanged)
+    Q_PROPERTY(QString powerNote READ powerNote NOTIFY monitorChanged)
 
   public:
     enum Role {
@@ -33,8 +37,10 @@ class ProcessRows : public QAbstractListModel {
 
     using QAbstractListModel::QAbstractListModel;
 
-    [[nodiscard]] AppState* app() const { return app_; }
-    void setApp(AppState* app);
+    [[nodiscard]] Monitor* monitor() const { return monitor_; }
+    void setMonitor(Monitor* monitor);
+    [[nodiscard]] Preferences* preferences() const { return preferences_; }
+    void setPreferences(Preferences* preferences);
     /// A case of `ProcessSort`.
     [[nodiscard]] int sort() const { return static_cast<int>(sort_); }
     void setSort(int sort);
@@ -50,7 +56,8 @@ class ProcessRows : public QAbstractListModel {
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
   Q_SIGNALS:
-    void appChanged();
+    void monitorChanged();
+    void preferencesChanged();
     void sortChanged();
     void countChanged();
     void explainedChanged();
@@ -58,7 +65,8 @@ class ProcessRows : public QAbstractListModel {
   private:
     void refresh();
 
-    QPointer<AppState> app_;
+    QPointer<Monitor> monitor_;
+    QPointer<Preferences> preferences_;
     ProcessSort sort_ = ProcessSort::cpu;
     std::vector<ProcessInfo> rows_;
     int explained_ = -1;

@@ -7,7 +7,8 @@ import Tavrel.Status
 Card {
     id: card
 
-    required property AppState app
+    required property Monitor monitor
+    required property Preferences preferences
 
     implicitHeight: column.implicitHeight + 26
     Accessible.role: Accessible.Grouping
@@ -61,7 +62,7 @@ Card {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
-            text: card.app.monitor.hasSeenProcesses ? qsTr("Nothing here")
+            text: card.monitor.hasSeenProcesses ? qsTr("Nothing here")
                                                     : qsTr("Looking at what runs…")
             color: Theme.secondary
         }
@@ -71,14 +72,15 @@ Card {
             model: ProcessRows {
                 id: rows
 
-                app: card.app
+                monitor: card.monitor
+                preferences: card.preferences
             }
 
             ProcessRow {
                 width: column.width
                 explaining: rows.explained === index
                 powerNote: rows.powerNote
-                onPinToggled: card.app.preferences.togglePinned(name)
+                onPinToggled: card.preferences.togglePinned(name)
                 onExplanationToggled: rows.explained = explaining ? -1 : index
             }
         }

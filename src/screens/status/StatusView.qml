@@ -5,25 +5,29 @@ import Tavrel.Graphs
 import Tavrel.Models
 import Tavrel.Status
 
-// The machine live. While the page can be seen it counts as a watcher of the monitor.
+// The machine live. It watches the monitor while it can be seen.
 T.Control {
     id: page
 
-    required property AppState app
-    readonly property bool watching: visible && !app.motion.hidden
+    required property StatusState status
+    required property MotionPause motion
+    required property Preferences preferences
+    required property bool lacksFullDiskAccess
+    readonly property bool watching: visible && !motion.hidden
     readonly property real gap: 14
     readonly property int columns: width < 760 ? 2 : 3
     readonly property real cell: (content.width - (columns - 1) * gap) / columns
     readonly property T.Control focused: Window.activeFocusItem as T.Control
 
+    // Wants the access to the whole disk read anew.
+    signal fullDiskAccessRequested
+
     objectName: "statusView"
     focus: true
     focusPolicy: Qt.StrongFocus
-    onWatchingChanged: app.monitor.processWatchers += watching ? 1 : -1
     // Not what was pressed: it would move away below the pointer.
     onFocusedChanged: if (focused && focused.visualFocus) view.reveal(focused)
-    Component.onCompleted: app.readFullDiskAccess()
-    Component.onDestruction: if (watching) app.monitor.processWatchers -= 1
+    Component.onCompleted: fullDiskAccessRequested()
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Status")
 
@@ -44,7 +48,11 @@ T.Control {
     StatusCards {
         id: cards
 
-        app: page.app
+        monitor: page.status.monitor
+    }
+    MonitorWatcher {
+        monitor: page.status.monitor
+        active: page.watching
     }
 
     contentItem: Flickable {
@@ -53,8 +61,8 @@ T.Control {
         contentHeight: content.height + 2 * Theme.margin
         boundsBehavior: Flickable.StopAtBounds
         clip: true
-        onMovingChanged: page.app.motion.scrolling = moving
-        Component.onDestruction: if (moving) page.app.motion.scrolling = false
+        onMovingChanged: page.motion.scrolling = moving
+        Component.onDestruction: if (moving) page.motion.scrolling = false
         T.ScrollBar.vertical: SlimScrollBar {}
 
         function scrollTo(place: real): void {
@@ -80,9 +88,9 @@ T.Control {
             spacing: page.gap
 
             FullDiskAccessBanner {
-                visible: page.app.asksForFullDiskAccess && !page.app.hasFullDiskAccess
+                visible: page.lacksFullDiskAccess
                 width: parent.width
-                app: page.app
+                onChecked: page.fullDiskAccessRequested()
             }
             Row {
                 spacing: page.gap
@@ -90,18 +98,14 @@ T.Control {
                 HealthCard {
                     width: content.width - (fanBeside.visible ? page.cell + page.gap : 0)
                     height: fanBeside.visible ? fanBeside.height : implicitHeight
-                    score: cards.health
-                    grade: cards.grade
-                    gradeText: cards.gradeText
-                    machine: cards.machine
+                    values: cards.health
                 }
                 FanControlCard {
                     id: fanBeside
 
                     visible: !battery.wanted
                     width: page.cell
-                    fans: cards.fans
-                    detail: cards.fanDetail
+                    values: cards.fans
                 }
             }
             Grid {
@@ -110,28 +114,24 @@ T.Control {
 
                 MetricCard {
                     width: page.cell
-                    symbol: "cpu"
                     values: cards.cpu
                     colour: Theme.glows[4]
                     Sparkline { anchors.fill: parent; values: cards.cpu.history; colour: Theme.glows[4] }
                 }
                 MetricCard {
                     width: page.cell
-                    symbol: "rectangle.3.group"
                     values: cards.gpu
                     colour: Theme.amber
                     Sparkline { anchors.fill: parent; values: cards.gpu.history; colour: Theme.amber }
                 }
                 MetricCard {
                     width: page.cell
-                    symbol: "memorychip"
                     values: cards.memory
                     colour: Theme.sand
                     Sparkline { anchors.fill: parent; values: cards.memory.history; colour: Theme.sand }
                 }
                 MetricCard {
                     width: page.cell
-                    symbol: "internaldrive"
                     values: cards.disk
                     colour: Theme.steel
                     Meter {
@@ -139,19 +139,17 @@ T.Control {
                         width: parent.width
                         height: 8
                         fraction: cards.disk.share
-                        colour: cards.diskNearlyFull ? Theme.amber : Theme.steel
+                        colour: cards.disk.state === StatusCards.Elevated ? Theme.amber : Theme.steel
                     }
                 }
                 MetricCard {
                     width: page.cell
-                    symbol: "network"
                     values: cards.network
                     colour: Theme.sky
                     Sparkline { anchors.fill: parent; values: cards.network.history; colour: Theme.sky }
                 }
                 MetricCard {
                     width: page.cell
-                    symbol: "thermometer.medium"
                     values: cards.thermal
                     colour: Theme.review
                     Meter {
@@ -174,20 +172,19 @@ T.Control {
 
                     width: (content.width - page.gap) / 2
                     hasBattery: cards.hasBattery
-                    battery: cards.battery
-                    charging: cards.charging
+                    values: cards.battery
                     accessories: cards.accessories
                 }
                 FanControlCard {
                     width: battery.width
                     height: battery.height
-                    fans: cards.fans
-                    detail: cards.fanDetail
+                    values: cards.fans
                 }
             }
             ProcessesCard {
                 width: parent.width
-                app: page.app
+                monitor: page.status.monitor
+                preferences: page.preferences
             }
         }
     }

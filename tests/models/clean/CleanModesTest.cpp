@@ -1,4 +1,5 @@
 #include "cleaning/History.h"
+#include "models/clean/CleanState.h"
 #include "models/program/StateDesk.h"
 
 #include <array>
@@ -83,7 +84,7 @@ class CleanModesTest : public ::testing::TestWithParam<Mode> {
   protected:
     CleanModesTest() { fill(desk.mac); }
 
-    [[nodiscard]] CleanListModel& list() { return *desk.state->cleanList(GetParam().mode); }
+    [[nodiscard]] CleanListModel& list() { return *desk.state->clean()->list(GetParam().mode); }
     [[nodiscard]] Texts paths(bool safeOnly) const {
         Texts all;
         for (const Thing& thing : GetParam().things) {
@@ -135,8 +136,8 @@ TEST_P(CleanModesTest, RemovesAllThatIsSelectedAndRemembersTheRun) {
     EXPECT_EQ(entries[0].action, GetParam().action);
     EXPECT_EQ(entries[0].bytes, size);
     EXPECT_THAT(entries[0].paths, ::testing::UnorderedElementsAreArray(ids(expected)));
-    desk.state->history()->load();
-    EXPECT_EQ(desk.state->history()->count(), 1);
+    desk.state->clean()->history()->load();
+    EXPECT_EQ(desk.state->clean()->history()->count(), 1);
 }
 
 TEST_P(CleanModesTest, WithoutAUsableTrashNothingIsDeletedInstead) {

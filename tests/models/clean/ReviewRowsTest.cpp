@@ -178,12 +178,12 @@ TEST_F(ReviewRowsTest, EachItemCarriesItsChips) {
 }
 
 TEST_F(ReviewRowsTest, ACommandIsShownAsItStandsAndHasNoPathToReveal) {
-    const std::string command = "/usr/bin/tool remove a/b/1";
-    const std::pair<const char*, const char*> titles[] = {{"/usr/bin/tool remove a/b/1", command.c_str()},
-                                                          {"/.snapshot/2026", "2026"}};
+    const ToolRun run{RootTool::uninstallRuntime, {"runtime/a/b/1"}};
+    const std::string command = RootTools::commandLine(run).value_or("");
+    const std::pair<std::string, std::string> titles[] = {{command, command}, {"/.snapshot/2026", "2026"}};
     for (const auto& [url, title] : titles) {
         CleanItem item = reviewItem(url, 0);
-        item.adminCommand = command;
+        item.rootTool = run;
         desk.find({item});
         if (rows.count() == 1) rows.toggleExpanded(0);
         EXPECT_EQ(text(1, Role::title), title);

@@ -1,3 +1,5 @@
+#include "models/clean/CleanState.h"
+#include "models/program/LoginItem.h"
 #include "models/program/StateDesk.h"
 
 #include <QSignalSpy>
@@ -54,33 +56,33 @@ TEST_F(AppStateTest, OnlyTheCleanTabIsBusyAndOnlyWhileAListWorks) {
     QObject::connect(&state(), &AppState::busyChanged, [&] {
         if (seen.back() != state().busy()) seen.push_back(state().busy());
     });
-    for (const CleanMode mode : CleanModes::allCases) ASSERT_TRUE(desk.scan(*state().cleanList(mode)));
-    ASSERT_TRUE(desk.clean(*state().junk()));
+    for (const CleanMode mode : CleanModes::allCases) ASSERT_TRUE(desk.scan(*state().clean()->list(mode)));
+    ASSERT_TRUE(desk.clean(*state().clean()->junk()));
     EXPECT_EQ(seen, (std::vector{idle, cleaning, idle, cleaning, idle, cleaning, idle, cleaning, idle,
                                  cleaning, idle}));
 
     // Two lists at once: busy until the last one ends.
-    state().junk()->scan();
-    state().ai()->scan();
-    ASSERT_TRUE(testing::waitUntil([&] { return !state().ai()->isWorking(); }, desk.clock));
-    EXPECT_EQ(state().isBusy(AppTab::clean), state().junk()->isWorking());
+    state().clean()->junk()->scan();
+    state().clean()->ai()->scan();
+    ASSERT_TRUE(testing::waitUntil([&] { return !state().clean()->ai()->isWorking(); }, desk.clock));
+    EXPECT_EQ(state().isBusy(AppTab::clean), state().clean()->junk()->isWorking());
 }
 
 TEST_F(AppStateTest, AScanGoesByThePreferencesOfItsBeginning) {
     const auto cache = desk.mac.folder("~/Library/Caches/com.spotify.client", 12, 20'000);
-    ASSERT_TRUE(desk.scan(*state().junk()));
-    EXPECT_EQ(state().junk()->itemCount(), 1);
+    ASSERT_TRUE(desk.scan(*state().clean()->junk()));
+    EXPECT_EQ(state().clean()->junk()->itemCount(), 1);
     state().preferences()->addFolders(Preferences::PathList::ProtectedPaths, std::vector{cache});
-    ASSERT_TRUE(desk.scan(*state().junk()));
-    EXPECT_EQ(state().junk()->itemCount(), 0);
+    ASSERT_TRUE(desk.scan(*state().clean()->junk()));
+    EXPECT_EQ(state().clean()->junk()->itemCount(), 0);
 
     const auto modules = desk.mac.folder("~/Developer/shop/node_modules", 12, 20'000, 20);
     testing::Sandbox::date(desk.mac.file("~/Developer/shop/package.json", 20), testing::daysAgo(20));
-    ASSERT_TRUE(desk.scan(*state().projects()));
-    EXPECT_EQ(state().projects()->selectedCount(), 0);
+    ASSERT_TRUE(desk.scan(*state().clean()->projects()));
+    EXPECT_EQ(state().clean()->projects()->selectedCount(), 0);
     state().preferences()->setStaleProjectDays(10);
-    ASSERT_TRUE(desk.scan(*state().projects()));
-    EXPECT_EQ(state().projects()->selectedCount(), 1);
+    ASSERT_TRUE(desk.scan(*state().clean()->projects()));
+    EXPECT_EQ(state().clean()->projects()->selectedCount(), 1);
 }
 
 TEST_F(AppStateTest, FullDiskAccessIsLookedAtAgainWhenAsked) {
@@ -108,9 +110,9 @@ TEST_F(AppStateTest, TheSwitchForTheLoginStandsWhereTheSystemStands) {
 TEST_F(AppStateTest, MayEndWhileItScansAndCleans) {
     const auto installer = desk.mac.bulk("~/Downloads/Old.dmg", 1'000'000, 50);
     desk.mac.folder("~/Library/Caches/com.spotify.client", 200, 20'000);
-    ASSERT_TRUE(desk.scan(*state().installers()));
-    state().installers()->clean();
-    state().junk()->scan();
+    ASSERT_TRUE(desk.scan(*state().clean()->installers()));
+    state().clean()->installers()->clean();
+    state().clean()->junk()->scan();
     desk.state.reset();
     ASSERT_TRUE(testing::waitUntil([&] { return !fs::exists(installer); }, desk.clock));
     EXPECT_TRUE(desk.isTrashed("Old.dmg"));

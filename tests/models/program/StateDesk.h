@@ -4,7 +4,10 @@
 #include "models/program/AppState.h"
 #include "models/show/FakeIconSource.h"
 #include "models/show/FileIcons.h"
+#include "models/show/MotionPause.h"
+#include "models/show/ShowState.h"
 #include "models/show/Sounds.h"
+#include "models/status/Monitor.h"
 #include "platform/FolderAccess.h"
 #include "sample/SampleMac.h"
 #include "support/EventLoop.h"
@@ -52,6 +55,7 @@ class StateDesk {
     FileIcons icons{iconSource, IconOwners::macos(profile.places.home())};
     MotionPause motion;
     Shockwave shockwave;
+    ShowState show{shockwave, icons};
     FakeSoundPlayer player;
     Sounds sounds{preferences, shockwave, player, clock};
     FakeLogin login;
@@ -81,7 +85,7 @@ class StateDesk {
         .monitor = monitor,
         .launchAtLogin = login,
         .motion = motion,
-        .shockwave = shockwave,
+        .show = show,
     });
 
   private:

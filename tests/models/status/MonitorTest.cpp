@@ -1,4 +1,4 @@
-#include "models/status/Monitor.h"
+#include "models/status/MonitorWatcher.h"
 #include "support/EventLoop.h"
 #include "support/FakeMachine.h"
 #include "support/ManualClock.h"
@@ -15,7 +15,7 @@ namespace {
 
 MonitorServices over(Clock& clock, const std::shared_ptr<testing::FakeMachine>& machine) {
     const Machine readers = testing::FakeMachine::readers(machine);
-    return {clock, readers.sensors, readers.temperatures, readers.fans, readers.processes};
+    return {clock, readers.sensors, readers.temperatures, readers.fans, readers.processes, {}};
 }
 
 /// A machine whose home lies on a volume that does not answer.
@@ -44,16 +44,22 @@ TEST(Monitor, SamplesEveryTwoSecondsAndAtOnceForTheFirstWatcher) {
     EXPECT_TRUE(monitor->figures().processes.empty());
 
     QSignalSpy listed(&*monitor, &Monitor::processesChanged);
-    monitor->setProcessWatchers(1);
+    std::optional<MonitorWatcher> watcher;
+    watcher.emplace().setMonitor(&*monitor);
     EXPECT_EQ(monitor->figures().load, 1.25);
     EXPECT_TRUE(listed.wait());
     EXPECT_EQ(monitor->figures().processes, machine.processes);
     EXPECT_TRUE(testing::waitUntil([&] { return monitor->figures().disk == machine.space; }));
     EXPECT_TRUE(testing::waitUntil([&] { return monitor->figures().accessories == machine.devices; }));
-    monitor->setProcessWatchers(2);
+    MonitorWatcher second;
+    second.setMonitor(&*monitor);
     EXPECT_EQ(monitor->figures().cpuHistory.size(), 6U);
-    monitor->setProcessWatchers(-1);
     EXPECT_EQ(monitor->processWatchers(), 2);
+    second.setActive(false);
+    EXPECT_EQ(monitor->processWatchers(), 1);
+    second.setActive(true);
+    watcher.reset();
+    EXPECT_EQ(monitor->processWatchers(), 1);
 
     monitor.reset();
     static_cast<void>(machine.takeReads());
@@ -67,7 +73,8 @@ TEST(Monitor, NeitherItsOtherReadsNorItsEndWaitForADeadVolume) {
     {
         Monitor monitor(over(clock, machine));
         QSignalSpy listed(&monitor, &Monitor::processesChanged);
-        monitor.setProcessWatchers(1);
+        MonitorWatcher watcher;
+        watcher.setMonitor(&monitor);
         EXPECT_FALSE(monitor.hasSeenProcesses());
         EXPECT_TRUE(listed.wait());
         EXPECT_TRUE(monitor.hasSeenProcesses()) << "though there are none";

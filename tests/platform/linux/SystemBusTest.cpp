@@ -1,13 +1,13 @@
 #include "FixtureTree.h"
-#include "PlayedBus.h"
+#include "PlayedService.h"
 #include "core/FileHandle.h"
 #include "core/Files.h"
 #include "platform/linux/figures/LinuxSensors.h"
 #include "platform/linux/power/SystemBus.h"
+#include "support/PrivateBus.h"
 #include "support/Sandbox.h"
 
 #include <chrono>
-#include <memory>
 #include <string>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -21,8 +21,8 @@ using namespace std::chrono_literals;
 using Accessory = Sensors::Accessory;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using testing::PlayedBus;
 using testing::PlayedService;
+using testing::PrivateBus;
 using testing::Sandbox;
 
 constexpr const char* upower = "org.freedesktop.UPower";
@@ -75,7 +75,7 @@ class SystemBusTest : public ::testing::Test {
     }
 
     Sandbox sandbox;
-    PlayedBus bus{upower};
+    PrivateBus bus{upower};
     SystemBus::Time now{1h};
 };
 
@@ -124,10 +124,9 @@ TEST_F(SystemBusTest, AHangingServiceIsNotFeltTwice) {
 }
 
 TEST_F(SystemBusTest, ABusThatGoesIsNoFailure) {
-    auto passing = std::make_unique<PlayedBus>(upower);
-    SystemBus asked(passing->address());
+    SystemBus asked(bus.address());
     EXPECT_EQ(asked.properties(manager), std::nullopt);
-    passing.reset();
+    bus.stop();
     EXPECT_EQ(asked.properties(manager), std::nullopt);
     EXPECT_EQ(SystemBus("nonsense").objects(manager, "List"), std::nullopt);
     EXPECT_EQ(SystemBus("").objects(manager, "List"), std::nullopt);

@@ -1,5 +1,6 @@
 #include "platform/linux/files/LinuxFolderAccess.h"
 
+#include "core/FileHandle.h"
 #include "core/Paths.h"
 
 #include <algorithm>
@@ -24,10 +25,6 @@ namespace tavrel {
 namespace {
 
 constexpr std::uint64_t folderFlags = O_DIRECTORY | O_CLOEXEC;
-
-std::error_code lastError() {
-    return {errno, std::generic_category()};
-}
 
 int openAt2(int at, const char* path, std::uint64_t flags) {
     open_how how{};

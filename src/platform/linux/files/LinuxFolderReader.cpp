@@ -11,7 +11,6 @@ namespace tavrel {
 namespace {
 
 constexpr std::size_t bufferSize = 65'536;  // some two thousand entries a call
-constexpr std::int64_t blockSize = 512;     // the unit of stx_blocks
 
 /// Attributes that a network file system has at hand are good enough: no round trip for each file.
 constexpr int statFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;

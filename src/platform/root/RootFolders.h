@@ -1,0 +1,15 @@
+#pragma once
+
+#include <array>
+
+namespace tavrel {
+
+/// The folders of a Linux system whose entries root may remove, never they themselves. The helper for root's
+/// work removes nothing elsewhere, whoever asks it.
+inline constexpr std::array linuxRootFolders = {
+    "/var/log",
+    "/var/lib/systemd/coredump",
+    "/var/crash",
+};
+
+}  // namespace tavrel

@@ -88,6 +88,25 @@ TEST_F(SizeServiceTest, PermitsAreBoundedAndTheLastToComeIsServedFirst) {
     EXPECT_EQ(told.size(), 6U);
 }
 
+TEST_F(SizeServiceTest, AWalkThatStallsGivesItsPermitToTheNextAndMayStillAnswer) {
+    make(2);
+    int stalled = 0;
+    std::vector<Wait> waits = {service->info("/dead", [](const auto&) {}, [&] { ++stalled; }), ask("/slow")};
+    for (const char* path : {"/1", "/2", "/3"}) waits.push_back(ask(path));
+    for (int look = 0; look < 6; ++look) {
+        ++*work.progress["/slow"];
+        clock.advance(SizeService::patience);
+    }
+    EXPECT_EQ(stalled, 1);
+    EXPECT_THAT(begun, ElementsAre("/dead", "/slow", "/3", "/2", "/1"));  // these stall as well
+    EXPECT_EQ(service->running(), 2U);
+    end("/dead", 5);
+    EXPECT_EQ(known("/dead"), 5);
+    EXPECT_EQ(service->running(), 2U);
+    waits.clear();
+    for (const auto& walk : work.walks) EXPECT_TRUE(walk.stop.stop_requested()) << walk.path;
+}
+
 TEST_F(SizeServiceTest, AWalkThatNobodyWaitsForIsStoppedAndKeepsWhatItHadFinished) {
     make(1);
     Wait running = ask("/a");

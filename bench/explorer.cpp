@@ -12,7 +12,6 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QPromise>
 #include <algorithm>
 #include <ctime>
 #include <filesystem>
@@ -69,20 +68,14 @@ class Watched final : public QCoreApplication {
 /// Nothing is removed here, though it says so of everything.
 class NoRemoval final : public CleanRunner {
   public:
-    QFuture<Report> clean(CleanJob job) override {
-        auto promise = std::make_shared<QPromise<Report>>();
-        promise->start();
+    void clean(CleanJob job, Done<Report> done) override {
         const auto report = std::make_shared<const CleanReport>(CleanReport{.removed = std::move(job.items)});
-        const auto tell = [promise, report] {
-            promise->addResult(report);
-            promise->finish();
-        };
+        const auto tell = [report, done = std::move(done)] { done(report); };
         QMetaObject::invokeMethod(QCoreApplication::instance(), tell, Qt::QueuedConnection);
-        return promise->future();
     }
-    QFuture<std::int64_t> emptyTrash() override { return {}; }
-    QFuture<Runs> findTrashed(std::vector<History::Entry> /*entries*/) override { return {}; }
-    QFuture<RestoreReport> restore(std::vector<Restorer::Item> /*items*/) override { return {}; }
+    void emptyTrash(Done<std::int64_t> /*done*/) override {}
+    void findTrashed(std::vector<History::Entry> /*entries*/, Done<Runs> /*done*/) override {}
+    void restore(std::vector<Restorer::Item> /*items*/, Done<RestoreReport> /*done*/) override {}
 };
 
 double heapBytes() {
@@ -126,11 +119,8 @@ struct Desk {
     Preferences preferences;
     NoRemoval runner;
     std::size_t walks = SizeService::parallelWalks(std::thread::hardware_concurrency());
-    BackgroundDiskWork work{profile.packages, walks};
-    SizeService sizes{[this](auto path, auto stop, auto done) {
-                          work.measure(std::move(path), std::move(stop), std::move(done));
-                      },
-                      walks};
+    BackgroundDiskWork work{profile.packages};
+    SizeService sizes{work, *clock, walks};
     AnalyzeModel model{{
         .places = profile.places,
         .clock = *clock,

@@ -45,11 +45,11 @@ Program::Program(Parts parts)
     : parts_(std::move(parts)),
       defaults_(parts_.profile.places.preferences()),
       preferences_(defaults_, parts_.profile.places.home()),
-      tools_(parts_.profile),
+      tools_(std::make_shared<SystemTools>(parts_.profile)),
       sounds_(preferences_, shockwave_, *parts_.soundPlayer, *parts_.clock),
       icons_(*parts_.icons, ownersOf(parts_.profile)),
       show_(shockwave_, icons_),
-      cleaner_(tools_.cleaner(parts_.profile), parts_.profile.scan.volumeTrashes),
+      cleaner_(tools_->cleaner(parts_.profile), tools_, parts_.profile.scan.volumeTrashes),
       monitor_({
           .clock = *parts_.clock,
           .sensors = parts_.machine.sensors,

@@ -57,7 +57,7 @@ class Program {
     Parts parts_;
     UserDefaults defaults_;
     Preferences preferences_;
-    SystemTools tools_;
+    std::shared_ptr<SystemTools> tools_;
     MotionPause motion_;
     Shockwave shockwave_;
     Sounds sounds_;

@@ -4,13 +4,19 @@
 #include "app/SessionBus.h"
 #include "app/SingleInstance.h"
 #include "engine/ThisUser.h"
+#include "models/support/Background.h"
 #include "platform/linux/desktop/LinuxLaunchAtLogin.h"
 
 #include <QStringList>
 
-// The windowed program. One runs in a session: a second start asks the first to show its window, and ends.
-int main(int argc, char** argv) {
-    using namespace tavrel;
+namespace {
+
+using namespace tavrel;
+
+/// At the end the program goes first, which waits for removals, and then the name on the bus: a successor
+/// does not write the same record and Trash. Nobody waits for reads, so one that hangs does not keep the
+/// name.
+int run(int argc, char** argv) {
     Graphics::choose();
     Launch::Application application(argc, argv);
 
@@ -24,4 +30,11 @@ int main(int argc, char** argv) {
     Program program(
         Program::partsOf(ThisUser::profile(), byLogin ? Program::Start::byLogin : Program::Start::byUser));
     return Launch::run(program, bus, &instance);
+}
+
+}  // namespace
+
+// The windowed program. One runs in a session: a second start asks the first to show its window, and ends.
+int main(int argc, char** argv) {
+    return Background::leave(run(argc, argv));
 }

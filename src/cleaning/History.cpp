@@ -4,8 +4,8 @@
 #include "core/RandomBytes.h"
 
 #include <array>
-#include <charconv>
 #include <cstddef>
+#include <ctime>
 #include <limits>
 #include <optional>
 #include <string_view>
@@ -23,32 +23,12 @@ using Json = nlohmann::ordered_json;
 
 constexpr std::size_t maxEntries = 500;
 
-/// The text with every digit as "0": its shape.
-std::string shapeOf(std::string_view text) {
-    std::string shape(text);
-    for (char& c : shape) {
-        if (c >= '0' && c <= '9') c = '0';
-    }
-    return shape;
-}
-
+/// Only a date that `dateText` writes the same way is taken, so that no field is out of its range.
 std::optional<Instant> parsedDate(const std::string& text) {
-    using namespace std::chrono;
-    if (shapeOf(text) != "0000-00-00T00:00:00Z") return std::nullopt;
-    const auto number = [&](std::size_t at, std::size_t length) {
-        int value = 0;
-        std::from_chars(text.data() + at, text.data() + at + length, value);
-        return value;
-    };
-    const year_month_day calendar(year(number(0, 4)), month(static_cast<unsigned>(number(5, 2))),
-                                  day(static_cast<unsigned>(number(8, 2))));
-    const int hour = number(11, 2);
-    const int minute = number(14, 2);
-    const int second = number(17, 2);
-    if (!calendar.ok() || hour > 23 || minute > 59 || second > 59) return std::nullopt;
-    // What nanoseconds in 64 bits can hold of years, whole ones only.
-    if (calendar.year() < year(1678) || calendar.year() > year(2261)) return std::nullopt;
-    return sys_days(calendar) + hours(hour) + minutes(minute) + seconds(second);
+    std::tm parts{};
+    if (::strptime(text.c_str(), "%Y-%m-%dT%H:%M:%SZ", &parts) == nullptr) return std::nullopt;
+    const Instant date = instantOf(::timegm(&parts), 0);
+    return dateText(date) == text ? std::optional(date) : std::nullopt;
 }
 
 bool isIdentifier(std::string_view text) {

@@ -1,5 +1,5 @@
+#include "cleaning/CleanJob.h"
 #include "cleaning/CleanTexts.h"
-#include "cleaning/Cleaner.h"
 #include "cli/AddCommand.h"
 #include "cli/Arguments.h"
 #include "cli/ExitStatus.h"
@@ -145,16 +145,16 @@ Cleaner::Tools CleanRun::cleanerTools() {
 }
 
 CleanReport CleanRun::remove(const Items& chosen, const Finder& finder, bool preview) {
-    const Cleaner cleaner(cleanerTools());
-    const Cleaner::Options options = {
-        .dryRun = preview,
-        .alwaysTrash = options_.alwaysTrash || session_.preferences().alwaysTrash,
-    };
-    constexpr double percent = 100;
-    const auto progress = [&](double fraction) {
+    PreferenceValues values = session_.preferences();
+    values.dryRun = preview;
+    values.alwaysTrash = values.alwaysTrash || options_.alwaysTrash;
+    auto job = CleanJob::make(chosen, finder.action(), finder.guard(), values, session_.protectedPaths());
+    if (!job) return std::move(job.error());
+    job->progress = [this](double fraction) {
+        constexpr double percent = 100;
         console_.progress(phrase("Removing… {:.0f} %", fraction * percent));
     };
-    CleanReport report = cleaner.clean(chosen, finder.action(), finder.guard(), options, progress);
+    CleanReport report = job->run(Cleaner(cleanerTools()));
     console_.endProgress();
     return report;
 }

@@ -55,7 +55,8 @@ class Console {
     /// Asks on the terminal; anything but a clear yes is a no.
     [[nodiscard]] bool confirm(std::string_view question);
 
-    /// Flushes standard output. Returns `status`, or the status of a failed write if the flush failed.
+    /// Flushes standard output. Returns `status`; `undone` in place of `done` if anything could not be
+    /// written.
     [[nodiscard]] int finish(int status);
 
   private:

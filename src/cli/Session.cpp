@@ -3,7 +3,6 @@
 #include "core/Phrase.h"
 #include "engine/ThisUser.h"
 
-#include <algorithm>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -69,11 +68,13 @@ void Session::warnOfSettings(Console& console) const {
     }
 }
 
+CleanJob::ProtectedPaths Session::protectedPaths() const {
+    return PreferenceValues::knowsProtectedPaths(defaults_) ? CleanJob::ProtectedPaths::known
+                                                            : CleanJob::ProtectedPaths::unknown;
+}
+
 std::optional<std::string> Session::protectionUnknown() const {
-    const auto wrong = PreferenceValues::unreadableKeys(defaults_);
-    const bool known = defaults_.state() != UserDefaults::State::damaged &&
-                       std::find(wrong.begin(), wrong.end(), "protectedPaths") == wrong.end();
-    if (known) return std::nullopt;
+    if (protectedPaths() == CleanJob::ProtectedPaths::known) return std::nullopt;
     return phrase(
         "nothing is removed while the protected folders in {} cannot be read; "
         "write them anew with \"tavrelctl settings protectedPaths\"",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cleaning/CleanJob.h"
 #include "cleaning/SafetyGuard.h"
 #include "cli/Console.h"
 #include "cli/GlobalOptions.h"
@@ -39,6 +40,8 @@ class Session {
     /// Warns of settings that count as their defaults because they cannot be read.
     void warnOfSettings(Console& console) const;
 
+    /// Whether the folders that the user barred can be read.
+    [[nodiscard]] CleanJob::ProtectedPaths protectedPaths() const;
     /// Why the protected folders cannot be known; nothing when they are. Nothing may be removed then.
     [[nodiscard]] std::optional<std::string> protectionUnknown() const;
 

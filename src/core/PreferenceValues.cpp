@@ -146,6 +146,15 @@ std::vector<std::string> PreferenceValues::unreadableKeys(const UserDefaults& de
     return unreadable;
 }
 
+bool PreferenceValues::knowsProtectedPaths(const UserDefaults& defaults) {
+    PreferenceValues ignored;
+    const auto isUnreadable = [&](const Field& field) {
+        return field.key == "protectedPaths" && !readField(defaults, field, ignored);
+    };
+    return defaults.state() != UserDefaults::State::damaged &&
+           std::none_of(std::begin(fields), std::end(fields), isUnreadable);
+}
+
 std::span<const std::string_view> PreferenceValues::keys() {
     return fieldKeys;
 }

@@ -42,6 +42,8 @@ struct PreferenceValues {
 
     /// The keys that stand in the file with a wrong type, so that a person can be told.
     [[nodiscard]] static std::vector<std::string> unreadableKeys(const UserDefaults& defaults);
+    /// Whether the folders that the user barred can be read. Where they cannot, nothing may be removed.
+    [[nodiscard]] static bool knowsProtectedPaths(const UserDefaults& defaults);
 
     /// Every key, in the order of the fields.
     [[nodiscard]] static std::span<const std::string_view> keys();

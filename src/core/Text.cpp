@@ -137,6 +137,11 @@ std::string localized(English one, English many, unsigned long count) {
     return ::dngettext(textDomain, one, many, count);
 }
 
+std::string translated(const std::string& english) {
+    if (english.empty()) return {};
+    return ::dgettext(textDomain, english.c_str());
+}
+
 std::string repaired(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size());

@@ -19,6 +19,9 @@ using English = const char*;
 /// Like localized(english); `count` chooses between the forms `one` and `many`.
 [[nodiscard]] std::string localized(English one, English many, unsigned long count);
 
+/// The same for a text that another process has said in English; unchanged when no catalogue holds it.
+[[nodiscard]] std::string translated(const std::string& english);
+
 /// `bytes` as UTF-8, every invalid sequence replaced by U+FFFD.
 [[nodiscard]] std::string repaired(std::string_view bytes);
 [[nodiscard]] bool isUtf8(std::string_view bytes);

@@ -12,13 +12,13 @@ namespace tavrel::DiskIndex {
 namespace {}  // namespace
 
 Measurement measure(const std::filesystem::path& path, int recordDepth, std::stop_token stop,
-                    unsigned threads) {
+                    unsigned threads, std::atomic<std::uint64_t>* progress) {
     struct stat status {};
     if (::lstat(path.c_str(), &status) != 0) return {};
     if (!S_ISDIR(status.st_mode)) return {.size = status.st_blocks * blockSize, .files = 1, .folders = {}};
 
     Tally tally(recordDepth);
-    walkTree(path, tally, {.stop = std::move(stop), .threads = threads});
+    walkTree(path, tally, {.stop = std::move(stop), .threads = threads, .progress = progress});
     return std::move(tally).result();
 }
 

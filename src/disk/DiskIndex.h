@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <stop_token>
@@ -32,9 +33,11 @@ struct LargeFile {
 /// The tree below `path`, which may itself be a file. Folders and links count their own blocks, a hard-linked
 /// file counts once, where a walk in directory order first meets it. Other file systems are not entered.
 /// Nothing is skipped by name. A path that cannot be opened gives zeros; a stopped walk gives zeros and the
-/// folders that were finished. `threads` of 0 means as many as the machine has processors.
+/// folders that were finished. `threads` of 0 means as many as the machine has processors. `progress`, where
+/// given, counts up while the walk goes on, and stands still while it hangs.
 [[nodiscard]] Measurement measure(const std::filesystem::path& path, int recordDepth,
-                                  std::stop_token stop = {}, unsigned threads = 0);
+                                  std::stop_token stop = {}, unsigned threads = 0,
+                                  std::atomic<std::uint64_t>* progress = nullptr);
 
 /// Files of at least `minimum` allocated bytes, largest first, equal ones in the order of the walk, at most
 /// `limit`. Photo, music and TV libraries are not entered. A stopped walk gives what it has.

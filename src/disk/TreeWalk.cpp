@@ -67,14 +67,21 @@ bool isStill(const Handle& handle, const WalkFolder& folder) {
     return identify(handle, found) && found.inode == folder.inode && found.device == folder.device;
 }
 
-/// Notices a stop, looking for it now and then only.
+/// Notices a stop, looking for it now and then only, and shows that the walk goes on.
 class StopWatch {
   public:
-    explicit StopWatch(const std::stop_token& stop) : stop_(stop) {}
-    bool stopsAtNextEntry() { return ++entries_ % entriesPerStopCheck == 0 && stop_.stop_requested(); }
+    explicit StopWatch(const WalkOptions& options) : options_(options) {}
+    void countProgress() const {
+        if (options_.progress != nullptr) options_.progress->fetch_add(1, std::memory_order_relaxed);
+    }
+    bool stopsAtNextEntry() {
+        if (++entries_ % entriesPerStopCheck != 0) return false;
+        countProgress();
+        return options_.stop.stop_requested();
+    }
 
   private:
-    const std::stop_token& stop_;
+    const WalkOptions& options_;
     unsigned entries_ = 0;
 };
 
@@ -96,7 +103,7 @@ class Team {
     Handle reopen(const std::shared_ptr<WalkFolder>& folder);
 
     Survey& survey_;
-    const std::stop_token stop_;
+    const WalkOptions& options_;
     std::shared_ptr<WalkFolder> root_;
     Handle rootHandle_;
 
@@ -116,7 +123,7 @@ unsigned teamSize(unsigned asked) {
 }
 
 Team::Team(Survey& survey, const WalkOptions& options)
-    : survey_(survey), stop_(options.stop), mostHelpers_(teamSize(options.threads) - 1) {}
+    : survey_(survey), options_(options), mostHelpers_(teamSize(options.threads) - 1) {}
 
 void Team::walk(const std::filesystem::path& root) {
     root_ = std::make_shared<WalkFolder>();
@@ -124,7 +131,7 @@ void Team::walk(const std::filesystem::path& root) {
     rootHandle_ = openFolder(AT_FDCWD, root.c_str());
     if (!rootHandle_ || !identify(rootHandle_, *root_)) return;
 
-    StopWatch watch(stop_);
+    StopWatch watch(options_);
     Reading reading{.folder = root_, .handle = rootHandle_};
     readEntries(reading, watch);
     {
@@ -141,6 +148,7 @@ void Team::work(StopWatch watch) {
     while (std::optional<Task> task = next(lock)) {
         lock.unlock();
         Reading reading = read(*task, watch);
+        watch.countProgress();
         lock.lock();
         handIn(task->parent, std::move(reading));
     }
@@ -183,7 +191,7 @@ void Team::callHelpers() {
     while (!stopped_ && helpers_.size() < mostHelpers_ &&
            waiting_ >= foldersPerHelper * (helpers_.size() + 1)) {
         try {
-            helpers_.emplace_back([this] { work(StopWatch(stop_)); });
+            helpers_.emplace_back([this] { work(StopWatch(options_)); });
         } catch (const std::system_error&) {
             mostHelpers_ = static_cast<unsigned>(helpers_.size());  // the machine grants no more
         }

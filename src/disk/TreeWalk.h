@@ -3,6 +3,7 @@
 #include "disk/WalkFolder.h"
 #include "platform/FolderReader.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -51,6 +52,7 @@ class Survey {
 struct WalkOptions {
     std::stop_token stop;  // looked at every 4096 entries a thread
     unsigned threads = 0;  // 0: as many as the machine has processors, within reason
+    std::atomic<std::uint64_t>* progress = nullptr;  // counts up with each folder and every 4096 entries
 };
 
 /// Walks the folder `root` without following a link or entering another device, and returns when all of it

@@ -3,6 +3,7 @@
 #include "cleaning/Stage.h"
 #include "models/clean/BackgroundCleaner.h"
 #include "platform/FolderAccess.h"
+#include "support/EventLoop.h"
 #include "support/FakeAdministrator.h"
 
 #include <filesystem>
@@ -16,14 +17,16 @@ namespace tavrel::testing {
 class CleaningHome {
   public:
     explicit CleaningHome(std::unique_ptr<Trash> own = nullptr)
-        : trash(own ? std::move(own) : makeTrash(Layout::freedesktop, systemFolderAccess(), stage.home())),
+        : trash(own ? std::shared_ptr<Trash>(std::move(own))
+                    : makeTrash(Layout::freedesktop, systemFolderAccess(), stage.home())),
           cleaner(std::make_unique<BackgroundCleaner>(
               Cleaner::Tools{.access = systemFolderAccess(),
                              .trash = *trash,
                              .administrator = administrator,
                              .systemRoots = {stage.sandbox.path("system")},
                              .history = stage.sandbox.path("support/history.json"),
-                             .now = [] { return now(); }})) {}
+                             .now = [] { return now(); }},
+              trash)) {}
 
     /// A file below the home that goes to the Trash when it is removed.
     [[nodiscard]] CleanItem item(const std::string& name) const {
@@ -39,8 +42,16 @@ class CleaningHome {
                 .progress = std::move(progress)};
     }
 
+    /// A whole clean; nullptr when it does not end.
+    [[nodiscard]] CleanRunner::Report clean(std::vector<CleanItem> items) const {
+        auto report = std::make_shared<CleanRunner::Report>();
+        cleaner->clean(job(std::move(items)),
+                       [report](CleanRunner::Report told) { *report = std::move(told); });
+        return waitUntil([&] { return *report != nullptr; }) ? *report : nullptr;
+    }
+
     Stage stage;
-    std::unique_ptr<Trash> trash;
+    std::shared_ptr<Trash> trash;
     FakeAdministrator administrator;
     std::unique_ptr<BackgroundCleaner> cleaner;
 };

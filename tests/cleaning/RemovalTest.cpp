@@ -1,11 +1,9 @@
 #include "cleaning/Removal.h"
 #include "cleaning/Stage.h"
-#include "platform/linux/files/LinuxFolderAccess.h"
 #include "support/Isolation.h"
 
 #include <fcntl.h>
 #include <filesystem>
-#include <functional>
 #include <linux/fs.h>
 #include <string>
 #include <sys/ioctl.h>
@@ -14,7 +12,6 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
-#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -22,38 +19,11 @@ namespace tavrel {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::Interrupted;
+using testing::once;
 using testing::Ran;
 using testing::reason;
 using testing::Stage;
-
-/// Lets another program act at the very moment that matters.
-class Interrupted : public LinuxFolderAccess {
-  public:
-    std::function<void(const std::string& name)> beforeOpening = [](const std::string&) {};
-    std::function<void()> beforeClimbing = [] {};
-    std::function<void()> beforeMoving = [] {};
-
-    Outcome<FileHandle> openBeneath(int anchor, const std::vector<std::string>& components) const override {
-        if (!components.empty()) beforeOpening(components.back());
-        return LinuxFolderAccess::openBeneath(anchor, components);
-    }
-    Outcome<FileHandle> openAbove(int handle) const override {
-        beforeClimbing();
-        return LinuxFolderAccess::openAbove(handle);
-    }
-    std::error_code moveExclusively(int from, const std::string& fromName, int to,
-                                    const std::string& toName) const override {
-        beforeMoving();
-        return LinuxFolderAccess::moveExclusively(from, fromName, to, toName);
-    }
-};
-
-/// Runs an action the first time only.
-std::function<void()> once(std::function<void()> act) {
-    return [act = std::move(act), done = false]() mutable {
-        if (!std::exchange(done, true)) act();
-    };
-}
 
 /// Folders "d" in each other below `top`, as many as `depth`, with a file in the deepest.
 void makeChain(const fs::path& top, int depth) {

@@ -1,12 +1,10 @@
 #include "cleaning/Restorer.h"
 #include "cleaning/Stage.h"
-#include "platform/linux/files/LinuxFolderAccess.h"
 #include "support/Isolation.h"
 
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
-#include <functional>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -161,30 +159,17 @@ TEST(RestoreTest, aRecordWrittenByHandLeadsNowhere) {
     }
 }
 
-/// Does something right before a move.
-class Late : public LinuxFolderAccess {
-  public:
-    std::function<void()> beforeMove = [] {};
-    std::error_code moveExclusively(int from, const std::string& fromName, int to,
-                                    const std::string& toName) const override {
-        beforeMove();
-        return LinuxFolderAccess::moveExclusively(from, fromName, to, toName);
-    }
-};
-
 TEST(RestoreTest, whatAppearsBetweenCheckAndActStaysAndSoDoesTheEntry) {
-    Late late;
+    testing::Interrupted late;
     const Case here(Layout::freedesktop, late);
     const auto item = here.stage.sandbox.text("home/item", "mine");
     const auto entry = here.put(item);
-    late.beforeMove = [&] { std::ofstream(item) << "new"; };
+    late.beforeMoving = [&] { std::ofstream(item) << "new"; };
     EXPECT_EQ(here.back(entry), "Something else stands in its place now");
     EXPECT_EQ(testing::contentOf(item), "new");
     fs::remove(item);
-    late.beforeMove = [&, done = false]() mutable {
-        if (!std::exchange(done, true))
-            fs::remove(entry.place), fs::rename(here.stage.outside() / "canary", entry.place);
-    };
+    late.beforeMoving = testing::once(
+        [&] { fs::remove(entry.place), fs::rename(here.stage.outside() / "canary", entry.place); });
     EXPECT_EQ(here.back(entry), "Changed since it was checked");
     EXPECT_EQ(testing::contentOf(entry.place), "alive") << "it is back under its own name";
     EXPECT_TRUE(fs::exists(here.note()));

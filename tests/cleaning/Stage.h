@@ -3,13 +3,15 @@
 #include "cleaning/Removal.h"
 #include "cleaning/SafetyGuard.h"
 #include "cleaning/Trash.h"
-#include "platform/FolderAccess.h"
+#include "platform/linux/files/LinuxFolderAccess.h"
 #include "support/Sandbox.h"
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tavrel::testing {
@@ -48,6 +50,35 @@ struct NamedAccess {
 };
 /// The system's own, its stand-in on an old kernel, and the portable one.
 [[nodiscard]] const std::vector<NamedAccess>& accesses();
+
+/// Lets another program act at the very moment that matters.
+class Interrupted : public LinuxFolderAccess {
+  public:
+    std::function<void(const std::string& name)> beforeOpening = [](const std::string&) {};
+    std::function<void()> beforeClimbing = [] {};
+    std::function<void()> beforeMoving = [] {};
+
+    Outcome<FileHandle> openBeneath(int anchor, const std::vector<std::string>& components) const override {
+        if (!components.empty()) beforeOpening(components.back());
+        return LinuxFolderAccess::openBeneath(anchor, components);
+    }
+    Outcome<FileHandle> openAbove(int handle) const override {
+        beforeClimbing();
+        return LinuxFolderAccess::openAbove(handle);
+    }
+    std::error_code moveExclusively(int from, const std::string& fromName, int to,
+                                    const std::string& toName) const override {
+        beforeMoving();
+        return LinuxFolderAccess::moveExclusively(from, fromName, to, toName);
+    }
+};
+
+/// Runs an action the first time only.
+inline std::function<void()> once(std::function<void()> act) {
+    return [act = std::move(act), done = false]() mutable {
+        if (!std::exchange(done, true)) act();
+    };
+}
 
 enum class Layout { flat, freedesktop };
 [[nodiscard]] std::unique_ptr<Trash> makeTrash(Layout layout, const FolderAccess& access,

@@ -2,7 +2,6 @@
 #include "cleaning/Stage.h"
 #include "cleaning/Trash.h"
 #include "cleaning/TrashNames.h"
-#include "platform/linux/files/LinuxFolderAccess.h"
 #include "support/Isolation.h"
 
 #include <filesystem>
@@ -13,7 +12,6 @@
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -125,23 +123,10 @@ TEST_P(TrashTest, whatIsInTheTrashAlreadyStaysThereWithItsNote) {
     EXPECT_EQ(testing::snapshot(stage.home()), before);
 }
 
-/// Swaps the item for a precious file right before the first move.
-class Swapping : public LinuxFolderAccess {
-  public:
-    std::function<void()> beforeMove;
-    std::error_code moveExclusively(int from, const std::string& fromName, int to,
-                                    const std::string& toName) const override {
-        beforeMove();
-        return LinuxFolderAccess::moveExclusively(from, fromName, to, toName);
-    }
-};
-
 TEST_P(TrashTest, anotherThingSwappedInGoesBackWithoutATrace) {
     const auto item = stage.sandbox.text("home/item", "junk");
-    Swapping swapping;
-    swapping.beforeMove = [&, done = false]() mutable {
-        if (!std::exchange(done, true)) fs::rename(stage.outside() / "canary", item);
-    };
+    testing::Interrupted swapping;
+    swapping.beforeMoving = testing::once([&] { fs::rename(stage.outside() / "canary", item); });
     const auto trash = makeTrash(GetParam(), swapping, stage.home());
     EXPECT_EQ(reason(trash->trash(stage.target(swapping, item))), "Changed since it was checked");
     EXPECT_EQ(testing::contentOf(item), "alive");

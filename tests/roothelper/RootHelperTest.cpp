@@ -52,6 +52,11 @@ class RootHelperTest : public ::testing::Test {
         EXPECT_EQ((*started)->hear().value_or("nothing"), RootProtocol::ready);
         return std::move(*started);
     }
+    static std::string flood(std::size_t bytes, char byte) {
+        std::string text;
+        text.resize(bytes, byte);
+        return text;
+    }
     static std::string answer(Conversation& helper, const std::string& line) {
         helper.say(line);
         return helper.hear().value_or("nothing");
@@ -143,7 +148,7 @@ TEST_F(RootHelperTest, MountsAreNotCrossed) {
 
 TEST_F(RootHelperTest, FloodsAreAnsweredAndEnd) {
     const auto garbage = helper();
-    EXPECT_EQ(answer(*garbage, std::string(10'000'000, '\xFF')), "refused too-long");
+    EXPECT_EQ(answer(*garbage, flood(10'000'000, '\xFF')), "refused too-long");
     EXPECT_EQ(answer(*garbage, std::string(1000, '\0')), "refused not-understood");
     EXPECT_EQ(answer(*garbage, inside("log/link")), "done") << "after all that it still works";
     EXPECT_EQ(garbage->end(), 0);
@@ -155,7 +160,7 @@ TEST_F(RootHelperTest, FloodsAreAnsweredAndEnd) {
     EXPECT_EQ(answers, (std::map<std::string, int>{{"refused outside", 1000}, {"refused too-many", 99'000}}));
 
     const auto endless = helper();
-    endless->say(std::string(20'000'000, 'x'));
+    endless->say(flood(20'000'000, 'x'));
     EXPECT_EQ(endless->hear(), std::nullopt);
     EXPECT_EQ(endless->end(), 1);
 }

@@ -25,7 +25,7 @@ HelperRules helperRules() {
              .alsoTrusted = ::geteuid(),
              .toolLimit = std::chrono::milliseconds(300)},
         .mostSteps = 1000,
-        .mostBytes = 16 * 1024 * 1024,
+        .mostBytes = 16'000'000,
         .idle = std::chrono::milliseconds(1500),
         .step = std::chrono::milliseconds(900)};
 }

@@ -2,6 +2,7 @@
 #include "app/Launch.h"
 #include "app/Program.h"
 #include "app/SessionBus.h"
+#include "models/support/Background.h"
 #include "sample/SampleMac.h"
 #include "sample/SampleMachine.h"
 #include "support/Sandbox.h"
@@ -52,9 +53,7 @@ int openWindow(const tavrel::sample::SampleMac& mac, int& argc, char** argv) {
     return tavrel::Launch::run(program, tavrel::SessionBus::connect(), nullptr);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     if (argc > 2) {
         std::cerr << "usage: tavrel-demo [FOLDER]\n";
         return 2;
@@ -75,4 +74,10 @@ int main(int argc, char** argv) {
         std::cerr << "tavrel-demo: " << problem.what() << '\n';
         return EXIT_FAILURE;
     }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return tavrel::Background::leave(run(argc, argv));
 }

@@ -1,6 +1,5 @@
 #include "models/analyze/AnalyzeModel.h"
 
-#include "cleaning/CleanRefusal.h"
 #include "cleaning/CleanTexts.h"
 #include "core/ByteCount.h"
 #include "core/Text.h"
@@ -8,7 +7,6 @@
 #include "models/analyze/AnalyzeTexts.h"
 #include "models/support/PathUrl.h"
 
-#include <QCoroFuture>
 #include <QPointer>
 #include <algorithm>
 #include <span>
@@ -66,6 +64,7 @@ struct EntryOfFocus {
 AnalyzeModel::AnalyzeModel(AnalyzeServices services, QObject* parent)
     : QObject(parent),
       services_(std::move(services)),
+      session_(services_.runner, services_.preferences),
       path_(services_.places.root(), services_.places.home()) {
     connect(&services_.preferences, &Preferences::protectedPathsChanged, this, &AnalyzeModel::vet);
 }
@@ -145,6 +144,7 @@ void AnalyzeModel::load() {
     loadStop_ = {};
     pending_.clear();
     waits_.clear();
+    stalledWaits_.clear();
     publishDue_ = false;
     setFocus(std::nullopt);
     clearSelection();
@@ -199,8 +199,9 @@ void AnalyzeModel::measurePending() {
         const Id id = pending_.back();
         pending_.pop_back();
         if (!content_.holds(id)) continue;
-        auto wait = services_.sizes.info(content_.entry(id).url.native(),
-                                         [this, id](const DiskIndex::Info& info) { measured(id, info); });
+        auto wait = services_.sizes.info(
+            content_.entry(id).url.native(), [this, id](const DiskIndex::Info& info) { measured(id, info); },
+            [this, id] { stalled(id); });
         if (wait) waits_.emplace(id, std::move(wait));
     }
     asking_ = false;
@@ -209,9 +210,15 @@ void AnalyzeModel::measurePending() {
 
 void AnalyzeModel::measured(Id id, const DiskIndex::Info& info) {
     waits_.erase(id);
+    stalledWaits_.erase(id);
     content_.measured(id, info);
     measurePending();
     if (content_.pendingCount() > 0) publishSoon();
+}
+
+void AnalyzeModel::stalled(Id id) {
+    stalledWaits_.insert(waits_.extract(id));
+    measurePending();
 }
 
 void AnalyzeModel::publishSoon() {
@@ -378,34 +385,14 @@ void AnalyzeModel::trashSelected() {
 
 void AnalyzeModel::begin(Items items) {
     if (items.empty() || removing_) return;
-    QCoro::connect(remove(std::move(items)), this, [] {});
-}
-
-QCoro::Task<> AnalyzeModel::remove(Items items) {
-    const QPointer<AnalyzeModel> self = this;
     const std::size_t asked = items.size();
     removing_ = true;
     Q_EMIT removalChanged();
-    if (!services_.preferences.knowsProtectedPaths() && !services_.preferences.dryRun()) {
-        finishRemoval(std::make_shared<const CleanReport>(refusalWithoutProtectedPaths(items)), asked);
-        co_return;
-    }
-    CleanJob work = job(std::move(items));
-    QFuture<CleanRunner::Report> removal = services_.runner.clean(std::move(work));
-    const CleanRunner::Report report = co_await removal;
-    if (!self) co_return;
-    finishRemoval(report, asked);
-}
-
-CleanJob AnalyzeModel::job(Items items) const {
-    const Preferences& preferences = services_.preferences;
-    return {
-        .items = std::move(items),
-        .action = "analyze",
-        .guard = services_.safetyGuard(),
-        .options = {.dryRun = preferences.dryRun(), .alwaysTrash = preferences.alwaysTrash()},
-        .progress = {},
-    };
+    auto refusal = session_.begin(std::move(items), "analyze", services_.safetyGuard(), {},
+                                  [self = QPointer(this), asked](const CleanRunner::Report& report) {
+                                      if (self) self->finishRemoval(report, asked);
+                                  });
+    if (refusal) finishRemoval(std::make_shared<const CleanReport>(std::move(*refusal)), asked);
 }
 
 void AnalyzeModel::finishRemoval(const CleanRunner::Report& report, std::size_t asked) {
@@ -476,6 +463,7 @@ void AnalyzeModel::takeOut(const std::vector<Id>& ids) {
         const std::string& path = (*content_.paths())[id];
         if (!subSlices_.empty()) subSlices_.erase(path);
         waits_.erase(id);
+        stalledWaits_.erase(id);
         selection_.select(id, false);
         if (lit_ == id) setFocus(std::nullopt);
     }

@@ -10,11 +10,10 @@
 #include "models/analyze/AnalyzeSelection.h"
 #include "models/analyze/DiskWork.h"
 #include "models/analyze/SizeService.h"
-#include "models/clean/CleanRunner.h"
+#include "models/clean/CleanSession.h"
 #include "models/program/Preferences.h"
 #include "models/support/Clock.h"
 
-#include <QCoroTask>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -183,6 +182,7 @@ class AnalyzeModel final : public QObject {
     void show(AnalyzeContent content);
     void measurePending();
     void measured(Id id, const DiskIndex::Info& info);
+    void stalled(Id id);
     void publishSoon();
     void publish();
     void learnSubSlices();
@@ -192,8 +192,6 @@ class AnalyzeModel final : public QObject {
     void selectionWasChanged();
     void setListing(bool on);
     void begin(std::vector<CleanItem> items);
-    [[nodiscard]] QCoro::Task<> remove(std::vector<CleanItem> items);
-    [[nodiscard]] CleanJob job(std::vector<CleanItem> items) const;
     void finishRemoval(const CleanRunner::Report& report, std::size_t asked);
     void forgetAll(Leaving leaving);
     void forget(const std::vector<std::string_view>& paths);
@@ -203,6 +201,7 @@ class AnalyzeModel final : public QObject {
     void endRemoval();
 
     AnalyzeServices services_;
+    CleanSession session_;
     FolderPath path_;
     Mode mode_ = Mode::Folders;
     bool listing_ = false;
@@ -218,6 +217,8 @@ class AnalyzeModel final : public QObject {
     std::stop_source loadStop_;
     std::vector<Id> pending_;  // to be asked for, the next one last
     std::unordered_map<Id, std::shared_ptr<SizeService::Wait>> waits_;
+    std::unordered_map<Id, std::shared_ptr<SizeService::Wait>>
+        stalledWaits_;  // these keep no other from asking
     bool asking_ = false;
     bool publishDue_ = false;
     Instant nextPublish_ = distantPast;  // not before

@@ -16,9 +16,6 @@ namespace tavrel {
 
 namespace {
 
-/// More rows than these are not moved one by one.
-constexpr std::size_t mostMoves = 32;
-
 QString text(const std::string& utf8) {
     return QString::fromStdString(utf8);
 }
@@ -195,10 +192,10 @@ void AnalyzeRows::leave(const QUrl& url) {
 
 // What changes
 
-RowOrder::Ids AnalyzeRows::wanted() const {
+AnalyzeRows::Ids AnalyzeRows::wanted() const {
     if (!source_) return {};
     const AnalyzeContent& content = source_->content();
-    RowOrder::Ids ids;
+    Ids ids;
     ids.reserve(content.entries().size());
     for (std::size_t at = 0; at < content.entries().size(); ++at) ids.push_back(content.id(at));
     if (column_ == Column::Name) {
@@ -231,66 +228,25 @@ void AnalyzeRows::update() {
         {Role::sizeText, Role::filesText, Role::share, Role::percentText, Role::colorIndex, Role::measured});
 }
 
+/// What went goes behind the others first, so that it is removed as one.
 void AnalyzeRows::removeGone() {
-    const AnalyzeContent& content = source_->content();
-    if (rows_.size() == content.entries().size()) return;
-    if (rows_.size() - content.entries().size() > mostMoves) gatherGone();
-    for (std::size_t end = rows_.size(); end > 0;) {
-        std::size_t begin = end;
-        while (begin > 0 && !content.holds(rows_[begin - 1])) --begin;
-        if (begin == end) {
-            --end;
-            continue;
-        }
-        beginRemoveRows({}, static_cast<int>(begin), static_cast<int>(end) - 1);
-        rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(begin),
-                    rows_.begin() + static_cast<std::ptrdiff_t>(end));
-        endRemoveRows();
-        end = begin;
-    }
+    if (rows_.size() == source_->content().entries().size()) return;
+    Ids gathered = rows_;
+    const auto gone = std::stable_partition(gathered.begin(), gathered.end(),
+                                            [this](Id id) { return source_->content().holds(id); });
+    const int left = static_cast<int>(gone - gathered.begin());
+    reorder(std::move(gathered));
+    beginRemoveRows({}, left, count() - 1);
+    rows_.resize(static_cast<std::size_t>(left));
+    endRemoveRows();
     Q_EMIT countChanged();
 }
 
-/// Many that went go behind the others first, so that they are removed as one.
-void AnalyzeRows::gatherGone() {
-    RowOrder::Ids kept = rows_;
-    std::stable_partition(kept.begin(), kept.end(), [this](Id id) { return source_->content().holds(id); });
-    if (kept != rows_) replaceOrder(kept);
-}
-
-void AnalyzeRows::reorder(const RowOrder::Ids& wanted) {
+/// Who follows a row does so by a persistent index: no move is told one by one.
+void AnalyzeRows::reorder(Ids wanted) {
     if (rows_ == wanted) return;
-    const RowOrder::Ids movers = RowOrder::movers(rows_, wanted, source_->content().idCount());
-    if (movers.size() <= mostMoves) {
-        moveMovers(wanted, movers);
-    } else {
-        replaceOrder(wanted);
-    }
-}
-
-/// Each goes behind the one that shall stand before it, which has its place by then.
-void AnalyzeRows::moveMovers(const RowOrder::Ids& wanted, const RowOrder::Ids& movers) {
-    auto place = wanted.begin();
-    for (const Id id : movers) {
-        place = std::find(place, wanted.end(), id);
-        const auto from = std::find(rows_.begin(), rows_.end(), id);
-        const auto to =
-            place == wanted.begin() ? rows_.begin() : std::find(rows_.begin(), rows_.end(), *(place - 1)) + 1;
-        if (from == to) continue;
-        const auto row = [this](auto at) { return static_cast<int>(at - rows_.begin()); };
-        beginMoveRows({}, row(from), row(from), {}, row(to));
-        if (from < to) {
-            std::rotate(from, from + 1, to);
-        } else {
-            std::rotate(to, from, from + 1);
-        }
-        endMoveRows();
-    }
-}
-
-void AnalyzeRows::replaceOrder(const RowOrder::Ids& wanted) {
     Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-    const RowOrder::Ids before = std::exchange(rows_, wanted);
+    const Ids before = std::exchange(rows_, std::move(wanted));
     std::vector<int> rowOf(source_->content().idCount(), -1);
     for (std::size_t row = 0; row < rows_.size(); ++row) rowOf[rows_[row]] = static_cast<int>(row);
     const QModelIndexList old = persistentIndexList();

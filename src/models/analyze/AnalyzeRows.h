@@ -1,13 +1,13 @@
 #pragma once
 
 #include "models/analyze/AnalyzeModel.h"
-#include "models/analyze/RowOrder.h"
 
 #include <QAbstractListModel>
 #include <QPointer>
 #include <QUrl>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace tavrel {
 
@@ -81,25 +81,23 @@ class AnalyzeRows : public QAbstractListModel {
 
   private:
     using Id = AnalyzeModel::Id;
+    using Ids = std::vector<Id>;
 
     [[nodiscard]] QVariant value(Id id, Role role) const;
     [[nodiscard]] std::optional<Id> idOf(const QUrl& url) const;
     [[nodiscard]] const AnalyzeEntry* entry(const QUrl& url) const;
-    [[nodiscard]] RowOrder::Ids wanted() const;
+    [[nodiscard]] Ids wanted() const;
     void reset();
     void update();
     void removeGone();
-    void gatherGone();
-    void reorder(const RowOrder::Ids& wanted);
-    void moveMovers(const RowOrder::Ids& wanted, const RowOrder::Ids& movers);
-    void replaceOrder(const RowOrder::Ids& wanted);
+    void reorder(Ids wanted);
     void changed(const QList<Role>& roles);
     void relight();
     void changedAt(Id id, Role role);
 
     QPointer<AnalyzeModel> source_;
     std::uint64_t contentNumber_ = 0;
-    RowOrder::Ids rows_;
+    Ids rows_;
     std::optional<Id> lit_;
     Column column_ = Column::Size;
     bool ascending_ = false;

@@ -7,7 +7,6 @@
 
 #include <QFile>
 #include <thread>
-#include <utility>
 
 namespace tavrel {
 
@@ -18,8 +17,12 @@ std::size_t parallelWalks() {
 }
 
 std::vector<DiskWork::PlaceFinder> placeFinders(const Profile& profile) {
-    return {[&profile] { return ExplorerPlaces::folders(profile.places, profile.explorerPlaces); },
-            [&profile] { return ExplorerPlaces::volumes(profile.places, profile.volumeFolders); }};
+    return {[places = profile.places, offered = profile.explorerPlaces] {
+                return ExplorerPlaces::folders(places, offered);
+            },
+            [places = profile.places, parents = profile.volumeFolders] {
+                return ExplorerPlaces::volumes(places, parents);
+            }};
 }
 
 }  // namespace
@@ -27,12 +30,8 @@ std::vector<DiskWork::PlaceFinder> placeFinders(const Profile& profile) {
 AnalyzeState::AnalyzeState(const Profile& profile, const CleanServices& services, const Monitor& monitor)
     : profile_(profile),
       monitor_(monitor),
-      work_(profile.packages, parallelWalks()),
-      sizes_(
-          [this](std::filesystem::path path, std::stop_token stop, SizeService::Done done) {
-              work_.measure(std::move(path), std::move(stop), std::move(done));
-          },
-          parallelWalks()),
+      work_(profile.packages),
+      sizes_(work_, services.clock, parallelWalks()),
       model_({
           .places = profile.places,
           .clock = services.clock,

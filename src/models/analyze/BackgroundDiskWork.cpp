@@ -10,12 +10,13 @@ namespace {
 using Path = std::filesystem::path;
 
 constexpr unsigned threadsPerWalk = 2;  // several walks run side by side
-constexpr int mostListings = 8;         // some may hang on a slow disk
+constexpr std::size_t mostListings = 8;
 constexpr std::size_t vettedPerStopCheck = 64;
 
-SizeFindings runMeasure(const Path& path, const std::stop_token& stop) {
+SizeFindings runMeasure(const Path& path, const std::stop_token& stop, const DiskWork::Progress& progress) {
     if (stop.stop_requested()) return {};
-    return SizeFindings::of(DiskIndex::measure(path, SizeService::recordDepth, stop, threadsPerWalk));
+    return SizeFindings::of(
+        DiskIndex::measure(path, SizeService::recordDepth, stop, threadsPerWalk, progress.get()));
 }
 
 FolderListing runList(const Path& folder, const FolderListing::Packages& packages,
@@ -40,35 +41,31 @@ DiskWork::Reasons runVet(const SafetyGuard& guard, const FolderListing::Paths& p
     return reasons;
 }
 
-/// Calls `work` on a thread, and then `done` with its result.
-template <typename Function, typename Result>
-Workers::Work job(Function work, DiskWork::Done<Result> done) {
-    return [work = std::move(work), done = std::move(done)]() mutable -> Workers::Tell {
-        auto result = std::make_shared<Result>(work());
-        return [result, done = std::move(done)] { done(std::move(*result)); };
-    };
-}
-
 }  // namespace
 
-BackgroundDiskWork::BackgroundDiskWork(FolderListing::Packages packages, std::size_t maxParallel)
-    : packages_(std::move(packages)), walks_(static_cast<int>(maxParallel)), listings_(mostListings) {}
+BackgroundDiskWork::BackgroundDiskWork(FolderListing::Packages packages, Background::Duration patience)
+    : packages_(std::move(packages)),
+      walks_(Background::Kind::mayBeAbandoned, Background::noLimit),
+      listings_(Background::Kind::mayBeAbandoned, mostListings, patience) {}
 
-void BackgroundDiskWork::measure(Path path, std::stop_token stop, Done<SizeFindings> done) {
-    auto work = [path = std::move(path), stop = std::move(stop)] { return runMeasure(path, stop); };
-    walks_.run(job(std::move(work), std::move(done)));
+void BackgroundDiskWork::measure(Path path, std::stop_token stop, Progress progress,
+                                 Done<SizeFindings> done) {
+    auto work = [path = std::move(path), stop = std::move(stop), progress = std::move(progress)] {
+        return runMeasure(path, stop, progress);
+    };
+    walks_.run(std::move(work), std::move(done));
 }
 
 void BackgroundDiskWork::list(Path folder, std::stop_token stop, Done<FolderListing> done) {
     auto work = [folder = std::move(folder), packages = packages_, stop = std::move(stop)] {
         return runList(folder, packages, stop);
     };
-    listings_.run(job(std::move(work), std::move(done)));
+    listings_.run(std::move(work), std::move(done));
 }
 
 void BackgroundDiskWork::findLargeFiles(Path under, std::stop_token stop, Done<LargeFiles> done) {
     auto work = [under = std::move(under), stop = std::move(stop)] { return runFindLargeFiles(under, stop); };
-    listings_.run(job(std::move(work), std::move(done)));
+    listings_.run(std::move(work), std::move(done));
 }
 
 void BackgroundDiskWork::vet(SafetyGuard guard, FolderListing::Paths paths, std::stop_token stop,
@@ -76,18 +73,15 @@ void BackgroundDiskWork::vet(SafetyGuard guard, FolderListing::Paths paths, std:
     auto work = [guard = std::move(guard), paths = std::move(paths), stop = std::move(stop)] {
         return runVet(guard, paths, stop);
     };
-    listings_.run(job(std::move(work), std::move(done)));
+    listings_.run(std::move(work), std::move(done));
 }
 
 void BackgroundDiskWork::findPlaces(PlaceFinder find, Done<FoundPlaces> done) {
-    listings_.run(job(std::move(find), std::move(done)));
+    listings_.run(std::move(find), std::move(done));
 }
 
 void BackgroundDiskWork::discard(std::shared_ptr<void> something) {
-    listings_.run([held = std::move(something)]() mutable -> Workers::Tell {
-        held.reset();
-        return nullptr;
-    });
+    listings_.run([held = std::move(something)]() mutable { return held = nullptr; }, [](const auto&) {});
 }
 
 }  // namespace tavrel

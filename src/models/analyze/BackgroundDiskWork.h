@@ -1,7 +1,7 @@
 #pragma once
 
 #include "models/analyze/DiskWork.h"
-#include "models/support/Workers.h"
+#include "models/support/Background.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,18 +9,19 @@
 
 namespace tavrel {
 
-/// The disk work on pools of threads. Its end waits for what runs, so whoever wants a quick end stops that
-/// first.
+/// The disk work on threads, which its destructor does not wait for.
 class BackgroundDiskWork final : public DiskWork {
   public:
     /// Files from this size on are large.
     static constexpr std::int64_t largeFile = 500LL * 1024 * 1024;
     static constexpr std::size_t mostLargeFiles = 200;
 
-    /// `maxParallel` walks run at once; `packages` as `FolderListing` has them.
-    BackgroundDiskWork(FolderListing::Packages packages, std::size_t maxParallel);
+    /// `packages` as `FolderListing` has them. Eight operations run at once, walks apart; those that take
+    /// longer than `patience` do not count.
+    explicit BackgroundDiskWork(FolderListing::Packages packages,
+                                Background::Duration patience = Background::defaultPatience);
 
-    void measure(Path path, std::stop_token stop, Done<SizeFindings> done) override;
+    void measure(Path path, std::stop_token stop, Progress progress, Done<SizeFindings> done) override;
     void list(Path folder, std::stop_token stop, Done<FolderListing> done) override;
     void findLargeFiles(Path under, std::stop_token stop, Done<LargeFiles> done) override;
     void vet(SafetyGuard guard, FolderListing::Paths paths, std::stop_token stop,
@@ -30,8 +31,8 @@ class BackgroundDiskWork final : public DiskWork {
 
   private:
     const FolderListing::Packages packages_;
-    Workers walks_;
-    Workers listings_;  // never behind a walk: the first rows come at once
+    Background walks_;
+    Background listings_;  // never behind a walk: the first rows come at once
 };
 
 }  // namespace tavrel

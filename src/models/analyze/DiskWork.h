@@ -6,6 +6,8 @@
 #include "disk/SizeFindings.h"
 #include "models/analyze/ExplorerPlaces.h"
 
+#include <atomic>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -15,28 +17,32 @@
 
 namespace tavrel {
 
-/// What the explorer has done on other threads. Each call returns at once; its answer comes later, once, on
-/// the thread of the caller, also when it was stopped - but not after this object is gone.
+/// Asynchronous disk operations of the explorer; all only read. Each call returns at once and calls `done`
+/// once on the calling thread, later, also when stopped; never after this object's destruction. A call that
+/// hangs holds up no other.
 class DiskWork {
   public:
     using Path = std::filesystem::path;
     template <typename Result>
     using Done = std::function<void(Result)>;
     using LargeFiles = std::vector<DiskIndex::LargeFile>;
+    /// Counts up while a walk goes on.
+    using Progress = std::shared_ptr<std::atomic<std::uint64_t>>;
     using Reasons = std::vector<std::string>;
     using FoundPlaces = std::vector<ExplorerPlaces::Found>;
     using PlaceFinder = std::function<FoundPlaces()>;
 
     virtual ~DiskWork() = default;
 
-    virtual void measure(Path path, std::stop_token stop, Done<SizeFindings> done) = 0;
+    /// The caller bounds how many walks run at once.
+    virtual void measure(Path path, std::stop_token stop, Progress progress, Done<SizeFindings> done) = 0;
     virtual void list(Path folder, std::stop_token stop, Done<FolderListing> done) = 0;
     virtual void findLargeFiles(Path under, std::stop_token stop, Done<LargeFiles> done) = 0;
     /// Why the guard refuses each of `paths`; empty where it does not.
     virtual void vet(SafetyGuard guard, FolderListing::Paths paths, std::stop_token stop,
                      Done<Reasons> done) = 0;
     virtual void findPlaces(PlaceFinder find, Done<FoundPlaces> done) = 0;
-    /// Takes time over letting go of something large.
+    /// Destroys something large, which takes time, on another thread.
     virtual void discard(std::shared_ptr<void> something) = 0;
 };
 

@@ -11,6 +11,8 @@ struct SizeService::Task {
     std::vector<std::weak_ptr<Wait>> waits;  // in the order of their coming; some may have been given up
     std::size_t waiters = 0;                 // those that were not
     std::stop_source stop;
+    DiskWork::Progress progress = std::make_shared<std::atomic<std::uint64_t>>(0);
+    std::optional<std::uint64_t> progressSeen;
     std::size_t forgettings = 0;  // those before it
     Tasks* holder = nullptr;      // the list that it stands in
     Tasks::iterator place;
@@ -22,22 +24,24 @@ std::size_t SizeService::parallelWalks(unsigned processors) {
     return std::max(processors, fewest + spared) - spared;
 }
 
-SizeService::Wait::Wait(SizeService& service, std::weak_ptr<Task> task, Answer answer)
-    : service_(service), task_(std::move(task)), answer_(std::move(answer)) {}
+SizeService::Wait::Wait(SizeService& service, std::weak_ptr<Task> task, Answer answer, Stalled stalled)
+    : service_(service), task_(std::move(task)), answer_(std::move(answer)), stalled_(std::move(stalled)) {}
 
 SizeService::Wait::~Wait() {
     const std::shared_ptr<Task> task = task_.lock();
     if (task && --task->waiters == 0) service_.abandon(task);
 }
 
-SizeService::SizeService(Walk walk, std::size_t maxParallel)
-    : walk_(std::move(walk)), maxParallel_(maxParallel) {}
+SizeService::SizeService(DiskWork& work, Clock& clock, std::size_t maxParallel)
+    : work_(work), clock_(clock), maxParallel_(maxParallel) {}
 
 SizeService::~SizeService() {
-    for (const auto& task : running_) task->stop.request_stop();
+    for (const Tasks* tasks : {&running_, &stalled_}) {
+        for (const auto& task : *tasks) task->stop.request_stop();
+    }
 }
 
-std::shared_ptr<SizeService::Wait> SizeService::info(const std::string& of, Answer answer) {
+std::shared_ptr<SizeService::Wait> SizeService::info(const std::string& of, Answer answer, Stalled stalled) {
     if (const auto known = cache_.find(of)) {
         answer(*known);
         return nullptr;
@@ -49,7 +53,7 @@ std::shared_ptr<SizeService::Wait> SizeService::info(const std::string& of, Answ
         task->path = of;
         task->forgettings = forgettings_;
     }
-    auto wait = std::make_shared<Wait>(*this, task, std::move(answer));
+    auto wait = std::make_shared<Wait>(*this, task, std::move(answer), std::move(stalled));
     task->waits.push_back(wait);
     ++task->waiters;
     if (isNew) begin(task);
@@ -68,26 +72,38 @@ SizeCache SizeService::forgetAll() {
 
 /// With a permit if there is one, else in the queue for one.
 void SizeService::begin(const std::shared_ptr<Task>& task) {
-    Tasks& tasks = running_.size() < maxParallel_ ? running_ : waiting_;
-    task->holder = &tasks;
-    task->place = tasks.insert(tasks.end(), task);
-    if (&tasks == &waiting_) return;
-    walk_(task->path, task->stop.get_token(), [this, begun = std::weak_ptr(task)](SizeFindings findings) {
-        // The lists of the service are the only ones that keep a task.
-        if (const auto ended = begun.lock()) finish(ended, std::move(findings));
-    });
+    if (running_.size() >= maxParallel_) {
+        place(task, &waiting_);
+        return watch();
+    }
+    place(task, &running_);
+    work_.measure(task->path, task->stop.get_token(), task->progress,
+                  [this, begun = std::weak_ptr(task)](SizeFindings findings) {
+                      // The lists of the service are the only ones that keep a task.
+                      if (const auto ended = begun.lock()) finish(ended, std::move(findings));
+                  });
+}
+
+/// Puts a task last into a list, out of the one that it stands in.
+void SizeService::place(const std::shared_ptr<Task>& task, Tasks* holder) {
+    const std::shared_ptr<Task> kept = task;
+    if (task->holder != nullptr) task->holder->erase(task->place);
+    task->holder = holder;
+    if (holder != nullptr) task->place = holder->insert(holder->end(), kept);
 }
 
 void SizeService::finish(const std::shared_ptr<Task>& task, SizeFindings findings) {
     if (task->stop.stop_requested()) {
         // Nobody is told; what it found stands unless some of it was to be forgotten meanwhile.
         if (task->forgettings == forgettings_) cache_.storeBelow(std::move(findings.families));
-        return handOnPermit(task);
+        place(task, nullptr);
+        return handOnPermits();
     }
     const Info info = findings.total;
     cache_.store(task->path, std::move(findings));
     inflight_.erase(task->path);
-    handOnPermit(task);
+    place(task, nullptr);
+    handOnPermits();
     for (const auto& each : task->waits) {
         // Held while it is told: whoever is told may let go of it, or of others.
         if (const auto wait = each.lock()) wait->answer_(info);
@@ -95,23 +111,48 @@ void SizeService::finish(const std::shared_ptr<Task>& task, SizeFindings finding
 }
 
 /// Last come, first served: what was opened last is what a person looks at.
-void SizeService::handOnPermit(const std::shared_ptr<Task>& task) {
-    running_.erase(task->place);
-    task->holder = nullptr;
+void SizeService::handOnPermits() {
+    while (running_.size() < maxParallel_ && !waiting_.empty()) {
+        const std::shared_ptr<Task> next = waiting_.back();
+        place(next, nullptr);
+        begin(next);
+    }
+}
+
+void SizeService::watch() {
+    if (std::exchange(isWatching_, true)) return;
+    clock_.after(patience, [this, life = std::weak_ptr(life_)] {
+        if (!life.expired()) look();
+    });
+}
+
+/// Takes the permits of the walks that made no progress since the last look.
+void SizeService::look() {
+    isWatching_ = false;
     if (waiting_.empty()) return;
-    const std::shared_ptr<Task> next = waiting_.back();
-    waiting_.pop_back();
-    begin(next);
+    std::vector<std::weak_ptr<Wait>> waits;
+    for (const std::shared_ptr<Task>& task : std::vector(running_.begin(), running_.end())) {
+        const std::uint64_t progress = *task->progress;
+        if (std::exchange(task->progressSeen, progress) != progress) continue;
+        place(task, &stalled_);
+        waits.insert(waits.end(), task->waits.begin(), task->waits.end());
+    }
+    handOnPermits();
+    if (!waiting_.empty()) watch();
+    for (const auto& each : waits) {
+        const auto wait = each.lock();
+        if (wait && wait->stalled_) wait->stalled_();
+    }
 }
 
 /// Nobody waits for it any more. A walk under way keeps its permit until it has noticed.
 void SizeService::abandon(const std::shared_ptr<Task>& task) {
     if (task->holder == nullptr) return;  // it has ended, and is telling
     inflight_.erase(task->path);
-    if (task->holder == &running_) {
-        task->stop.request_stop();
+    if (task->holder == &waiting_) {
+        place(task, nullptr);
     } else {
-        waiting_.erase(task->place);
+        task->stop.request_stop();
     }
 }
 

@@ -2,17 +2,17 @@
 
 #include <QElapsedTimer>
 #include <QMetaObject>
-#include <QtConcurrentRun>
 #include <utility>
 
 namespace tavrel {
 
 namespace {
 
-/// Tells the main thread how far a clean has come, as often as a person can see.
-class Telling {
+/// Posts to the main thread how far a clean has come, as often as a person can see.
+class ProgressThrottle {
   public:
-    Telling(const CleanJob& job, QObject* mainThread) : job_(job), mainThread_(mainThread) {}
+    ProgressThrottle(std::function<void(double)> progress, QObject* mainThread)
+        : progress_(std::move(progress)), mainThread_(mainThread) {}
 
     void reached(double fraction) {
         fraction_ = fraction;
@@ -23,68 +23,59 @@ class Telling {
     }
     /// The last one, if it was kept back.
     void tell() {
-        if (std::exchange(isTold_, true) || !job_.progress) return;
+        if (std::exchange(isTold_, true) || !progress_) return;
         QMetaObject::invokeMethod(
-            mainThread_, [told = job_.progress, fraction = fraction_] { told(fraction); },
-            Qt::QueuedConnection);
+            mainThread_, [told = progress_, fraction = fraction_] { told(fraction); }, Qt::QueuedConnection);
     }
 
   private:
     static constexpr qint64 pause = 100;  // milliseconds
 
-    const CleanJob& job_;
+    std::function<void(double)> progress_;
     QObject* mainThread_;
     QElapsedTimer last_;
     double fraction_ = 0;
     bool isTold_ = true;
 };
 
-CleanRunner::Report runClean(const Cleaner::Tools& tools, const CleanJob& job, QObject* mainThread) {
-    Telling telling(job, mainThread);
-    const auto progress = [&telling](double fraction) { telling.reached(fraction); };
-    auto report = std::make_shared<const CleanReport>(
-        Cleaner(tools).clean(job.items, job.action, job.guard, job.options, progress));
-    telling.tell();
+CleanRunner::Report runClean(const Cleaner::Tools& tools, CleanJob job, QObject* mainThread) {
+    ProgressThrottle throttle(std::move(job.progress), mainThread);
+    job.progress = [&throttle](double fraction) { throttle.reached(fraction); };
+    auto report = std::make_shared<const CleanReport>(job.run(Cleaner(tools)));
+    throttle.tell();
     return report;
-}
-
-std::int64_t runEmptyTrash(const Cleaner::Tools& tools) {
-    return Cleaner::emptyTrash(tools.access, tools.trash);
-}
-
-CleanRunner::Runs runFindTrashed(const Restorer& restorer, std::vector<History::Entry> entries) {
-    return std::make_shared<const Restorer::Runs>(restorer.runs(std::move(entries)));
-}
-
-RestoreReport runRestore(const Restorer& restorer, const std::vector<Restorer::Item>& items) {
-    return restorer.restore(items, Trash::Act::move);
 }
 
 }  // namespace
 
-BackgroundCleaner::BackgroundCleaner(Cleaner::Tools tools, std::vector<std::filesystem::path> volumes)
-    : tools_(std::move(tools)), restorer_(tools_.trash, std::move(volumes)) {
-    pool_.setMaxThreadCount(1);
+BackgroundCleaner::BackgroundCleaner(Cleaner::Tools tools, std::shared_ptr<const void> owner,
+                                     std::vector<std::filesystem::path> volumes)
+    : tools_(std::move(tools)), restorer_(tools_.trash, std::move(volumes)), owner_(std::move(owner)) {}
+
+void BackgroundCleaner::clean(CleanJob job, Done<Report> done) {
+    auto work = [tools = tools_, job = std::move(job), mainThread = &mainThread_]() mutable {
+        return runClean(tools, std::move(job), mainThread);
+    };
+    removals_.run(std::move(work), std::move(done));
 }
 
-BackgroundCleaner::~BackgroundCleaner() {
-    pool_.waitForDone();
+void BackgroundCleaner::emptyTrash(Done<std::int64_t> done) {
+    auto work = [tools = tools_] { return Cleaner::emptyTrash(tools.access, tools.trash); };
+    removals_.run(std::move(work), std::move(done));
 }
 
-QFuture<CleanRunner::Report> BackgroundCleaner::clean(CleanJob job) {
-    return QtConcurrent::run(&pool_, runClean, tools_, std::move(job), &mainThread_);
+void BackgroundCleaner::findTrashed(std::vector<History::Entry> entries, Done<Runs> done) {
+    auto work = [restorer = restorer_, owner = owner_, entries = std::move(entries)]() mutable -> Runs {
+        return std::make_shared<const Restorer::Runs>(restorer.runs(std::move(entries)));
+    };
+    looks_.run(std::move(work), std::move(done));
 }
 
-QFuture<std::int64_t> BackgroundCleaner::emptyTrash() {
-    return QtConcurrent::run(&pool_, runEmptyTrash, tools_);
-}
-
-QFuture<CleanRunner::Runs> BackgroundCleaner::findTrashed(std::vector<History::Entry> entries) {
-    return QtConcurrent::run(&pool_, runFindTrashed, restorer_, std::move(entries));
-}
-
-QFuture<RestoreReport> BackgroundCleaner::restore(std::vector<Restorer::Item> items) {
-    return QtConcurrent::run(&pool_, runRestore, restorer_, std::move(items));
+void BackgroundCleaner::restore(std::vector<Restorer::Item> items, Done<RestoreReport> done) {
+    auto work = [restorer = restorer_, items = std::move(items)] {
+        return restorer.restore(items, Trash::Act::move);
+    };
+    removals_.run(std::move(work), std::move(done));
 }
 
 }  // namespace tavrel

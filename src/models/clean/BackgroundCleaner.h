@@ -1,33 +1,36 @@
 #pragma once
 
 #include "models/clean/CleanRunner.h"
+#include "models/support/Background.h"
 
 #include <QObject>
-#include <QThreadPool>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 namespace tavrel {
 
-/// The cleaner on a thread of its own. Its end waits for the clean that goes on: neither a removal nor the
-/// way back is cut off half way.
+/// The cleaner on a thread of its own. The destructor waits for every clean, emptying and restoring that was
+/// asked for: none is cut off half way. Nobody waits for a look into the Trash.
 class BackgroundCleaner final : public CleanRunner {
   public:
-    /// What `tools` borrows must outlive this object. `volumes` are the contents of the Trashes on other
-    /// volumes.
-    explicit BackgroundCleaner(Cleaner::Tools tools, std::vector<std::filesystem::path> volumes = {});
-    ~BackgroundCleaner() override;
+    /// `owner` keeps what `tools` borrows, and is kept as long as any thread uses that. `volumes` are the
+    /// contents of the Trashes on other volumes.
+    BackgroundCleaner(Cleaner::Tools tools, std::shared_ptr<const void> owner,
+                      std::vector<std::filesystem::path> volumes = {});
 
-    [[nodiscard]] QFuture<Report> clean(CleanJob job) override;
-    [[nodiscard]] QFuture<std::int64_t> emptyTrash() override;
-    [[nodiscard]] QFuture<Runs> findTrashed(std::vector<History::Entry> entries) override;
-    [[nodiscard]] QFuture<RestoreReport> restore(std::vector<Restorer::Item> items) override;
+    void clean(CleanJob job, Done<Report> done) override;
+    void emptyTrash(Done<std::int64_t> done) override;
+    void findTrashed(std::vector<History::Entry> entries, Done<Runs> done) override;
+    void restore(std::vector<Restorer::Item> items, Done<RestoreReport> done) override;
 
   private:
     Cleaner::Tools tools_;
     Restorer restorer_;
-    QObject mainThread_;
-    QThreadPool pool_;
+    std::shared_ptr<const void> owner_;
+    QObject mainThread_;  // receives progress
+    Background removals_{Background::Kind::mustFinish, 1};
+    Background looks_{Background::Kind::mayBeAbandoned, Background::noLimit};
 };
 
 }  // namespace tavrel

@@ -1,12 +1,10 @@
 #include "models/clean/CleanListModel.h"
 
-#include "cleaning/CleanRefusal.h"
 #include "core/ByteCount.h"
 #include "core/CheckedSum.h"
 #include "core/Text.h"
 #include "presentation/WhoompStrength.h"
 
-#include <QCoroFuture>
 #include <QPointer>
 #include <algorithm>
 #include <array>
@@ -47,7 +45,8 @@ CleanListModel::CleanListModel(std::string action, Finder finder, CleanServices 
     : QObject(parent),
       action_(std::move(action)),
       finder_(std::move(finder)),
-      services_(std::move(services)) {}
+      services_(std::move(services)),
+      session_(services_.runner, services_.preferences) {}
 
 CleanListModel::~CleanListModel() = default;
 
@@ -90,66 +89,52 @@ QString CleanListModel::selectedSizeText() const {
 }
 
 void CleanListModel::scan() {
-    QCoro::connect(runScan(), this, [] {});
+    if (isWorking()) return;
+    setFeed(nullptr);
+    setPhase(Scanning{Text::localized("Scanning…")});
+    finder_([self = QPointer(this)](const Found& found) {
+        if (!self) return;
+        self->setItems(*found);
+        self->setPhase(Ready{});
+        self->setReviewing(false);
+    });
 }
 
 void CleanListModel::clean() {
-    QCoro::connect(runClean(), this, [] {});
-}
-
-QCoro::Task<> CleanListModel::runScan() {
-    if (isWorking()) co_return;
-    const QPointer<CleanListModel> self = this;
-    setFeed(nullptr);
-    setPhase(Scanning{Text::localized("Scanning…")});
-    QFuture<Found> search = finder_();
-    const Found found = co_await search;
-    if (!self) co_return;
-    setItems(*found);
-    setPhase(Ready{});
-    setReviewing(false);
-}
-
-QCoro::Task<> CleanListModel::runClean() {
     Items chosen = selectedItems();
-    if (chosen.empty() || isWorking()) co_return;
-    const QPointer<CleanListModel> self = this;
-    if (!services_.preferences.knowsProtectedPaths() && !services_.preferences.dryRun()) {
-        finish(refusalWithoutProtectedPaths(chosen));
-        co_return;
-    }
-
-    // The guard is of this moment, and so is everything else that the run is told.
-    CleanJob work = job(chosen);
+    if (chosen.empty() || isWorking()) return;
+    if (const auto refusal = begin(chosen)) return finish(*refusal);
     setReviewing(false);
     startFeed(inOrderOfFalling(std::move(chosen)));
     setPhase(Cleaning{});
-    QCoro::Task<> show = feed_->run(shortestShow);
-    QFuture<CleanRunner::Report> removal = services_.runner.clean(std::move(work));
-    const CleanRunner::Report report = co_await removal;
-    if (!self) co_return;
-    feed_->reached(1);
-    feed_->finish();
-    co_await show;
-    if (!self) co_return;
-    finish(*report);
+    show_ = feed_->run(shortestShow);
 }
 
-CleanJob CleanListModel::job(Items chosen) {
+/// The guard is of this moment, and so is everything else that the run is told.
+std::optional<CleanReport> CleanListModel::begin(const Items& chosen) {
     const QPointer<CleanListModel> self = this;
-    const Preferences& preferences = services_.preferences;
-    return {
-        .items = std::move(chosen),
-        .action = action_,
-        .guard = services_.safetyGuard(extraRoots_),
-        .options = {.dryRun = preferences.dryRun(), .alwaysTrash = preferences.alwaysTrash()},
-        .progress =
-            [self](double fraction) {
-                if (!self || !self->feed_) return;
-                self->feed_->reached(fraction);
-                self->setPhase(Cleaning{fraction});
-            },
+    const auto progress = [self](double fraction) {
+        if (self) self->advance(fraction);
     };
+    const auto done = [self](const CleanRunner::Report& report) {
+        if (self) QCoro::connect(self->endShow(report), self.data(), [] {});
+    };
+    return session_.begin(chosen, action_, services_.safetyGuard(extraRoots_), progress, done);
+}
+
+void CleanListModel::advance(double fraction) {
+    if (!feed_) return;
+    feed_->reached(fraction);
+    setPhase(Cleaning{fraction});
+}
+
+QCoro::Task<> CleanListModel::endShow(CleanRunner::Report report) {
+    const QPointer<CleanListModel> self = this;
+    feed_->reached(1);
+    feed_->finish();
+    QCoro::Task<> show = std::move(show_);
+    co_await show;
+    if (self) finish(*report);
 }
 
 void CleanListModel::startFeed(const Items& chosen) {

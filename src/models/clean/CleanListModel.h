@@ -3,8 +3,8 @@
 #include "cleaning/CleanItem.h"
 #include "cleaning/CleanPhase.h"
 #include "cleaning/CleanTexts.h"
-#include "models/clean/CleanRunner.h"
 #include "models/clean/CleanServices.h"
+#include "models/clean/CleanSession.h"
 #include "models/program/Preferences.h"
 #include "models/show/FileIcons.h"
 #include "models/show/Sounds.h"
@@ -12,12 +12,12 @@
 #include "models/support/Clock.h"
 
 #include <QCoroTask>
-#include <QFuture>
 #include <QObject>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -43,7 +43,8 @@ class CleanListModel final : public QObject {
   public:
     using Items = std::vector<CleanItem>;
     using Found = std::shared_ptr<const Items>;
-    using Finder = std::function<QFuture<Found>()>;
+    /// Begins a search elsewhere, and calls `done` with what it found on the main thread, later.
+    using Finder = std::function<void(std::function<void(const Found&)> done)>;
     using Selection = std::unordered_set<std::string>;
     using Phase = CleanPhase;
 
@@ -108,9 +109,9 @@ class CleanListModel final : public QObject {
     void selectionChanged();
 
   private:
-    [[nodiscard]] QCoro::Task<> runScan();
-    [[nodiscard]] QCoro::Task<> runClean();
-    [[nodiscard]] CleanJob job(Items chosen);
+    [[nodiscard]] std::optional<CleanReport> begin(const Items& chosen);
+    void advance(double fraction);
+    [[nodiscard]] QCoro::Task<> endShow(CleanRunner::Report report);
     void startFeed(const Items& chosen);
     void drop(const Items& removed);
     void finish(const CleanReport& report);
@@ -124,11 +125,13 @@ class CleanListModel final : public QObject {
     Phase phase_;
     bool reviewing_ = false;
     std::unique_ptr<SwallowFeed> feed_;
+    QCoro::Task<> show_;  // of the feed
     std::string action_;
     std::vector<std::filesystem::path> extraRoots_;
     Finder finder_;
 
     CleanServices services_;
+    CleanSession session_;
     std::vector<Group> groups_;
     int selectedCount_ = 0;
     std::int64_t selectedSize_ = 0;

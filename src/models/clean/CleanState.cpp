@@ -1,8 +1,7 @@
 #include "models/clean/CleanState.h"
 
-#include "profiles/Profile.h"
+#include "engine/Finders.h"
 
-#include <QtConcurrentRun>
 #include <array>
 #include <utility>
 
@@ -10,41 +9,40 @@ namespace tavrel {
 
 namespace {
 
-CleanListModel::Found findAll(const Finders& finders, CleanMode mode, const PreferenceValues& preferences,
-                              Instant now) {
-    return std::make_shared<const CleanListModel::Items>(finders.find(mode, preferences, now));
-}
-
 std::string action(CleanMode mode) {
     return std::string(CleanModes::action(mode));
 }
 
 }  // namespace
 
-CleanState::CleanState(const Profile& profile, const SystemTools& tools, CleanServices services)
-    : services_(std::move(services)),
-      finders_(profile, tools),
+CleanState::CleanState(const Profile& profile, std::shared_ptr<const SystemTools> tools,
+                       CleanServices services)
+    : profile_(profile),
+      tools_(std::move(tools)),
+      services_(std::move(services)),
       junk_(action(CleanMode::system), finder(CleanMode::system), services_),
       ai_(action(CleanMode::ai), finder(CleanMode::ai), services_),
       projects_(action(CleanMode::projects), finder(CleanMode::projects), services_),
       installers_(action(CleanMode::installers), finder(CleanMode::installers), services_),
       history_(profile.places.history(), services_.runner),
       trashEmptier_(services_.runner) {
+    const Finders finders(profile_, *tools_);
     for (const CleanMode mode : CleanModes::allCases) {
         CleanListModel* each = list(mode);
-        each->setExtraRoots(finders_.guard(mode, {}).extraRoots);
+        each->setExtraRoots(finders.guard(mode, {}).extraRoots);
         connect(each, &CleanListModel::phaseChanged, this, &CleanState::busyChanged);
     }
 }
 
-CleanState::~CleanState() {
-    scans_.waitForDone();
-}
-
+/// A scan owns all that it uses, so that it may be abandoned.
 CleanListModel::Finder CleanState::finder(CleanMode mode) {
-    return [this, mode] {
-        return QtConcurrent::run(&scans_, findAll, finders_, mode, services_.preferences.values(),
-                                 services_.clock.now());
+    return [this, mode](auto done) {
+        auto scan = [profile = profile_, tools = tools_, mode, preferences = services_.preferences.values(),
+                     now = services_.clock.now()]() -> CleanListModel::Found {
+            const Finders finders(profile, *tools);
+            return std::make_shared<const CleanListModel::Items>(finders.find(mode, preferences, now));
+        };
+        scans_.run(std::move(scan), std::move(done));
     };
 }
 

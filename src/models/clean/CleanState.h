@@ -1,13 +1,15 @@
 #pragma once
 
 #include "cleaning/CleanMode.h"
-#include "engine/Finders.h"
+#include "engine/SystemTools.h"
 #include "models/clean/CleanListModel.h"
 #include "models/clean/HistoryModel.h"
 #include "models/clean/TrashEmptier.h"
+#include "models/support/Background.h"
 #include "models/support/TabState.h"
+#include "profiles/Profile.h"
 
-#include <QThreadPool>
+#include <memory>
 
 namespace tavrel {
 
@@ -22,10 +24,8 @@ class CleanState final : public TabState {
     Q_PROPERTY(tavrel::TrashEmptier* trashEmptier READ trashEmptier CONSTANT)
 
   public:
-    /// The arguments and what they refer to outlive this object.
-    CleanState(const Profile& profile, const SystemTools& tools, CleanServices services);
-    /// Waits for the scans that run.
-    ~CleanState() override;
+    /// What `services` refers to outlives this object.
+    CleanState(const Profile& profile, std::shared_ptr<const SystemTools> tools, CleanServices services);
 
     /// True while one of the lists scans or cleans.
     [[nodiscard]] bool isBusy() const override;
@@ -41,9 +41,10 @@ class CleanState final : public TabState {
   private:
     [[nodiscard]] CleanListModel::Finder finder(CleanMode mode);
 
+    const Profile profile_;
+    std::shared_ptr<const SystemTools> tools_;
     CleanServices services_;
-    Finders finders_;
-    QThreadPool scans_;
+    Background scans_{Background::Kind::mayBeAbandoned, Background::noLimit};
     CleanListModel junk_;
     CleanListModel ai_;
     CleanListModel projects_;

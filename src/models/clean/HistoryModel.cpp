@@ -6,7 +6,6 @@
 #include "core/Paths.h"
 #include "core/Phrase.h"
 
-#include <QCoroFuture>
 #include <QPointer>
 #include <QStringList>
 #include <algorithm>
@@ -80,7 +79,7 @@ QHash<int, QByteArray> HistoryModel::roleNames() const {
 void HistoryModel::load() {
     restored_.clear();
     show(History::load(file_).entries);
-    QCoro::connect(find(), this, [] {});
+    find([] {});
 }
 
 void HistoryModel::clear() {
@@ -97,18 +96,21 @@ void HistoryModel::show(std::vector<History::Entry> entries) {
     Q_EMIT countChanged();
 }
 
-QCoro::Task<> HistoryModel::find() {
-    if (runs_.empty()) co_return;
-    const QPointer<HistoryModel> self = this;
-    const auto search = ++searches_;
+void HistoryModel::find(std::function<void()> then) {
+    if (runs_.empty()) return then();
     std::vector<History::Entry> entries;
     std::transform(runs_.begin(), runs_.end(), std::back_inserter(entries),
                    [](const Restorer::Run& run) { return run.entry; });
-    QFuture<CleanRunner::Runs> looking = runner_.findTrashed(std::move(entries));
-    const CleanRunner::Runs found = co_await looking;
-    if (!self || search != searches_) co_return;
-    runs_ = *found;
-    Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+    const auto found = [self = QPointer(this), search = ++searches_,
+                        then = std::move(then)](const CleanRunner::Runs& runs) {
+        if (!self) return;
+        if (search == self->searches_) {
+            self->runs_ = *runs;
+            Q_EMIT self->dataChanged(self->index(0), self->index(self->rowCount() - 1));
+        }
+        then();
+    };
+    runner_.findTrashed(std::move(entries), found);
 }
 
 void HistoryModel::putBack(int row) {
@@ -117,19 +119,13 @@ void HistoryModel::putBack(int row) {
     std::vector<Restorer::Item> items;
     std::copy_if(run.items.begin(), run.items.end(), std::back_inserter(items),
                  [](const Restorer::Item& item) { return item.present; });
-    if (!items.empty()) QCoro::connect(restore(run.entry.id, std::move(items)), this, [] {});
-}
-
-QCoro::Task<> HistoryModel::restore(std::string id, std::vector<Restorer::Item> items) {
-    const QPointer<HistoryModel> self = this;
+    if (items.empty()) return;
     setRestoring(true);
-    QFuture<RestoreReport> work = runner_.restore(std::move(items));
-    RestoreReport report = co_await work;
-    if (!self) co_return;
-    restored_[id] = std::move(report);
-    QCoro::Task<> looking = find();
-    co_await looking;
-    if (self) setRestoring(false);
+    runner_.restore(std::move(items), [self = QPointer(this), id = run.entry.id](RestoreReport report) {
+        if (!self) return;
+        self->restored_[id] = std::move(report);
+        self->find([self] { self->setRestoring(false); });
+    });
 }
 
 void HistoryModel::setRestoring(bool on) {

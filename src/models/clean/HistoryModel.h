@@ -4,9 +4,9 @@
 #include "models/clean/CleanRunner.h"
 
 #include <QAbstractListModel>
-#include <QCoroTask>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -14,8 +14,8 @@
 namespace tavrel {
 
 /// The record of the real cleans, newest first, as the history sheet shows it: read when the sheet opens.
-/// What of them waits in the Trash is looked up on a worker and told later; it can be put back, one run at a
-/// time.
+/// What of them waits in the Trash is looked up in the background and shown later; it can be put back, one
+/// run at a time.
 class HistoryModel final : public QAbstractListModel {
     Q_OBJECT
     Q_PROPERTY(int count READ count NOTIFY countChanged)
@@ -48,8 +48,8 @@ class HistoryModel final : public QAbstractListModel {
 
   private:
     void show(std::vector<History::Entry> entries);
-    [[nodiscard]] QCoro::Task<> find();
-    [[nodiscard]] QCoro::Task<> restore(std::string id, std::vector<Restorer::Item> items);
+    /// Looks up what waits, and calls `then` after it.
+    void find(std::function<void()> then);
     void setRestoring(bool on);
     [[nodiscard]] QString note(const Restorer::Run& run) const;
 
@@ -58,7 +58,7 @@ class HistoryModel final : public QAbstractListModel {
     Restorer::Runs runs_;
     std::map<std::string, RestoreReport> restored_;  // by the id of the run
     std::uint64_t searches_ = 0;                     // the last one counts
-    bool restoring_ = false;
+    bool restoring_ = false;                         // until what it put back was looked up
 };
 
 }  // namespace tavrel

@@ -3,8 +3,8 @@
 #include "core/ByteCount.h"
 #include "core/Phrase.h"
 
-#include <QCoroFuture>
 #include <QPointer>
+#include <utility>
 
 namespace tavrel {
 
@@ -16,23 +16,18 @@ QString TrashEmptier::emptiedText() const {
 }
 
 void TrashEmptier::empty() {
-    if (!working_) QCoro::connect(run(), this, [] {});
+    if (std::exchange(working_, true)) return;
+    Q_EMIT changed();
+    runner_.emptyTrash([self = QPointer(this)](std::int64_t bytes) {
+        if (!self) return;
+        self->emptied_ = bytes;
+        self->working_ = false;
+        Q_EMIT self->changed();
+    });
 }
 
 void TrashEmptier::forget() {
     emptied_.reset();
-    Q_EMIT changed();
-}
-
-QCoro::Task<> TrashEmptier::run() {
-    const QPointer<TrashEmptier> self = this;
-    working_ = true;
-    Q_EMIT changed();
-    QFuture<std::int64_t> removal = runner_.emptyTrash();
-    const std::int64_t bytes = co_await removal;
-    if (!self) co_return;
-    emptied_ = bytes;
-    working_ = false;
     Q_EMIT changed();
 }
 

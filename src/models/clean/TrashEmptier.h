@@ -2,7 +2,6 @@
 
 #include "models/clean/CleanRunner.h"
 
-#include <QCoroTask>
 #include <QObject>
 #include <cstdint>
 #include <optional>
@@ -33,8 +32,6 @@ class TrashEmptier final : public QObject {
     void changed();
 
   private:
-    [[nodiscard]] QCoro::Task<> run();
-
     CleanRunner& runner_;
     bool working_ = false;
     std::optional<std::int64_t> emptied_;

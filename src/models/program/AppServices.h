@@ -2,6 +2,8 @@
 
 #include "models/clean/CleanServices.h"
 
+#include <memory>
+
 namespace tavrel {
 
 class LaunchAtLogin;
@@ -14,7 +16,7 @@ class SystemTools;
 /// What the state of the program is made over. Everything outlives it.
 struct AppServices {
     const Profile& profile;
-    const SystemTools& tools;
+    std::shared_ptr<const SystemTools> tools;  // abandoned scans keep them
     CleanServices clean;
     Monitor& monitor;
     LaunchAtLogin& launchAtLogin;

@@ -21,12 +21,6 @@ QStringList shown(const Texts& texts) {
     return list;
 }
 
-bool canReadProtectedPaths(const UserDefaults& defaults) {
-    const Texts wrong = PreferenceValues::unreadableKeys(defaults);
-    return defaults.state() != UserDefaults::State::damaged &&
-           std::find(wrong.begin(), wrong.end(), "protectedPaths") == wrong.end();
-}
-
 }  // namespace
 
 struct Preferences::ListField {
@@ -39,7 +33,7 @@ Preferences::Preferences(UserDefaults& defaults, Path home)
     : defaults_(defaults),
       home_(std::move(home)),
       values_(PreferenceValues::read(defaults)),
-      knowsProtectedPaths_(canReadProtectedPaths(defaults)) {}
+      knowsProtectedPaths_(PreferenceValues::knowsProtectedPaths(defaults)) {}
 
 QStringList Preferences::protectedPaths() const {
     return shown(values_.protectedPaths);
@@ -132,7 +126,7 @@ void Preferences::changed(const char* key, Signal signal) {
         defaults_.state() != UserDefaults::State::damaged || key == std::string_view("protectedPaths");
     const auto value = values_.value(key);
     if (value && mayWrite && !defaults_.set(key, *value)) {
-        knowsProtectedPaths_ = canReadProtectedPaths(defaults_);
+        knowsProtectedPaths_ = PreferenceValues::knowsProtectedPaths(defaults_);
     }
     Q_EMIT(this->*signal)();
 }

@@ -17,21 +17,7 @@ constexpr std::chrono::seconds interval{2};
 Monitor::Monitor(MonitorServices services, QObject* parent)
     : QObject(parent),
       services_(std::move(services)),
-      sampler_({*services_.sensors, *services_.temperatures, *services_.fans}, services_.clock.uptime()),
-      diskSpace_([this](const Sensors::DiskSpace& space) {
-          sampler_.setDiskSpace(space);
-          Q_EMIT sampled();
-      }),
-      accessories_([this](const Batteries& batteries) {
-          sampler_.setAccessories(batteries);
-          Q_EMIT sampled();
-      }),
-      bluetooth_([this](const Batteries& batteries) { sampler_.setBluetooth(batteries); }),
-      processes_([this](const std::vector<ProcessInfo>& processes) {
-          sampler_.setProcesses(processes);
-          hasSeenProcesses_ = true;
-          Q_EMIT processesChanged();
-      }) {
+      sampler_({*services_.sensors, *services_.temperatures, *services_.fans}, services_.clock.uptime()) {
     sample();
     tick();
 }
@@ -45,13 +31,45 @@ void Monitor::tick() {
     });
 }
 
+/// Nothing happens while the last such read goes on: it may hang.
+template <typename Read, typename Done>
+void Monitor::start(bool& isReading, Read read, Done done) {
+    if (std::exchange(isReading, true)) return;
+    reads_.run(std::move(read), [&isReading, done = std::move(done)](const auto& result) {
+        isReading = false;
+        done(result);
+    });
+}
+
 void Monitor::sample() {
     const MachineSampler::Due due = sampler_.sample(services_.clock.uptime());
-    if (due.diskSpace) diskSpace_.start([sensors = services_.sensors] { return sensors->diskSpace(); });
-    if (due.accessories) accessories_.start([sensors = services_.sensors] { return sensors->accessories(); });
+    const auto sensors = services_.sensors;
+    if (due.diskSpace)
+        start(
+            isReading_.diskSpace, [sensors] { return sensors->diskSpace(); },
+            [this](const Sensors::DiskSpace& space) {
+                sampler_.setDiskSpace(space);
+                Q_EMIT sampled();
+            });
+    if (due.accessories)
+        start(
+            isReading_.accessories, [sensors] { return sensors->accessories(); },
+            [this](const Batteries& batteries) {
+                sampler_.setAccessories(batteries);
+                Q_EMIT sampled();
+            });
     if (due.bluetooth)
-        bluetooth_.start([sensors = services_.sensors] { return sensors->bluetoothBatteries(); });
-    if (due.processes) processes_.start([source = services_.processes] { return source->snapshot(); });
+        start(
+            isReading_.bluetooth, [sensors] { return sensors->bluetoothBatteries(); },
+            [this](const Batteries& batteries) { sampler_.setBluetooth(batteries); });
+    if (due.processes)
+        start(
+            isReading_.processes, [source = services_.processes] { return source->snapshot(); },
+            [this](const std::vector<ProcessInfo>& processes) {
+                sampler_.setProcesses(processes);
+                hasSeenProcesses_ = true;
+                Q_EMIT processesChanged();
+            });
     Q_EMIT sampled();
 }
 

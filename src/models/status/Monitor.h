@@ -1,6 +1,6 @@
 #pragma once
 
-#include "models/support/BackgroundRead.h"
+#include "models/support/Background.h"
 #include "monitoring/MachineSampler.h"
 #include "monitoring/PlatformTexts.h"
 
@@ -57,14 +57,19 @@ class Monitor final : public QObject {
     void sample();
     /// The change from 0 to 1 samples everything at once.
     void addWatchers(int change);
+    template <typename Read, typename Done>
+    void start(bool& isReading, Read read, Done done);
 
     MonitorServices services_;
     MachineSampler sampler_;
     bool hasSeenProcesses_ = false;
-    BackgroundRead<Sensors::DiskSpace> diskSpace_;
-    BackgroundRead<Batteries> accessories_;
-    BackgroundRead<Batteries> bluetooth_;
-    BackgroundRead<std::vector<ProcessInfo>> processes_;
+    struct {
+        bool diskSpace = false;
+        bool accessories = false;
+        bool bluetooth = false;
+        bool processes = false;
+    } isReading_;
+    Background reads_{Background::Kind::mayBeAbandoned, Background::noLimit};
 };
 
 }  // namespace tavrel

@@ -1,5 +1,4 @@
 #include "models/analyze/AnalyzeOrder.h"
-#include "models/analyze/RowOrder.h"
 
 #include <algorithm>
 #include <random>
@@ -11,7 +10,6 @@ namespace tavrel {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 TEST(AnalyzeOrder, WhatIsNotMeasuredStandsWhereAHundredMebibytesWould) {
     constexpr std::int64_t mebibyte = 1024LL * 1024;
@@ -35,13 +33,6 @@ TEST(AnalyzeOrder, WhatIsNotMeasuredStandsWhereAHundredMebibytesWould) {
         for (const auto at : AnalyzeOrder::sorted(keys)) ids.push_back(keys[at].id);
         ASSERT_THAT(ids, ElementsAre(9, 7, 8, 2, 5, 0, 1, 3, 4));
     }
-}
-
-TEST(RowOrder, MovesAsFewAsPossible) {
-    EXPECT_THAT(RowOrder::movers({0, 1, 2, 3}, {0, 1, 2, 3}, 4), IsEmpty());
-    EXPECT_THAT(RowOrder::movers({0, 1, 2, 3, 4}, {4, 0, 1, 2, 3}, 5), ElementsAre(4));
-    EXPECT_THAT(RowOrder::movers({0, 1, 2, 3, 4}, {1, 2, 0, 4, 3}, 5).size(), 2U);
-    EXPECT_THAT(RowOrder::movers({5, 2, 7}, {7, 2, 5}, 8).size(), 2U);
 }
 
 }  // namespace

@@ -130,11 +130,8 @@ class RealRemovalTest : public ::testing::Test {
     UserDefaults defaults{home.stage.sandbox.path("settings.plist")};
     Preferences preferences{defaults, home.stage.home()};
     testing::ManualClock clock;
-    BackgroundDiskWork work{{}, 4};
-    SizeService sizes{[this](auto path, auto stop, auto done) {
-                          work.measure(std::move(path), std::move(stop), std::move(done));
-                      },
-                      4};
+    BackgroundDiskWork work{{}};
+    SizeService sizes{work, clock, 4};
     std::unique_ptr<AnalyzeModel> model = std::make_unique<AnalyzeModel>(AnalyzeServices{
         .places = {home.stage.sandbox.root(), home.stage.home(), {.trash = ".local/share/Trash"}},
         .clock = clock,

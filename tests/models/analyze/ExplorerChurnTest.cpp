@@ -1,5 +1,6 @@
 #include "models/analyze/AnalyzeRows.h"
 #include "models/analyze/BackgroundDiskWork.h"
+#include "models/clean/CleanDesk.h"
 #include "models/program/Preferences.h"
 #include "support/EventLoop.h"
 #include "support/Sandbox.h"
@@ -16,16 +17,6 @@ namespace fs = std::filesystem;
 using testing::Sandbox;
 using testing::settle;
 using testing::waitUntil;
-
-class NoRunner final : public CleanRunner {
-  public:
-    [[nodiscard]] QFuture<Report> clean(CleanJob /*job*/) override { return {}; }
-    [[nodiscard]] QFuture<std::int64_t> emptyTrash() override { return {}; }
-    [[nodiscard]] QFuture<Runs> findTrashed(std::vector<History::Entry> /*entries*/) override { return {}; }
-    [[nodiscard]] QFuture<RestoreReport> restore(std::vector<Restorer::Item> /*items*/) override {
-        return {};
-    }
-};
 
 /// The explorer over a real folder with its real work, in real time.
 struct Explorer {
@@ -55,12 +46,9 @@ struct Explorer {
     UserDefaults defaults;
     Preferences preferences;
     std::unique_ptr<Clock> clock = systemClock();
-    NoRunner runner;
-    BackgroundDiskWork work{{}, 4};
-    SizeService sizes{[this](auto path, auto stop, auto done) {
-                          work.measure(std::move(path), std::move(stop), std::move(done));
-                      },
-                      4};
+    testing::HeldRunner runner;  // removes nothing
+    BackgroundDiskWork work{{}};
+    SizeService sizes{work, *clock, 4};
     AnalyzeModel model;
     AnalyzeRows rows;
 };

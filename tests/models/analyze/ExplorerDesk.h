@@ -27,12 +27,16 @@ class HeldDiskWork final : public DiskWork {
         Done<Result> done;
     };
     std::vector<Call<SizeFindings>> walks;
+    std::vector<std::string> begunWalks;
+    std::map<std::string, Progress> progress;
     std::vector<Call<FolderListing>> listings;
     std::vector<Call<LargeFiles>> searches;
     std::vector<Call<Reasons>> vettings;
     std::vector<std::pair<SafetyGuard, FolderListing::Paths>> vetted;
 
-    void measure(Path path, std::stop_token stop, Done<SizeFindings> done) override {
+    void measure(Path path, std::stop_token stop, Progress counter, Done<SizeFindings> done) override {
+        begunWalks.push_back(path.native());
+        progress[path.native()] = std::move(counter);
         walks.push_back({std::move(path), std::move(stop), std::move(done)});
     }
     void list(Path folder, std::stop_token stop, Done<FolderListing> done) override {
@@ -144,10 +148,7 @@ class ExplorerDesk {
     Preferences preferences{defaults, home()};
     ManualClock clock;
     HeldDiskWork work;
-    SizeService sizes{[this](auto path, auto stop, auto done) {
-                          work.measure(std::move(path), std::move(stop), std::move(done));
-                      },
-                      4};
+    SizeService sizes{work, clock, 4};
     HeldRunner runner;
     std::unique_ptr<AnalyzeModel> model;
 };

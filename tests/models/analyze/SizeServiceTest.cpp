@@ -1,4 +1,5 @@
 #include "core/Paths.h"
+#include "models/analyze/ExplorerDesk.h"
 #include "models/analyze/SizeService.h"
 
 #include <algorithm>
@@ -21,21 +22,14 @@ class SizeServiceTest : public ::testing::Test {
     using Folders = std::map<std::string, std::int64_t>;
     using Wait = std::shared_ptr<SizeService::Wait>;
 
-    void make(std::size_t maxParallel) {
-        service = std::make_unique<SizeService>(
-            [this](const std::filesystem::path& path, std::stop_token stop, SizeService::Done done) {
-                begun.push_back(path);
-                walks.insert_or_assign(path.native(), Held{std::move(stop), std::move(done)});
-            },
-            maxParallel);
-    }
+    void make(std::size_t maxParallel) { service = std::make_unique<SizeService>(work, clock, maxParallel); }
     [[nodiscard]] Wait ask(const std::string& path) {
         return service->info(path, [this, path](const DiskIndex::Info& info) { told[path] += info.size; });
     }
     void end(const std::string& path, std::int64_t size, const Folders& below = {}) {
         DiskIndex::Measurement found{.size = size, .files = 1, .folders = {}};
         for (const auto& [folder, bytes] : below) found.folders[folder] = {.size = bytes, .files = 1};
-        walks.extract(path).mapped().done(SizeFindings::of(found));
+        work.endWalk(path, found);
     }
     void measure(const std::string& path, std::int64_t size, const Folders& below = {}) {
         const Wait wait = ask(path);
@@ -45,7 +39,9 @@ class SizeServiceTest : public ::testing::Test {
         static_cast<void>(service->invalidate(paths));
     }
     [[nodiscard]] bool isStopped(const std::string& path) const {
-        return walks.at(path).stop.stop_requested();
+        const auto walk = std::find_if(work.walks.rbegin(), work.walks.rend(),
+                                       [&](const auto& each) { return each.path == path; });
+        return walk->stop.stop_requested();
     }
     [[nodiscard]] Names children(const std::string& path, std::size_t most = 99) const {
         Names names;
@@ -57,13 +53,10 @@ class SizeServiceTest : public ::testing::Test {
         return info ? info->size : -1;
     }
 
-    struct Held {
-        std::stop_token stop;
-        SizeService::Done done;
-    };
+    testing::ManualClock clock;
+    testing::HeldDiskWork work;
+    const Names& begun = work.begunWalks;
     std::unique_ptr<SizeService> service;
-    std::map<std::string, Held> walks;
-    Names begun;
     std::map<std::string, std::int64_t> told;
 };
 
@@ -108,7 +101,8 @@ TEST_F(SizeServiceTest, AWalkThatNobodyWaitsForIsStoppedAndKeepsWhatItHadFinishe
     EXPECT_TRUE(isStopped("/a"));
     EXPECT_EQ(service->running(), 1U);  // until it has noticed
 
-    const Held old = walks.extract("/a").mapped();
+    const auto old = work.walks.back();
+    work.walks.pop_back();
     const Wait anew = ask("/a");  // must not join the one that is stopping
     old.done(SizeFindings::of({.size = 3, .files = 1, .folders = {{"/a/x", {.size = 1, .files = 1}}}}));
     EXPECT_EQ(known("/a"), -1);

@@ -2,7 +2,6 @@
 #include "support/EventLoop.h"
 
 #include <QElapsedTimer>
-#include <QFutureWatcher>
 #include <QThread>
 #include <algorithm>
 #include <atomic>
@@ -50,17 +49,19 @@ class SlowTrash final : public Trash {
 TEST(BackgroundCleaner, ProgressArrivesOnTheMainThreadInOrderAndBeforeTheReport) {
     CleaningHome home;
     std::vector<double> told;
-    QFutureWatcher<Report> watcher;
+    Report report;
     const auto note = [&](double value) {
         EXPECT_EQ(QThread::currentThread(), QCoreApplication::instance()->thread());
         told.push_back(value);
     };
     constexpr double reported = -1;
-    QObject::connect(&watcher, &QFutureWatcherBase::finished, [&] { note(reported); });
     const std::vector<CleanItem> items = {home.item("a"), home.item("b"), home.item("c"), home.item("d")};
     QElapsedTimer timer;
     timer.start();
-    watcher.setFuture(home.cleaner->clean(home.job(items, note)));
+    home.cleaner->clean(home.job(items, note), [&](Report done) {
+        report = std::move(done);
+        note(reported);
+    });
     ASSERT_TRUE(waitUntil([&] { return !told.empty() && told.back() == reported; }));
     told.pop_back();
     EXPECT_LE(told.size(),
@@ -68,8 +69,8 @@ TEST(BackgroundCleaner, ProgressArrivesOnTheMainThreadInOrderAndBeforeTheReport)
     EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
     EXPECT_EQ(told.back(), 1.0);
 
-    EXPECT_EQ(watcher.result()->removed, items);
-    EXPECT_EQ(watcher.result()->trashed, 40);
+    EXPECT_EQ(report->removed, items);
+    EXPECT_EQ(report->trashed, 40);
     for (const char* name : {"a", "b", "c", "d"}) EXPECT_TRUE(fs::exists(home.trash->contents() / name));
 }
 
@@ -79,13 +80,12 @@ TEST(BackgroundCleaner, ItsEndWaitsForTheRunsThatItTookOnAndThoseComeOneByOne) {
     CleaningHome home(std::make_unique<SlowTrash>(done, mostAtOnce));
     int told = 0;
     const auto count = [&](double) { ++told; };
-    const auto first = home.cleaner->clean(home.job({home.item("a"), home.item("b")}, count));
-    const auto second = home.cleaner->clean(home.job({home.item("c"), home.item("d")}, count));
+    const auto report = [&](const Report&) { ++told; };
+    home.cleaner->clean(home.job({home.item("a"), home.item("b")}, count), report);
+    home.cleaner->clean(home.job({home.item("c"), home.item("d")}, count), report);
     home.cleaner.reset();
     EXPECT_EQ(done, 4);
     EXPECT_EQ(mostAtOnce, 1);
-    EXPECT_EQ(first.result()->removed.size(), 2U);
-    EXPECT_EQ(second.result()->removed.size(), 2U);
     settle();
     EXPECT_EQ(told, 0);  // nobody is left who could be told
 }

@@ -18,7 +18,7 @@ CleanDesk::CleanDesk(const std::string& action, const std::optional<std::string>
             },
     };
     list = std::make_unique<CleanListModel>(
-        action, [this] { return search.begin(); }, services);
+        action, [this](auto done) { search.begin(std::move(done)); }, services);
 }
 
 CleanDesk::~CleanDesk() {

@@ -12,8 +12,8 @@
 #include "support/ManualClock.h"
 #include "support/Sandbox.h"
 
-#include <QPromise>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -29,24 +29,15 @@ class Held {
   public:
     int begun = 0;
 
-    [[nodiscard]] QFuture<Result> begin() {
+    void begin(std::function<void(Result)> done) {
         ++begun;
-        promise_ = QPromise<Result>();
-        promise_.start();
-        running_ = true;
-        return promise_.future();
+        done_ = std::move(done);
     }
-    void end(Result result) {
-        promise_.addResult(std::move(result));
-        promise_.finish();
-        running_ = false;
-        settle();
-    }
-    [[nodiscard]] bool isRunning() const { return running_; }
+    void end(Result result) { std::exchange(done_, nullptr)(std::move(result)); }
+    [[nodiscard]] bool isRunning() const { return done_ != nullptr; }
 
   private:
-    QPromise<Result> promise_;
-    bool running_ = false;
+    std::function<void(Result)> done_;
 };
 
 /// Removes nothing, notes what it is asked for and reports what the test wants.
@@ -59,17 +50,17 @@ class HeldRunner final : public CleanRunner {
     Held<RestoreReport> restoring;
     std::vector<Restorer::Item> asked;
 
-    [[nodiscard]] QFuture<Report> clean(CleanJob job) override {
+    void clean(CleanJob job, Done<Report> done) override {
         jobs.push_back(std::move(job));
-        return cleaning.begin();
+        cleaning.begin(std::move(done));
     }
-    [[nodiscard]] QFuture<std::int64_t> emptyTrash() override { return emptying.begin(); }
-    [[nodiscard]] QFuture<Runs> findTrashed(std::vector<History::Entry> /*entries*/) override {
-        return finding.begin();
+    void emptyTrash(Done<std::int64_t> done) override { emptying.begin(std::move(done)); }
+    void findTrashed(std::vector<History::Entry> /*entries*/, Done<Runs> done) override {
+        finding.begin(std::move(done));
     }
-    [[nodiscard]] QFuture<RestoreReport> restore(std::vector<Restorer::Item> items) override {
+    void restore(std::vector<Restorer::Item> items, Done<RestoreReport> done) override {
         asked = std::move(items);
-        return restoring.begin();
+        restoring.begin(std::move(done));
     }
     void report(const CleanReport& report) { cleaning.end(std::make_shared<const CleanReport>(report)); }
 };

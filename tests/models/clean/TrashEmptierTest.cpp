@@ -16,8 +16,7 @@ using testing::waitUntil;
 
 TEST(TrashEmptier, EverythingInTheTrashGoesAndTheButtonSaysHowMuch) {
     CleaningHome home;
-    const auto cleaned = home.cleaner->clean(home.job({home.item("thing")}));
-    ASSERT_EQ(cleaned.result()->removed.size(), 1U);
+    ASSERT_EQ(home.clean({home.item("thing")})->removed.size(), 1U);
     const auto contents = home.trash->contents();
     home.stage.sandbox.file(contents / "mine/deep/file", 300'000);
     const auto size = FileSizer::size(contents / "mine") + FileSizer::size(contents / "thing");

@@ -50,7 +50,7 @@ class StateDesk {
     UserDefaults defaults{profile.places.preferences()};
     Preferences preferences{defaults, profile.places.home()};
     ManualClock clock{now()};
-    SystemTools tools{profile};
+    std::shared_ptr<SystemTools> tools = std::make_shared<SystemTools>(profile);
     FakeIconSource iconSource;
     FileIcons icons{iconSource, IconOwners::macos(profile.places.home())};
     MotionPause motion;
@@ -60,13 +60,14 @@ class StateDesk {
     Sounds sounds{preferences, shockwave, player, clock};
     FakeLogin login;
     BackgroundCleaner cleaner{{
-        .access = systemFolderAccess(),
-        .trash = tools.trash(),
-        .administrator = tools.administrator(),
-        .systemRoots = profile.scan.system.roots,
-        .history = profile.places.history(),
-        .now = [] { return now(); },
-    }};
+                                  .access = systemFolderAccess(),
+                                  .trash = tools->trash(),
+                                  .administrator = tools->administrator(),
+                                  .systemRoots = profile.scan.system.roots,
+                                  .history = profile.places.history(),
+                                  .now = [] { return now(); },
+                              },
+                              tools};
     Machine machine = FakeMachine::readers(std::make_shared<FakeMachine>());
     Monitor monitor{{clock, machine.sensors, machine.temperatures, machine.fans, machine.processes}};
     std::unique_ptr<AppState> state = std::make_unique<AppState>(AppServices{

@@ -9,9 +9,7 @@
 namespace tavrel {
 namespace {
 
-using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::Field;
 using ::testing::IsEmpty;
 using testing::Sandbox;
 

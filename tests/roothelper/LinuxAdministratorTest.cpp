@@ -99,6 +99,7 @@ TEST_F(LinuxAdministratorTest, StepsWithoutAnAnswerCountAsFailed) {
 TEST_F(LinuxAdministratorTest, ABatchOfAnyLengthReachesTheHelper) {
     ::setenv("TEST_ROOT", sandbox.root().c_str(), 1);
     std::vector<RootStep> steps;
+    steps.reserve(900);
     for (int i = 0; i < 900; ++i)
         steps.emplace_back(
             removal(sandbox.file("log/" + std::string(200, 'x') + std::to_string(i) + "\n\xFF")));

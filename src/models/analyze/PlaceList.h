@@ -8,8 +8,8 @@
 
 namespace tavrel {
 
-/// The places that the explorer offers to go to, looked for in the background. A look that hangs keeps nothing
-/// else waiting: what was found before stays, and no second look of its kind begins.
+/// The places that the explorer offers to go to, looked for in the background. A look that hangs keeps
+/// nothing else waiting: what was found before stays, and no second look of its kind begins.
 class PlaceList final : public QObject {
     Q_OBJECT
     /// Objects of `title`, `symbol` and `url`. It changes only with the places.

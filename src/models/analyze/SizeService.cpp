@@ -85,11 +85,12 @@ void SizeService::begin(const std::shared_ptr<Task>& task) {
 }
 
 /// Puts a task last into a list, out of the one that it stands in.
-void SizeService::place(const std::shared_ptr<Task>& task, Tasks* holder) {
-    const std::shared_ptr<Task> kept = task;
+void SizeService::place(std::shared_ptr<Task> task, Tasks* holder) {
     if (task->holder != nullptr) task->holder->erase(task->place);
     task->holder = holder;
-    if (holder != nullptr) task->place = holder->insert(holder->end(), kept);
+    if (holder == nullptr) return;
+    Task& placed = *task;
+    placed.place = holder->insert(holder->end(), std::move(task));
 }
 
 void SizeService::finish(const std::shared_ptr<Task>& task, SizeFindings findings) {

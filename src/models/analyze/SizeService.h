@@ -91,7 +91,7 @@ class SizeService {
 
     void begin(const std::shared_ptr<Task>& task);
     void finish(const std::shared_ptr<Task>& task, SizeFindings findings);
-    void place(const std::shared_ptr<Task>& task, Tasks* holder);
+    void place(std::shared_ptr<Task> task, Tasks* holder);
     void handOnPermits();
     void watch();
     void look();

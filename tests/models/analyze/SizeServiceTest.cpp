@@ -91,7 +91,9 @@ TEST_F(SizeServiceTest, PermitsAreBoundedAndTheLastToComeIsServedFirst) {
 TEST_F(SizeServiceTest, AWalkThatStallsGivesItsPermitToTheNextAndMayStillAnswer) {
     make(2);
     int stalled = 0;
-    std::vector<Wait> waits = {service->info("/dead", [](const auto&) {}, [&] { ++stalled; }), ask("/slow")};
+    std::vector<Wait> waits = {service->info(
+                                   "/dead", [](const auto&) {}, [&] { ++stalled; }),
+                               ask("/slow")};
     for (const char* path : {"/1", "/2", "/3"}) waits.push_back(ask(path));
     for (int look = 0; look < 6; ++look) {
         ++*work.progress["/slow"];

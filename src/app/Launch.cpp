@@ -53,7 +53,7 @@ int run(Program& program, const QDBusConnection& bus, SingleInstance* instance) 
     const ReducedMotion reducedMotion(bus, [&state](bool reduced) { state.setReduceMotion(reduced); });
 
     delegate.applicationWillFinishLaunching();
-    windows.tell(delegate);
+    windows.setDelegate(delegate);
     if (!delegate.startsQuietly()) windows.openMainWindow();
     delegate.applicationDidFinishLaunching();
     if (instance != nullptr) {

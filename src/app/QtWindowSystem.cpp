@@ -36,7 +36,7 @@ QtWindowSystem::QtWindowSystem(Hooks hooks) : hooks_(std::move(hooks)) {
     connect(qGuiApp, &QCoreApplication::aboutToQuit, this, [this] { delegate_ = nullptr; });
 }
 
-void QtWindowSystem::tell(AppDelegate& delegate) {
+void QtWindowSystem::setDelegate(AppDelegate& delegate) {
     delegate_ = &delegate;
     delegate_->windowVisibilityChanged();
 }

@@ -30,7 +30,7 @@ class QtWindowSystem final : public QObject, public WindowSystem {
 
     /// Until the event loop ends the delegate, which must live as long, hears what happens to the main
     /// window. It is told at once how things stand.
-    void tell(AppDelegate& delegate);
+    void setDelegate(AppDelegate& delegate);
 
     /// The program was opened again: shows the main window, or brings it forward. The token is what a
     /// Wayland desktop passes on for that; it may be empty.

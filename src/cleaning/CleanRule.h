@@ -37,11 +37,11 @@ struct CleanRule {
     std::string note;
     int minAgeDays = 0;  // what was modified more recently does not qualify; 0 takes everything
     bool permanent = false;
-    int reviewWithinDays = 0;         // what was modified more recently is `review`; 0 leaves the risk alone
-    std::string magic;                // a candidate is a file that begins with these bytes; empty: anything
-    std::int64_t leastSize = 65536;   // bytes; nothing smaller is worth a line
-    bool toTrash = false;             // see CleanItem
-    std::vector<std::string> owners;  // programs that use the items, beside those of the item's own name
+    int reviewWithinDays = 0;          // what was modified more recently is `review`; 0 leaves the risk alone
+    std::string magic;                 // a candidate is a file that begins with these bytes; empty: anything
+    std::int64_t minItemSize = 65536;  // bytes; nothing smaller is worth a line
+    bool toTrash = false;              // see CleanItem
+    std::vector<std::string> owners;   // programs that use the items, beside those of the item's own name
     std::vector<std::string> profiles;  // of the owners, like `path`; a part "*" is the item's own name
     std::vector<std::string> keeps;     // entries of a `whole` folder that stay, so that its others are items
     bool onlyOfInstalled = false;       // of a program that is not installed the item is `review`

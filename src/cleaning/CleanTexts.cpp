@@ -75,7 +75,7 @@ std::string reasonsOf(const std::vector<Skipped>& skipped) {
     std::string lines;
     for (const auto& [reason, count] : sorted) {
         if (!lines.empty()) lines += '\n';
-        lines += phrase("{} skipped: {}", count, Text::shown(reason));
+        lines += phrase("{} skipped: {}", count, Text::escapedForDisplay(reason));
     }
     return lines;
 }

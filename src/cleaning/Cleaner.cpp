@@ -39,7 +39,7 @@ History::Entry entryFor(const CleanReport& report, const std::string& action, In
                          .paths = {},
                          .trashed = report.inTrash};
     std::transform(report.removed.begin(), report.removed.end(), std::back_inserter(entry.paths),
-                   [](const CleanItem& item) { return Text::exact(item.url.native()); });
+                   [](const CleanItem& item) { return Text::encodePath(item.url.native()); });
     return entry;
 }
 
@@ -125,7 +125,7 @@ void Cleaner::cleanOne(const CleanItem& item, const SafetyGuard& safety, Options
         if (!outcome) return noteSkipped(report, item, outcome.error().reason);
         if (how == Disposal::trash) {
             report.inTrash.push_back(
-                {Text::exact(item.url.native()), Text::exact(outcome->place.native()), item.size});
+                {Text::encodePath(item.url.native()), Text::encodePath(outcome->place.native()), item.size});
         }
     }
     if (how == Disposal::trash) report.trashed = addBytes(report.trashed, item.size);

@@ -171,7 +171,7 @@ std::error_code FolderEraser::removeItem() const {
 
 Removal::Refusal FolderEraser::refusal(std::error_code error) const {
     auto words = Removal::refusal(error);
-    const auto where = Text::elided(Text::shown(whereItStopped()), maxShownColumns);
+    const auto where = Text::elided(Text::escapedForDisplay(whereItStopped()), maxShownColumns);
     if (!where.empty()) words.reason += ": " + where;
     return words;
 }

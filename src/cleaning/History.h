@@ -19,7 +19,7 @@ struct Entry {
     std::string action;  // "clean", "ai", "purge", "installers", "uninstall", "optimize"
     std::int64_t count = 0;
     std::int64_t bytes = 0;
-    std::vector<std::string> paths;         // as Text::exact writes them
+    std::vector<std::string> paths;         // as Text::encodePath writes them
     std::vector<TrashedItem> trashed = {};  // those of `paths` that went to the Trash, where that is known
     bool operator==(const Entry&) const = default;
 };

@@ -14,7 +14,7 @@ using Text::localized;
 
 namespace {
 
-constexpr int deepest = 2;  // a root's entries and those of its sub-folders
+constexpr int maxDepth = 2;  // a root's entries and those of its sub-folders
 
 CleanItem installer(const Path& path, Risk risk, std::string note) {
     return {.url = path,
@@ -40,7 +40,7 @@ bool isToolchain(const Tables& tables, const Path& path) {
 /// Every visible installer below `folder`. An installer can be a folder, and is never searched; neither is a
 /// folder that people see as one file.
 void search(const Tables& tables, const Path& folder, int level, std::vector<Path>& found) {
-    if (level > deepest) return;
+    if (level > maxDepth) return;
     for (const std::string& name : Files::names(folder, Files::Hidden::skip)) {
         const Path path = folder / name;
         const std::string extension = Text::lowercased(Paths::extension(path));

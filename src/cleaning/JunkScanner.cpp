@@ -91,7 +91,7 @@ class RuleScan {
         FileSizer::Measure found = FileSizer::measure(candidate);
         if (tables_.manner.age == Manner::Age::ownDate) found.newest = own;
         if (isWithin(rule.minAgeDays, found.newest)) return;
-        if (found.size < rule.leastSize && rule.category != CleanCategory::trash) return;
+        if (found.size < rule.minItemSize && rule.category != CleanCategory::trash) return;
         seen_.insert(path);
         items.push_back(item(rule, candidate, found));
     }

@@ -167,8 +167,8 @@ Removal::Outcome MovingTrash::verifyArrival(const Bin& bin, const std::string& n
 
     auto words = Removal::refusal(Removal::changed);
     if (access_.moveExclusively(bin.files.get(), name, located.parent.get(), located.name)) {
-        words.reason +=
-            fmt::format(fmt::runtime(Text::localized("; it is now in the Trash as “{}”")), Text::shown(name));
+        words.reason += fmt::format(fmt::runtime(Text::localized("; it is now in the Trash as “{}”")),
+                                    Text::escapedForDisplay(name));
     } else {
         dropNote(bin.notes.get(), name);
     }

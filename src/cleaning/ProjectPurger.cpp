@@ -18,8 +18,8 @@ namespace tavrel::ProjectPurger {
 
 namespace {
 
-constexpr int deepest = 6;  // levels below a root
-constexpr std::int64_t leastSize = 65536;
+constexpr int maxDepth = 6;  // levels below a root
+constexpr std::int64_t minItemSize = 65536;
 constexpr int deepestSource = 2;           // folders below a project whose files tell of work
 constexpr std::size_t mostSources = 2000;  // entries of a project that are looked at for that
 constexpr std::size_t mostProbed = 60;     // folders of one root that are looked into for projects
@@ -68,7 +68,7 @@ const Artifact* artifactAt(const Tables& tables, const Path& folder, std::string
 }
 
 /// What an artifact holds, from one walk.
-class Contents final : public Survey {
+class Contents final : public TreeVisitor {
   public:
     Contents(const Artifact& artifact, const Path& folder) : artifact_(artifact) { walkTree(folder, *this); }
 
@@ -80,17 +80,18 @@ class Contents final : public Survey {
         if (VersionControl::isMark(name)) hasWorkTree_ = true;
         return true;
     }
-    void take(const FolderEntry& entry, std::uint64_t /*ordinal*/, Haul& haul) const override {
+    void take(const FolderEntry& entry, std::uint64_t /*ordinal*/, FolderTotals& totals) const override {
         if (VersionControl::isMark(entry.name)) hasWorkTree_ = true;
         const auto& endings = artifact_.endings;
         if (!endings.empty() && std::none_of(endings.begin(), endings.end(), [&](std::string_view ending) {
                 return entry.name.ends_with(ending);
             }))
             hasOtherFiles_ = true;
-        if (entry.kind != FolderEntry::Kind::link) haul.bytes = addBytes(haul.bytes, entry.allocated);
+        if (entry.kind != FolderEntry::Kind::link) totals.bytes = addBytes(totals.bytes, entry.allocated);
     }
-    void gather(const std::shared_ptr<WalkFolder>& /*folder*/, Haul haul, std::size_t /*toCome*/) override {
-        bytes_ = addBytes(bytes_, haul.bytes);
+    void addFolder(const std::shared_ptr<WalkFolder>& /*folder*/, FolderTotals totals,
+                   std::size_t /*pendingChildren*/) override {
+        bytes_ = addBytes(bytes_, totals.bytes);
     }
 
   private:
@@ -168,7 +169,7 @@ class Walk {
         : tables_(tables), safety_(safety), staleBefore_(staleBefore) {}
 
     void enter(const Path& folder, const Path& projectAbove, int depth) {
-        if (depth > deepest) return;
+        if (depth > maxDepth) return;
         const auto identifier = Files::identifier(folder);
         if (!identifier || !seen_.insert(*identifier).second) return;
         const Names names = Files::names(folder);
@@ -201,7 +202,7 @@ class Walk {
         const Path path = folder / artifact.folder;
         if (!Scanning::vet(safety_, path)) return;
         const Contents contents(artifact, path);
-        if (contents.bytes() < leastSize) return;
+        if (contents.bytes() < minItemSize) return;
         const Use use = useOf(project, folder, names);
         const bool isTracked = contents.hasWorkTree() || versionControl_.tracks(path);
 

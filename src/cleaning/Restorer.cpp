@@ -27,7 +27,7 @@ constexpr std::chrono::minutes latestNote{1};
 constexpr std::chrono::hours zones{26};
 
 Path bytes(const std::string& text) {
-    return Paths::standardized(Text::fromExact(text));
+    return Paths::standardized(Text::decodePath(text));
 }
 
 /// What runs put into the Trashes, each entry of which only one run can have put there.

@@ -26,7 +26,7 @@ namespace {
 std::optional<std::int64_t> worthwhileSize(const Path& path, const SafetyGuard& safety) {
     if (!Files::exists(path) || !vet(safety, path)) return std::nullopt;
     const std::int64_t size = FileSizer::size(path);
-    if (size < leastSize) return std::nullopt;
+    if (size < minItemSize) return std::nullopt;
     return size;
 }
 

@@ -21,7 +21,7 @@
 namespace tavrel::SpecialScanners {
 
 /// Nothing smaller is worth a line.
-inline constexpr std::int64_t leastSize = 65536;
+inline constexpr std::int64_t minItemSize = 65536;
 
 using Path = std::filesystem::path;
 using Items = std::vector<CleanItem>;

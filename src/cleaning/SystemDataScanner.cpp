@@ -104,7 +104,7 @@ void commandItems(const SystemCommand& row, Instant now, Items& items) {
     if (!Files::exists(row.tool)) return;
     std::int64_t size = 0;
     for (const auto& files : row.empties) size = addBytes(size, emptied(files, files.folder, levels, now));
-    if (!row.empties.empty() && size < leastSize) return;
+    if (!row.empties.empty() && size < minItemSize) return;
     addToolItem(row.run, size, row.risk, row.note, items);
 }
 

@@ -5,7 +5,7 @@
 
 namespace tavrel {
 
-/// One thing that a run put into the Trash. Paths are absolute and as Text::exact writes them.
+/// One thing that a run put into the Trash. Paths are absolute and as Text::encodePath writes them.
 struct TrashedItem {
     std::string path;   // where it was
     std::string place;  // its entry in the Trash

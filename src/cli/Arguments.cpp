@@ -57,7 +57,7 @@ std::optional<std::int64_t> bytes(const std::string& text) {
 
 bool exists(const std::string& path, Console& console) {
     if (Files::identifier(path)) return true;
-    console.warn(phrase("\"{}\" does not exist", Text::shown(path)));
+    console.warn(phrase("\"{}\" does not exist", Text::escapedForDisplay(path)));
     return false;
 }
 

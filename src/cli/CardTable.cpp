@@ -64,10 +64,10 @@ std::string remark(const Card& card) {
 Row rowOf(const Card& card) {
     const auto* history = std::get_if<std::vector<double>>(&card.graph);
     const char* between = card.unit.empty() || card.unit == "°C" ? "" : " ";
-    return {.title = Text::shown(card.title),
+    return {.title = Text::escapedForDisplay(card.title),
             .value = card.value + between + card.unit,
             .graph = history != nullptr ? sparkline(*history) : meter(std::get<double>(card.graph)),
-            .remark = Text::shown(remark(card))};
+            .remark = Text::escapedForDisplay(remark(card))};
 }
 
 std::size_t without(std::size_t columns, std::size_t taken) {

@@ -48,7 +48,7 @@ std::string unknown(const std::string& name, CleanMode mode) {
         if (other == mode) continue;
         for (const std::string_view each : names(other)) others.push_back(each);
     }
-    return phrase("\"{}\" is no category; {} has {}; other modes have {}", Text::shown(name),
+    return phrase("\"{}\" is no category; {} has {}; other modes have {}", Text::escapedForDisplay(name),
                   CleanModes::rawValue(mode), fmt::join(names(mode), ", "), fmt::join(others, ", "));
 }
 

@@ -49,7 +49,7 @@ void print(Console& console, const std::vector<Judgement>& judgements) {
         const std::string& word = words.at(verdict.isAllowed() ? 0 : 1);
         const auto style = verdict.isAllowed() ? Console::Style::mark : Console::Style::danger;
         std::string line = console.styled(style, word) + std::string(wider - Text::columns(word) + 2, ' ');
-        line += Text::shown(path);
+        line += Text::escapedForDisplay(path);
         const auto remark = [&](const std::string& text) {
             line += "  " + console.styled(Console::Style::dim, text);
         };

@@ -119,11 +119,12 @@ void CleanRun::tellOfMissing(const std::vector<std::string>& names, const Finder
     for (const std::string& name : names) {
         const auto other = elsewhere.find(name);
         if (other == elsewhere.end()) {
-            console_.warn(phrase("\"{}\" is not among what was found", Text::shown(name)));
+            console_.warn(phrase("\"{}\" is not among what was found", Text::escapedForDisplay(name)));
         } else {
             const std::string_view mode = CleanModes::rawValue(other->second);
             console_.warn(phrase("\"{}\" is found by the mode {}: tavrelctl clean {} --select {}",
-                                 Text::shown(name), mode, mode, Text::shown(Quoting::shell(name))));
+                                 Text::escapedForDisplay(name), mode, mode,
+                                 Text::escapedForDisplay(Quoting::shell(name))));
         }
     }
 }
@@ -173,7 +174,7 @@ void CleanRun::print(const CleanReport& report) {
     console_.line(console_.styled(Console::Style::strong, CleanTexts::banner(report)));
     for (const auto& [item, reason] : report.skipped) {
         console_.line("  " + ItemList::shown(item.url, home));
-        console_.line("    " + console_.styled(Console::Style::caution, Text::shown(reason)));
+        console_.line("    " + console_.styled(Console::Style::caution, Text::escapedForDisplay(reason)));
     }
 }
 

@@ -103,7 +103,7 @@ tl::expected<CommandLine, int> CommandLine::parse(int argc, const char* const* a
     } catch (const CLI::Success& asked) {  // help or the version
         return tl::unexpected(app.exit(asked));
     } catch (const CLI::ParseError& mistake) {
-        Console(line.global).misuse(Text::shown(mistake.what()));
+        Console(line.global).misuse(Text::escapedForDisplay(mistake.what()));
         return tl::unexpected(ExitStatus::usage);
     }
     if (line.command) return line;

@@ -44,8 +44,9 @@ std::string heading(const Console& console) {
 }
 
 std::string row(const Console& console, const Sized& sized) {
-    return fmt::format("{:>{}}  {}", byteCount(sized.size), sizeColumns,
-                       console.fitted(Text::shown(sized.path), console.width() - sizeColumns - 2));
+    return fmt::format(
+        "{:>{}}  {}", byteCount(sized.size), sizeColumns,
+        console.fitted(Text::escapedForDisplay(sized.path), console.width() - sizeColumns - 2));
 }
 
 void print(Console& console, const std::vector<Sized>& rows) {
@@ -81,7 +82,7 @@ Json::Value document(const DiskIndex::Measurement& measured) {
     const std::map<std::string, DiskIndex::Info> sorted(measured.folders.begin(), measured.folders.end());
     Json::Value folders = Json::Value::object();
     for (const auto& [path, info] : sorted) {
-        folders[Text::exact(path)] = {{"size", info.size}, {"files", info.files}};
+        folders[Text::encodePath(path)] = {{"size", info.size}, {"files", info.files}};
     }
     return {{"size", measured.size}, {"files", measured.files}, {"folders", folders}};
 }
@@ -91,10 +92,10 @@ struct MeasureCommand {
     int depth = 2;
 
     void addTo(CLI::App& command) {
-        constexpr int deepest = 1000;
+        constexpr int maxDepth = 1000;
         command.add_option("PATH", path, localized("a folder (this one)"))->type_name("");
         command.add_option("--depth", depth, localized("levels of folders to tell of (2)"))
-            ->check(CLI::Range(0, deepest).description(""))
+            ->check(CLI::Range(0, maxDepth).description(""))
             ->type_name("N");
     }
 

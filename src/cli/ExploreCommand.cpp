@@ -123,7 +123,8 @@ void print(Console& console, const Look& look, std::size_t limit) {
     for (std::size_t i = 0; i < std::min(limit, look.rows.size()); ++i) {
         const AnalyzeEntry& entry = look.rows[i].entry;
         const std::int64_t size = entry.size.value_or(0);
-        const std::string name = Text::shown(entry.url.filename().native()) + (entry.isFolder ? "/" : "");
+        const std::string name =
+            Text::escapedForDisplay(entry.url.filename().native()) + (entry.isFolder ? "/" : "");
         console.line(fmt::format(
             "{:>{}}  {} {:>6}%  {:>{}}  {}", byteCount(size), sizeColumns,
             console.styled(Console::Style::mark, bar(look.share(size))), oneDecimal(look.share(size) * 100),
@@ -164,7 +165,7 @@ struct ExploreCommand {
         std::error_code error;
         const Path root = std::filesystem::canonical(path, error);
         if (error || !Files::isFolder(root))
-            return console.fail(phrase("{} is no folder", Text::shown(path)));
+            return console.fail(phrase("{} is no folder", Text::escapedForDisplay(path)));
         console.progress(localized("Measuring…"));
         if (!exported.empty()) return TreeExport::write(root, exported, console);
         const auto rows = static_cast<std::size_t>(limit);

@@ -32,7 +32,7 @@ void printPaths(Console& console, const Restorer::Run& run, const Path& home) {
         if (item.present) waiting.insert(item.path);
     }
     for (const std::string& text : run.entry.paths) {
-        const Path path = Text::fromExact(text);
+        const Path path = Text::decodePath(text);
         const bool marked = waiting.contains(Paths::standardized(path));
         console.line(fmt::format("  {} {}", marked ? console.styled(Console::Style::mark, "●") : " ",
                                  ItemList::shown(path, home)));
@@ -72,7 +72,8 @@ struct HistoryCommand {
         const Path file = session.places().history();
         const History::Record record = History::load(file);
         const bool damaged = record.state == History::State::damaged;
-        if (damaged) console.warn(phrase("the history in {} cannot be read", Text::shown(file.native())));
+        if (damaged)
+            console.warn(phrase("the history in {} cannot be read", Text::escapedForDisplay(file.native())));
         if (!damaged || console.json()) print(console, session, record.entries);
         return damaged ? ExitStatus::undone : ExitStatus::done;
     }
@@ -81,7 +82,8 @@ struct HistoryCommand {
         History::clear(file);
         const bool stays = Files::identifier(file).has_value();
         if (stays) {
-            return console.fail(phrase("the history in {} cannot be removed", Text::shown(file.native())));
+            return console.fail(
+                phrase("the history in {} cannot be removed", Text::escapedForDisplay(file.native())));
         }
         if (console.json()) {
             console.document(Json::Value::array());

@@ -44,7 +44,7 @@ Row rowFor(const Console& console, const CleanItem& item, const std::filesystem:
     chip(item.requiresAdmin, Style::privileged, "admin");
     const std::size_t left = room - std::min(room, row.columnsOfRemarks() + 1);
     if (!item.note.empty())
-        row.remarks.emplace_back(Style::dim, console.fitted(Text::shown(item.note), left));
+        row.remarks.emplace_back(Style::dim, console.fitted(Text::escapedForDisplay(item.note), left));
     return row;
 }
 
@@ -95,7 +95,7 @@ void printGroup(Console& console, CleanCategory category, const std::vector<Clea
 }  // namespace
 
 std::string shown(const std::filesystem::path& path, const std::filesystem::path& home) {
-    return Text::shown(Paths::abbreviated(path, home));
+    return Text::escapedForDisplay(Paths::abbreviated(path, home));
 }
 
 void print(Console& console, const std::vector<CleanItem>& items, const std::filesystem::path& home,

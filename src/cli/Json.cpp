@@ -13,7 +13,7 @@
 namespace tavrel::cli::Json {
 
 Value path(const std::filesystem::path& path) {
-    return Text::exact(path.native());
+    return Text::encodePath(path.native());
 }
 
 Value item(const CleanItem& item) {
@@ -22,7 +22,7 @@ Value item(const CleanItem& item) {
         {"size", item.size},
         {"category", CleanCategories::rawValue(item.category)},
         {"risk", rawText(item.risk)},
-        {"note", Text::repaired(item.note)},
+        {"note", Text::replaceInvalidUtf8(item.note)},
         {"permanent", item.permanent},
         {"requiresAdmin", item.requiresAdmin},
         {"adminCommand", item.rootTool ? Value(item.adminCommand().value_or("")) : Value(nullptr)},
@@ -48,7 +48,7 @@ Value scan(std::string_view mode, const std::vector<CleanItem>& found) {
 namespace {
 
 Value refusal(const std::filesystem::path& of, const std::string& reason) {
-    return {{"path", path(of)}, {"reason", Text::repaired(reason)}};
+    return {{"path", path(of)}, {"reason", Text::replaceInvalidUtf8(reason)}};
 }
 
 }  // namespace

@@ -86,7 +86,7 @@ class ProcessTable {
 Value document(const MachineFigures& figures) {
     return {
         {"healthScore", healthScore(figures)},
-        {"chip", figures.chip.empty() ? Value(nullptr) : Value(Text::repaired(figures.chip))},
+        {"chip", figures.chip.empty() ? Value(nullptr) : Value(Text::replaceInvalidUtf8(figures.chip))},
         {"cores", figures.cores},
         {"gpuCores", orNull(figures.gpuCores)},
         {"cpu", orNull(figures.cpu)},
@@ -105,12 +105,13 @@ Value document(const MachineFigures& figures) {
         {"diskWrite", orNull(figures.diskWrite)},
         {"download", orNull(figures.download)},
         {"upload", orNull(figures.upload)},
-        {"connection", figures.connection ? Value(Text::repaired(*figures.connection)) : Value(nullptr)},
+        {"connection",
+         figures.connection ? Value(Text::replaceInvalidUtf8(*figures.connection)) : Value(nullptr)},
         {"battery", battery(figures.battery)},
         {"accessories",
          list(figures.accessories,
               [](const auto& accessory) -> Value {
-                  return {{"name", Text::repaired(accessory.name)}, {"percent", accessory.percent}};
+                  return {{"name", Text::replaceInvalidUtf8(accessory.name)}, {"percent", accessory.percent}};
               })},
         {"fans", list(figures.fans,
                       [](const Fan& fan) -> Value {
@@ -120,7 +121,7 @@ Value document(const MachineFigures& figures) {
         {"processes", list(figures.processes,
                            [](const ProcessInfo& process) -> Value {
                                return {{"pid", process.pid},
-                                       {"name", Text::repaired(process.name)},
+                                       {"name", Text::replaceInvalidUtf8(process.name)},
                                        {"cpu", process.cpu},
                                        {"memory", process.memory},
                                        {"power", process.power}};
@@ -135,7 +136,7 @@ std::vector<std::string> lines(const Console& console, const MachineFigures& fig
     if (processes.empty()) return all;
     ProcessTable table(console.width());
     for (const ProcessInfo& process : processes) {
-        table.add(Text::shown(process.name),
+        table.add(Text::escapedForDisplay(process.name),
                   {oneDecimal(process.cpu) + "%", byteCount(process.memory), oneDecimal(process.power)});
     }
     all.emplace_back();

@@ -57,7 +57,7 @@ Parsed parseTexts(std::string_view key, std::string_view text) {
     auto texts = array.get<UserDefaults::Texts>();
     for (const std::string& each : texts) {
         if (!fits(key, each))
-            return tl::unexpected(phrase("\"{}\" does not fit this setting", Text::shown(each)));
+            return tl::unexpected(phrase("\"{}\" does not fit this setting", Text::escapedForDisplay(each)));
     }
     return UserDefaults::Value(std::move(texts));
 }

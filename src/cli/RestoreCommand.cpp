@@ -121,7 +121,7 @@ int RestoreRun::run() {
 void RestoreRun::load() {
     History::Record record = History::load(file_);
     if (record.state == History::State::damaged) {
-        unknown(phrase("the history in {} cannot be read", Text::shown(file_.native())));
+        unknown(phrase("the history in {} cannot be read", Text::escapedForDisplay(file_.native())));
     }
     entries_ = std::move(record.entries);
     runs_ = restorer_.runs(entries_);
@@ -162,17 +162,18 @@ void RestoreRun::choose(const std::string& id) {
         if (Text::lowercased(entries_[i].id).starts_with(wanted)) fitting.push_back(i);
     }
     if (fitting.empty() || id.empty()) {
-        unknown(phrase("no run has the id \"{}\"", Text::shown(id)));
+        unknown(phrase("no run has the id \"{}\"", Text::escapedForDisplay(id)));
         return;
     }
     if (fitting.size() > 1) {
-        unknown(phrase("several runs have ids that begin with \"{}\"", Text::shown(id)));
+        unknown(phrase("several runs have ids that begin with \"{}\"", Text::escapedForDisplay(id)));
         return;
     }
     const Restorer::Run& run = runs_[fitting.front()];
     if (run.items.empty()) {
         const std::string why = run.erased > 0 ? ": " + CleanTexts::erased(run.erased) : "";
-        unknown(phrase("nothing that the run \"{}\" removed is in the Trash", Text::shown(id)) + why);
+        unknown(phrase("nothing that the run \"{}\" removed is in the Trash", Text::escapedForDisplay(id)) +
+                why);
         return;
     }
     chosenRuns_.insert(fitting.front());
@@ -182,13 +183,13 @@ void RestoreRun::choose(const std::string& id) {
 void RestoreRun::chooseAt(const std::string& name) {
     const Path folder = Arguments::workingFolder();
     const Path asBytes = Paths::standardized(folder / name);
-    const Path asEscaped = Paths::standardized(folder / Text::fromExact(name));
+    const Path asEscaped = Paths::standardized(folder / Text::decodePath(name));
     auto places = placesOf(asBytes);
     if (places.empty()) places = placesOf(asEscaped);
     if (places.empty()) {
         const bool erased = wasRemoved(asBytes) || wasRemoved(asEscaped);
-        unknown(erased ? phrase("\"{}\" was deleted for good", Text::shown(name))
-                       : phrase("no run put \"{}\" into the Trash", Text::shown(name)));
+        unknown(erased ? phrase("\"{}\" was deleted for good", Text::escapedForDisplay(name))
+                       : phrase("no run put \"{}\" into the Trash", Text::escapedForDisplay(name)));
         return;
     }
     // Of several that were there the newest, which stands first, unless only an older one still waits.
@@ -209,7 +210,7 @@ std::vector<RestoreRun::Place> RestoreRun::placesOf(const Path& path) const {
 }
 
 bool RestoreRun::wasRemoved(const Path& path) const {
-    const auto text = Text::exact(path.native());
+    const auto text = Text::encodePath(path.native());
     return std::any_of(entries_.begin(), entries_.end(), [&](const History::Entry& entry) {
         return std::find(entry.paths.begin(), entry.paths.end(), text) != entry.paths.end();
     });
@@ -248,7 +249,7 @@ void RestoreRun::print(const RestoreReport& report) {
         Style::strong, options_.dryRun ? CleanTexts::wouldPutBack(report) : CleanTexts::putBack(report)));
     for (const auto& [path, reason] : report.skipped) {
         console_.line("  " + ItemList::shown(path, home_));
-        console_.line("    " + console_.styled(Style::caution, Text::shown(reason)));
+        console_.line("    " + console_.styled(Style::caution, Text::escapedForDisplay(reason)));
     }
     std::size_t erased = 0;
     for (const std::size_t run : chosenRuns_) erased += runs_[run].erased;

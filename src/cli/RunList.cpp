@@ -19,8 +19,8 @@ std::string row(const History::Entry& entry) {
     const std::string count = counted("{} item", "{} items", static_cast<unsigned long>(entry.count));
     return fmt::format("{:%Y-%m-%d %H:%M}  {:<{}}  {:>{}}  {:>{}}",
                        fmt::localtime(seconds.time_since_epoch().count()),
-                       Text::shown(CleanModes::knownWord(entry.action)), actionColumns, count, countColumns,
-                       byteCount(entry.bytes), sizeColumns);
+                       Text::escapedForDisplay(CleanModes::knownWord(entry.action)), actionColumns, count,
+                       countColumns, byteCount(entry.bytes), sizeColumns);
 }
 
 std::string shortId(const History::Entry& entry, const std::vector<History::Entry>& entries) {

@@ -39,7 +39,7 @@ Named named(const Items& found, const std::vector<std::string>& names,
     for (const std::string& name : names) {
         // An absolute name takes the place of the working folder.
         const std::string asBytes = key(workingFolder / name);
-        const std::string asEscaped = key(workingFolder / Text::fromExact(name));
+        const std::string asEscaped = key(workingFolder / Text::decodePath(name));
         if (known.contains(name)) {
             chosen.insert(name);
         } else if (known.contains(asBytes)) {

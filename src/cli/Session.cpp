@@ -20,7 +20,7 @@ bool leadsToFolder(const Path& path) {
 }
 
 std::string noFolder(Text::English english, const Path& path) {
-    return phrase(english, Text::shown(path.native()));
+    return phrase(english, Text::escapedForDisplay(path.native()));
 }
 
 Profile profileFor(const GlobalOptions& options, const Path& home) {
@@ -59,7 +59,7 @@ SafetyGuard Session::guard(std::vector<Path> extraRoots) const {
 }
 
 void Session::warnOfSettings(Console& console) const {
-    const std::string file = Text::shown(defaults_.file().native());
+    const std::string file = Text::escapedForDisplay(defaults_.file().native());
     if (defaults_.state() == UserDefaults::State::damaged) {
         console.warn(phrase("the settings in {} cannot be read; their defaults are used", file));
     }
@@ -78,7 +78,7 @@ std::optional<std::string> Session::protectionUnknown() const {
     return phrase(
         "nothing is removed while the protected folders in {} cannot be read; "
         "write them anew with \"tavrelctl settings protectedPaths\"",
-        Text::shown(defaults_.file().native()));
+        Text::escapedForDisplay(defaults_.file().native()));
 }
 
 }  // namespace tavrel::cli

@@ -32,11 +32,11 @@ Json::Value effective(const Session& session, std::string_view key) {
 
 /// A value for reading: each entry of a list on a line of its own.
 std::vector<std::string> linesFor(const Json::Value& value) {
-    if (!value.is_array()) return {Text::shown(value.dump())};
+    if (!value.is_array()) return {Text::escapedForDisplay(value.dump())};
     if (value.empty()) return {localized("none")};
     std::vector<std::string> lines;
     lines.reserve(value.size());
-    for (const Json::Value& entry : value) lines.push_back(Text::shown(entry.get<std::string>()));
+    for (const Json::Value& entry : value) lines.push_back(Text::escapedForDisplay(entry.get<std::string>()));
     return lines;
 }
 
@@ -58,7 +58,7 @@ void printAll(const Session& session, Console& console) {
 void printOne(const Session& session, const std::string& key, Console& console) {
     const Json::Value value = effective(session, key);
     if (console.json()) return console.document(value);
-    console.line(Text::shown(value.dump()));
+    console.line(Text::escapedForDisplay(value.dump()));
 }
 
 /// Makes room for a file that can be written again, and tells where the old one went.
@@ -66,9 +66,11 @@ std::optional<std::string> setDamagedAside(Session& session, Console& console) {
     if (session.defaults().state() != UserDefaults::State::damaged) return std::nullopt;
     const auto file = session.defaults().file();
     const auto aside = Files::setAside(file);
-    if (!aside) return phrase("the settings in {} can be neither read nor moved", Text::shown(file.native()));
-    console.warn(
-        phrase("the settings could not be read; they were set aside as {}", Text::shown(aside->native())));
+    if (!aside)
+        return phrase("the settings in {} can be neither read nor moved",
+                      Text::escapedForDisplay(file.native()));
+    console.warn(phrase("the settings could not be read; they were set aside as {}",
+                        Text::escapedForDisplay(aside->native())));
     session.refresh();
     return std::nullopt;
 }
@@ -79,7 +81,8 @@ int change(Session& session, const std::string& key, const std::string& text, Co
     if (const auto problem = setDamagedAside(session, console)) return console.fail(*problem);
     if (const auto error = session.defaults().set(key, *value)) {
         return console.fail(phrase("the settings in {} cannot be written: {}",
-                                   Text::shown(session.defaults().file().native()), error.message()));
+                                   Text::escapedForDisplay(session.defaults().file().native()),
+                                   error.message()));
     }
     session.refresh();
     printOne(session, key, console);
@@ -99,7 +102,7 @@ struct SettingsCommand {
 
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
         if (!key.empty() && !isKnown(key))
-            return console.misuse(phrase("\"{}\" is no setting", Text::shown(key)));
+            return console.misuse(phrase("\"{}\" is no setting", Text::escapedForDisplay(key)));
         auto session = Session::open(global);
         if (!session) return console.fail(session.error());
         if (value) return change(*session, key, *value, console);

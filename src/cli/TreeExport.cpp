@@ -63,7 +63,7 @@ void print(Console& console, const TreeRecord& before, const TreeRecord& now,
     constexpr std::size_t nameColumn = 26;
     for (std::size_t i = 0; i < std::min(limit, all.size()); ++i) {
         const TreeChange& change = all[i];
-        const std::string name = change.path.empty() ? "." : Text::shown(change.path);
+        const std::string name = change.path.empty() ? "." : Text::escapedForDisplay(change.path);
         const auto style = change.delta < 0 ? Console::Style::mark : Console::Style::caution;
         console.line(fmt::format(
             "{}  {:<8}  {}", console.styled(style, fmt::format("{:>12}", difference(change.delta))),
@@ -85,7 +85,8 @@ void print(Console& console, const TreeRecord& before, const TreeRecord& now,
 int write(const Path& root, const std::string& file, Console& console) {
     const TreeRecord record = TreeRecord::take(root, std::chrono::system_clock::now());
     if (const auto error = Files::writeAtomically(file, record.encoded()))
-        return console.fail(phrase("{} cannot be written: {}", Text::shown(file), error.message()));
+        return console.fail(
+            phrase("{} cannot be written: {}", Text::escapedForDisplay(file), error.message()));
     if (console.json()) {
         console.document({{"export", Json::path(file)},
                           {"size", record.total.size},
@@ -94,7 +95,7 @@ int write(const Path& root, const std::string& file, Console& console) {
     } else {
         const auto folders = static_cast<unsigned long>(record.folders.size());
         console.line(counted("{1} in {0} folder written to {2}", "{1} in {0} folders written to {2}", folders,
-                             byteCount(record.total.size), Text::shown(file)));
+                             byteCount(record.total.size), Text::escapedForDisplay(file)));
     }
     return ExitStatus::done;
 }
@@ -102,12 +103,13 @@ int write(const Path& root, const std::string& file, Console& console) {
 int compare(const Path& root, const std::string& file, std::size_t limit, Console& console) {
     const auto text = Files::read(file);
     if (!text)
-        return console.fail(phrase("{} cannot be read: {}", Text::shown(file), text.error().message()));
+        return console.fail(
+            phrase("{} cannot be read: {}", Text::escapedForDisplay(file), text.error().message()));
     const auto before = TreeRecord::decoded(*text);
-    if (!before) return console.fail(phrase("{} is no export of a tree", Text::shown(file)));
+    if (!before) return console.fail(phrase("{} is no export of a tree", Text::escapedForDisplay(file)));
     if (before->root != root)
-        return console.misuse(
-            phrase("{} was taken of {}", Text::shown(file), Text::shown(before->root.native())));
+        return console.misuse(phrase("{} was taken of {}", Text::escapedForDisplay(file),
+                                     Text::escapedForDisplay(before->root.native())));
     const TreeRecord now = TreeRecord::take(root, std::chrono::system_clock::now());
     const auto all = changes(*before, now);
     if (console.json()) {

@@ -15,6 +15,13 @@ template <typename Enum, std::size_t N>
     return cases;
 }
 
+/// The case at `index` of `cases`; nullopt beyond them.
+template <typename Enum, std::size_t N>
+[[nodiscard]] constexpr std::optional<Enum> caseAt(const std::array<Enum, N>& cases, int index) {
+    if (index < 0 || static_cast<std::size_t>(index) >= N) return std::nullopt;
+    return cases.at(static_cast<std::size_t>(index));
+}
+
 /// What belongs to each case of an enumeration. `Row` begins with the fields `value`, the case, and `raw`,
 /// its text in files. A table whose rows do not stand in the order of the cases does not compile.
 template <typename Row, std::size_t N>
@@ -34,18 +41,12 @@ class EnumTable {
         return rows_.at(static_cast<std::size_t>(value));
     }
 
-    /// The case with the text `raw`; nothing for any other text.
+    /// The case with the text `raw`; nullopt for any other text.
     [[nodiscard]] constexpr std::optional<Enum> find(std::string_view raw) const {
         for (const Row& row : rows_) {
             if (row.raw == raw) return row.value;
         }
         return std::nullopt;
-    }
-
-    /// The case at `index`; nothing beyond the cases.
-    [[nodiscard]] static constexpr std::optional<Enum> at(int index) {
-        if (index < 0 || static_cast<std::size_t>(index) >= N) return std::nullopt;
-        return static_cast<Enum>(index);
     }
 
   private:

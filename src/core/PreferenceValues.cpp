@@ -39,7 +39,7 @@ using Metrics = std::vector<MenuBarMetric>;
 /// Any bytes make a path or a process name, but settings hold UTF-8: each text is stored in its exact form.
 Value stored(const Texts& texts) {
     Texts exact(texts.size());
-    std::transform(texts.begin(), texts.end(), exact.begin(), Text::exact);
+    std::transform(texts.begin(), texts.end(), exact.begin(), Text::encodePath);
     return exact;
 }
 Value stored(const Metrics& chosen) {
@@ -65,7 +65,7 @@ bool take(const Value& value, Texts& field) {
     const Texts* exact = std::get_if<Texts>(&value);
     if (exact == nullptr) return false;
     field.resize(exact->size());
-    std::transform(exact->begin(), exact->end(), field.begin(), Text::fromExact);
+    std::transform(exact->begin(), exact->end(), field.begin(), Text::decodePath);
     return true;
 }
 bool take(const Value& value, Metrics& field) {

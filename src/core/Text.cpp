@@ -142,7 +142,7 @@ std::string translated(const std::string& english) {
     return ::dgettext(textDomain, english.c_str());
 }
 
-std::string repaired(std::string_view bytes) {
+std::string replaceInvalidUtf8(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size());
     forEachCharacter(bytes, [&text](const Character& character) {
@@ -160,7 +160,7 @@ bool isUtf8(std::string_view bytes) {
     return true;
 }
 
-std::string shown(std::string_view bytes) {
+std::string escapedForDisplay(std::string_view bytes) {
     std::string text;
     forEachCharacter(bytes, [&text](const Character& character) {
         if (character.value == '\n') {
@@ -176,7 +176,7 @@ std::string shown(std::string_view bytes) {
     return text;
 }
 
-std::string exact(std::string_view bytes) {
+std::string encodePath(std::string_view bytes) {
     if (isUtf8(bytes) && !readsAsEscape(bytes)) return std::string(bytes);
     std::string text;
     forEachCharacter(bytes, [&text](const Character& character) {
@@ -190,7 +190,7 @@ std::string exact(std::string_view bytes) {
     return text;
 }
 
-std::string fromExact(std::string_view text) {
+std::string decodePath(std::string_view text) {
     std::string bytes;
     while (!text.empty()) {
         if (const auto byte = escapedByte(text)) {

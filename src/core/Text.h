@@ -23,18 +23,18 @@ using English = const char*;
 [[nodiscard]] std::string translated(const std::string& english);
 
 /// `bytes` as UTF-8, every invalid sequence replaced by U+FFFD.
-[[nodiscard]] std::string repaired(std::string_view bytes);
+[[nodiscard]] std::string replaceInvalidUtf8(std::string_view bytes);
 [[nodiscard]] bool isUtf8(std::string_view bytes);
 
 /// Returns `bytes` escaped for display: control characters and newlines as "\n", "\t" or "\xNN", invalid
 /// UTF-8 as "\xNN". The result holds no control character. Not reversible.
-[[nodiscard]] std::string shown(std::string_view bytes);
+[[nodiscard]] std::string escapedForDisplay(std::string_view bytes);
 
-/// Encodes any bytes as valid UTF-8, reversibly (inverse: fromExact). Valid UTF-8 without sequences that read
-/// as an escape is returned unchanged; otherwise backslashes are doubled and invalid bytes become "\xNN".
-/// Made for paths in settings and in JSON.
-[[nodiscard]] std::string exact(std::string_view bytes);
-[[nodiscard]] std::string fromExact(std::string_view text);
+/// Encodes any bytes as valid UTF-8, reversibly (inverse: decodePath). Valid UTF-8 without sequences that
+/// read as an escape is returned unchanged; otherwise backslashes are doubled and invalid bytes become
+/// "\xNN". Made for paths in settings and in JSON.
+[[nodiscard]] std::string encodePath(std::string_view bytes);
+[[nodiscard]] std::string decodePath(std::string_view text);
 
 /// Columns that a terminal needs for `utf8`: wide characters count 2, combining ones 0.
 [[nodiscard]] std::size_t columns(std::string_view utf8);

@@ -1,7 +1,7 @@
 #include "disk/DiskIndex.h"
 
 #include "disk/Ranking.h"
-#include "disk/Tally.h"
+#include "disk/SizeAccumulator.h"
 #include "disk/TreeWalk.h"
 #include "platform/FolderReader.h"
 
@@ -17,7 +17,7 @@ Measurement measure(const std::filesystem::path& path, int recordDepth, std::sto
     if (::lstat(path.c_str(), &status) != 0) return {};
     if (!S_ISDIR(status.st_mode)) return {.size = status.st_blocks * blockSize, .files = 1, .folders = {}};
 
-    Tally tally(recordDepth);
+    SizeAccumulator tally(recordDepth);
     walkTree(path, tally, {.stop = std::move(stop), .threads = threads, .progress = progress});
     return std::move(tally).result();
 }

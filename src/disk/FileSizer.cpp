@@ -11,15 +11,16 @@ namespace tavrel::FileSizer {
 namespace {
 
 /// Every name of every file; folders and links are free.
-class ContentSum final : public Survey {
+class ContentSum final : public TreeVisitor {
   public:
-    void take(const FolderEntry& entry, std::uint64_t /*ordinal*/, Haul& haul) const override {
-        if (entry.kind != FolderEntry::Kind::link) haul.bytes = addBytes(haul.bytes, entry.allocated);
-        haul.newest = std::max(haul.newest, entry.modified);
+    void take(const FolderEntry& entry, std::uint64_t /*ordinal*/, FolderTotals& totals) const override {
+        if (entry.kind != FolderEntry::Kind::link) totals.bytes = addBytes(totals.bytes, entry.allocated);
+        totals.newest = std::max(totals.newest, entry.modified);
     }
-    void gather(const std::shared_ptr<WalkFolder>& /*folder*/, Haul haul, std::size_t /*toCome*/) override {
-        found_.size = addBytes(found_.size, haul.bytes);
-        found_.newest = std::max(found_.newest, haul.newest);
+    void addFolder(const std::shared_ptr<WalkFolder>& /*folder*/, FolderTotals totals,
+                   std::size_t /*pendingChildren*/) override {
+        found_.size = addBytes(found_.size, totals.bytes);
+        found_.newest = std::max(found_.newest, totals.newest);
     }
     [[nodiscard]] const Measure& found() const { return found_; }
 

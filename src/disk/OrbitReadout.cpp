@@ -14,7 +14,7 @@ namespace {
 constexpr const char* between = " · ";
 
 std::string nameOf(const std::filesystem::path& path) {
-    return Text::shown(Paths::name(path));
+    return Text::escapedForDisplay(Paths::name(path));
 }
 
 std::string sliceName(const std::filesystem::path& path) {

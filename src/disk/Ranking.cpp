@@ -10,15 +10,15 @@ namespace {
 /// Libraries whose files belong to the program that keeps them: nobody picks single files out of these.
 constexpr std::array<std::string_view, 3> closedLibraries = {".photoslibrary", ".musiclibrary", ".tvlibrary"};
 
-/// Keeps the first `limit` in rank of one folder's finds, so that a folder of a million files costs no more
-/// memory than the answer.
-void trim(std::vector<Find>& finds, std::size_t limit) {
-    const auto outranks = [](const Find& a, const Find& b) {
+/// Keeps the first `limit` in rank of one folder's candidates, so that a folder of a million files costs no
+/// more memory than the answer.
+void trim(std::vector<FileCandidate>& candidates, std::size_t limit) {
+    const auto outranks = [](const FileCandidate& a, const FileCandidate& b) {
         return a.allocated != b.allocated ? a.allocated > b.allocated : a.ordinal < b.ordinal;
     };
-    const auto end = finds.begin() + static_cast<std::ptrdiff_t>(limit);
-    std::nth_element(finds.begin(), end, finds.end(), outranks);
-    finds.erase(end, finds.end());
+    const auto end = candidates.begin() + static_cast<std::ptrdiff_t>(limit);
+    std::nth_element(candidates.begin(), end, candidates.end(), outranks);
+    candidates.erase(end, candidates.end());
 }
 
 }  // namespace
@@ -28,16 +28,18 @@ bool Ranking::enters(std::string_view name) const {
                                 [&](std::string_view ending) { return name.ends_with(ending); });
 }
 
-void Ranking::take(const FolderEntry& entry, std::uint64_t ordinal, Haul& haul) const {
+void Ranking::take(const FolderEntry& entry, std::uint64_t ordinal, FolderTotals& totals) const {
     if (entry.kind != FolderEntry::Kind::file || entry.allocated < floor_.load(std::memory_order_relaxed))
         return;
-    haul.finds.push_back({.ordinal = ordinal, .allocated = entry.allocated, .name = std::string(entry.name)});
-    if (haul.finds.size() / 2 > limit_) trim(haul.finds, limit_);
+    totals.candidates.push_back(
+        {.ordinal = ordinal, .allocated = entry.allocated, .name = std::string(entry.name)});
+    if (totals.candidates.size() / 2 > limit_) trim(totals.candidates, limit_);
 }
 
-void Ranking::gather(const std::shared_ptr<WalkFolder>& folder, Haul haul, std::size_t /*toCome*/) {
-    for (Find& find : haul.finds) {
-        heap_.push_back({find.allocated, {folder, find.ordinal}, std::move(find.name)});
+void Ranking::addFolder(const std::shared_ptr<WalkFolder>& folder, FolderTotals totals,
+                        std::size_t /*pendingChildren*/) {
+    for (FileCandidate& candidate : totals.candidates) {
+        heap_.push_back({candidate.allocated, {folder, candidate.ordinal}, std::move(candidate.name)});
         std::ranges::push_heap(heap_, outranks);
         if (heap_.size() <= limit_) continue;
         std::ranges::pop_heap(heap_, outranks);

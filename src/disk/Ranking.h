@@ -10,14 +10,15 @@
 namespace tavrel {
 
 /// Finds the largest files of a tree and keeps no more of them than are asked for.
-class Ranking final : public Survey {
+class Ranking final : public TreeVisitor {
   public:
     /// Files of at least `minimum` allocated bytes, at most `limit` of them, which is at least 1.
     Ranking(std::int64_t minimum, std::size_t limit) : floor_(minimum), limit_(limit) {}
 
     [[nodiscard]] bool enters(std::string_view name) const override;
-    void take(const FolderEntry& entry, std::uint64_t ordinal, Haul& haul) const override;
-    void gather(const std::shared_ptr<WalkFolder>& folder, Haul haul, std::size_t toCome) override;
+    void take(const FolderEntry& entry, std::uint64_t ordinal, FolderTotals& totals) const override;
+    void addFolder(const std::shared_ptr<WalkFolder>& folder, FolderTotals totals,
+                   std::size_t pendingChildren) override;
 
     /// Largest first, equal ones in the order of the walk.
     [[nodiscard]] std::vector<DiskIndex::LargeFile> result() &&;

@@ -73,8 +73,8 @@ void SizeCache::store(std::string_view path, SizeFindings findings) {
     figure.known = true;
 }
 
-SizeCache::Forgotten SizeCache::forget(std::span<const std::string_view> paths) {
-    Forgotten forgotten;
+SizeCache::Evicted SizeCache::forget(std::span<const std::string_view> paths) {
+    Evicted forgotten;
     std::unordered_set<std::string_view> above;
     auto near = families_.begin();
     for (auto path = paths.begin(); path != paths.end();) {
@@ -89,15 +89,14 @@ SizeCache::Forgotten SizeCache::forget(std::span<const std::string_view> paths) 
             forgetBelow(*path, near, forgotten);
         }
         for (std::string_view each = folder; above.insert(each).second; each = SizeKey::of(each).folder)
-            unlearn(each);
+            markUnknown(each);
     }
     return forgotten;
 }
 
 /// All families below a path. `near` is where the last search ended: where the paths come in their order and
 /// nothing is known below them, there is nothing to search.
-void SizeCache::forgetBelow(std::string_view path, SizeFamily::ByFolder::iterator& near,
-                            Forgotten& forgotten) {
+void SizeCache::forgetBelow(std::string_view path, SizeFamily::ByFolder::iterator& near, Evicted& forgotten) {
     const auto begins = [](SizeFamily::ByFolder::iterator at, std::string_view with) {
         return at->first.starts_with(with);
     };
@@ -116,7 +115,7 @@ void SizeCache::forgetBelow(std::string_view path, SizeFamily::ByFolder::iterato
 }
 
 /// A folder above stays known as the sub-folder that it is; its figure does not.
-void SizeCache::unlearn(std::string_view path) {
+void SizeCache::markUnknown(std::string_view path) {
     const SizeKey key = SizeKey::of(path);
     const auto beside = families_.find(key.folder);
     if (beside == families_.end()) return;

@@ -47,19 +47,19 @@ class SizeCache {
     void storeBelow(SizeFamily::ByFolder families);
 
     /// What was forgotten: letting go of it may take long.
-    struct Forgotten {
+    struct Evicted {
         std::vector<SizeFamily::Figures::node_type> figures;
         std::vector<SizeFamily::ByFolder::node_type> families;
     };
     /// Forgets the paths, everything below them and every folder above them; what stands beside them stays.
     /// Fastest for paths in their order.
-    [[nodiscard]] Forgotten forget(std::span<const std::string_view> paths);
+    [[nodiscard]] Evicted forget(std::span<const std::string_view> paths);
 
   private:
     [[nodiscard]] const SizeFamily* family(std::string_view folder) const;
     [[nodiscard]] SizeFamily& makeFamily(std::string_view folder);
-    void forgetBelow(std::string_view path, SizeFamily::ByFolder::iterator& near, Forgotten& forgotten);
-    void unlearn(std::string_view path);
+    void forgetBelow(std::string_view path, SizeFamily::ByFolder::iterator& near, Evicted& forgotten);
+    void markUnknown(std::string_view path);
 
     SizeFamily::ByFolder families_;
 };

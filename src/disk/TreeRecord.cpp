@@ -70,7 +70,7 @@ bool readAll(const Json& document, const char* key, std::map<std::string, Value>
     for (const auto& [path, value] : found->items()) {
         const auto one = read(value);
         if (!one) return false;
-        map.emplace(Text::fromExact(path), *one);
+        map.emplace(Text::decodePath(path), *one);
     }
     return true;
 }
@@ -171,14 +171,14 @@ TreeRecord TreeRecord::take(const std::filesystem::path& root, Instant now) {
 
 std::string TreeRecord::encoded() const {
     Json folderList = Json::object();
-    for (const auto& [path, info] : folders) folderList[Text::exact(path)] = {info.size, info.files};
+    for (const auto& [path, info] : folders) folderList[Text::encodePath(path)] = {info.size, info.files};
     Json fileList = Json::object();
-    for (const auto& [path, size] : files) fileList[Text::exact(path)] = size;
+    for (const auto& [path, size] : files) fileList[Text::encodePath(path)] = size;
     const auto seconds = std::chrono::floor<std::chrono::seconds>(taken).time_since_epoch().count();
     const Json document = {
         {"format", format},
         {"version", version},
-        {"root", Text::exact(root.native())},
+        {"root", Text::encodePath(root.native())},
         {"taken", seconds},
         {"total", {total.size, total.files}},
         {"folders", std::move(folderList)},
@@ -199,7 +199,7 @@ std::optional<TreeRecord> TreeRecord::decoded(std::string_view text) {
     if (root == document.end() || !root->is_string() || !taken || *taken > lastSecond.count() || !total)
         return std::nullopt;
 
-    TreeRecord record = {.root = Text::fromExact(root->get<std::string>()), .total = *total};
+    TreeRecord record = {.root = Text::decodePath(root->get<std::string>()), .total = *total};
     record.taken = Instant(std::chrono::seconds(*taken));
     if (!readAll(document, "folders", record.folders, info)) return std::nullopt;
     if (!readAll(document, "files", record.files, count)) return std::nullopt;

@@ -16,7 +16,7 @@ namespace tavrel {
 namespace {
 
 constexpr unsigned entriesPerStopCheck = 4096;
-constexpr unsigned mostThreads = 8;  // beyond that the file system's own locks are what is waited for
+constexpr unsigned maxThreads = 8;  // beyond that the file system's own locks are what is waited for
 constexpr std::size_t foldersPerHelper = 32;  // waiting folders that are worth another thread
 
 using Handle = FolderHandles::Shared;
@@ -42,7 +42,7 @@ struct Task {
 struct Reading {
     std::shared_ptr<WalkFolder> folder;
     Handle handle;
-    Haul haul;
+    FolderTotals totals;
     std::vector<SubFolder> subFolders;
     bool stopped = false;
 };
@@ -89,7 +89,7 @@ class StopWatch {
 /// taking one and handing in what was read costs one locked step.
 class Team {
   public:
-    Team(Survey& survey, const WalkOptions& options);
+    Team(TreeVisitor& visitor, const WalkOptions& options);
     void walk(const std::filesystem::path& root);
 
   private:
@@ -102,12 +102,12 @@ class Team {
     void readEntries(Reading& reading, StopWatch& watch) const;
     Handle reopen(const std::shared_ptr<WalkFolder>& folder);
 
-    Survey& survey_;
+    TreeVisitor& visitor_;
     const WalkOptions& options_;
     std::shared_ptr<WalkFolder> root_;
     Handle rootHandle_;
 
-    std::mutex mutex_;  // guards what follows, and the survey's collecting half
+    std::mutex mutex_;  // guards what follows, and the visitor's collecting half
     std::condition_variable changed_;
     std::vector<Branch> stack_;
     FolderHandles handles_;
@@ -119,11 +119,11 @@ class Team {
 };
 
 unsigned teamSize(unsigned asked) {
-    return asked != 0 ? asked : std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads);
+    return asked != 0 ? asked : std::clamp(std::thread::hardware_concurrency(), 1U, maxThreads);
 }
 
-Team::Team(Survey& survey, const WalkOptions& options)
-    : survey_(survey), options_(options), mostHelpers_(teamSize(options.threads) - 1) {}
+Team::Team(TreeVisitor& visitor, const WalkOptions& options)
+    : visitor_(visitor), options_(options), mostHelpers_(teamSize(options.threads) - 1) {}
 
 void Team::walk(const std::filesystem::path& root) {
     root_ = std::make_shared<WalkFolder>();
@@ -173,10 +173,10 @@ void Team::handIn(const std::shared_ptr<WalkFolder>& parent, Reading reading) {
     --busy_;
     stopped_ = stopped_ || reading.stopped;
     if (reading.folder) {
-        const std::size_t toCome = reading.subFolders.size() + (reading.stopped ? 1 : 0);
-        survey_.gather(reading.folder, std::move(reading.haul), toCome);
+        const std::size_t pendingChildren = reading.subFolders.size() + (reading.stopped ? 1 : 0);
+        visitor_.addFolder(reading.folder, std::move(reading.totals), pendingChildren);
     } else {
-        survey_.passOver(*parent);
+        visitor_.folderSkipped(*parent);
     }
     if (!reading.subFolders.empty()) {
         waiting_ += reading.subFolders.size();
@@ -220,9 +220,9 @@ void Team::readEntries(Reading& reading, StopWatch& watch) const {
     std::uint64_t ordinal = 0;
     systemFolderReader().read(reading.handle->get(), [&](const FolderEntry& entry) {
         if (entry.kind == FolderEntry::Kind::folder) {
-            if (survey_.enters(entry.name)) reading.subFolders.push_back({std::string(entry.name), ordinal});
+            if (visitor_.enters(entry.name)) reading.subFolders.push_back({std::string(entry.name), ordinal});
         } else if (entry.measured) {
-            survey_.take(entry, ordinal, reading.haul);
+            visitor_.take(entry, ordinal, reading.totals);
         }
         ++ordinal;
         reading.stopped = watch.stopsAtNextEntry();
@@ -254,14 +254,14 @@ Handle Team::reopen(const std::shared_ptr<WalkFolder>& folder) {
 
 }  // namespace
 
-bool Survey::enters(std::string_view /*name*/) const {
+bool TreeVisitor::enters(std::string_view /*name*/) const {
     return true;
 }
 
-void Survey::passOver(const WalkFolder& /*parent*/) {}
+void TreeVisitor::folderSkipped(const WalkFolder& /*parent*/) {}
 
-void walkTree(const std::filesystem::path& root, Survey& survey, const WalkOptions& options) {
-    Team(survey, options).walk(root);
+void walkTree(const std::filesystem::path& root, TreeVisitor& visitor, const WalkOptions& options) {
+    Team(visitor, options).walk(root);
 }
 
 }  // namespace tavrel

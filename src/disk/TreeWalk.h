@@ -15,8 +15,8 @@
 
 namespace tavrel {
 
-/// A file that a survey wants to judge with regard to others.
-struct Find {
+/// A file that a visitor wants to judge with regard to others.
+struct FileCandidate {
     std::uint64_t ordinal = 0;  // among the entries of its folder
     std::int64_t allocated = 0;
     std::uint64_t key = 0;  // of what it is, where names may stand for one thing
@@ -24,29 +24,30 @@ struct Find {
 };
 
 /// Totals of the direct entries of one folder, sub-folders excluded. `bytes` is allocated size.
-struct Haul {
+struct FolderTotals {
     std::int64_t bytes = 0;
     std::int64_t files = 0;
     Instant newest = distantPast;  // date of what is no folder
-    std::vector<Find> finds;
+    std::vector<FileCandidate> candidates;
 };
 
 /// What a walk is for. The first two are called by any thread of the team, the others by one at a time.
-class Survey {
+class TreeVisitor {
   public:
-    virtual ~Survey() = default;
+    virtual ~TreeVisitor() = default;
 
     /// Whether to open a sub-folder of this name.
     [[nodiscard]] virtual bool enters(std::string_view name) const;
     /// An entry that was measured and is no folder.
-    virtual void take(const FolderEntry& entry, std::uint64_t ordinal, Haul& haul) const = 0;
+    virtual void take(const FolderEntry& entry, std::uint64_t ordinal, FolderTotals& totals) const = 0;
 
     /// A folder was opened and its entries were taken; on another device than the root it is not read.
-    /// `toCome` counts what is missing before everything below it is known: its sub-folders, and one more
-    /// when the walk was stopped before the folder's end.
-    virtual void gather(const std::shared_ptr<WalkFolder>& folder, Haul haul, std::size_t toCome) = 0;
+    /// `pendingChildren` counts what is missing before everything below it is known: its sub-folders, and one
+    /// more when the walk was stopped before the folder's end.
+    virtual void addFolder(const std::shared_ptr<WalkFolder>& folder, FolderTotals totals,
+                           std::size_t pendingChildren) = 0;
     /// One of the sub-folders to come of `parent` cannot be opened or is its own ancestor.
-    virtual void passOver(const WalkFolder& parent);
+    virtual void folderSkipped(const WalkFolder& parent);
 };
 
 struct WalkOptions {
@@ -58,6 +59,6 @@ struct WalkOptions {
 /// Walks the folder `root` without following a link or entering another device, and returns when all of it
 /// was surveyed or the stop was seen. Folders are taken by a team of threads in no certain order; what
 /// depends on the order compares positions. A root that cannot be opened as a folder is an empty tree.
-void walkTree(const std::filesystem::path& root, Survey& survey, const WalkOptions& options = {});
+void walkTree(const std::filesystem::path& root, TreeVisitor& visitor, const WalkOptions& options = {});
 
 }  // namespace tavrel

@@ -19,7 +19,7 @@ struct WalkFolder {
     dev_t device = 0;
     ino_t inode = 0;
     std::int64_t allocated = 0;  // bytes of the folder itself
-    std::size_t account = 0;     // the survey's own number for it
+    std::size_t account = 0;     // the visitor's own number for it
 
     ~WalkFolder();
 

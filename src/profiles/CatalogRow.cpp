@@ -43,7 +43,7 @@ CleanRule ruleOf(const CatalogRow& row) {
         .permanent = row.extra.permanent,
         .reviewWithinDays = row.extra.reviewWithinDays,
         .magic = std::string(row.extra.magic),
-        .leastSize = row.extra.leastSize,
+        .minItemSize = row.extra.minItemSize,
         .toTrash = row.extra.toTrash,
         .owners = words(row.extra.owners),
         .profiles = words(row.extra.profiles),

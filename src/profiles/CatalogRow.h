@@ -25,7 +25,7 @@ struct CatalogRow {
         std::string_view profiles = {};  // the same
         std::string_view keeps = {};     // the same
         std::string_view magic = {};
-        std::int64_t leastSize = 65536;
+        std::int64_t minItemSize = 65536;
         bool toTrash = false;
         bool onlyOfInstalled = false;
     };

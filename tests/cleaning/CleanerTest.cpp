@@ -1,6 +1,6 @@
 #include "cleaning/Cleaner.h"
 #include "cleaning/History.h"
-#include "cleaning/Stage.h"
+#include "cleaning/RemovalSandbox.h"
 #include "platform/linux/files/LinuxFolderAccess.h"
 #include "support/FakeAdministrator.h"
 
@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::Layout;
-using testing::Stage;
+using testing::RemovalSandbox;
 
 class CleanerTest : public ::testing::Test {
   protected:
@@ -59,7 +59,7 @@ class CleanerTest : public ::testing::Test {
         return all;
     }
 
-    Stage stage;
+    RemovalSandbox stage;
     const FolderAccess* access = &systemFolderAccess();
     SafetyGuard safety = stage.guard();
     std::unique_ptr<Trash> trash = makeTrash(Layout::freedesktop, systemFolderAccess(), stage.home());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cleaning/Stage.h"
+#include "cleaning/RemovalSandbox.h"
 #include "models/clean/BackgroundCleaner.h"
 #include "platform/FolderAccess.h"
 #include "support/EventLoop.h"
@@ -50,7 +50,7 @@ class CleaningHome {
         return waitUntil([&] { return *report != nullptr; }) ? *report : nullptr;
     }
 
-    Stage stage;
+    RemovalSandbox stage;
     std::shared_ptr<Trash> trash;
     FakeAdministrator administrator;
     std::unique_ptr<BackgroundCleaner> cleaner;

@@ -1,5 +1,5 @@
 #include "cleaning/Removal.h"
-#include "cleaning/Stage.h"
+#include "cleaning/RemovalSandbox.h"
 #include "support/Isolation.h"
 
 #include <fcntl.h>
@@ -20,11 +20,11 @@ namespace fs = std::filesystem;
 using testing::bindMount;
 using testing::Layout;
 using testing::Ran;
-using testing::Stage;
+using testing::RemovalSandbox;
 
 constexpr const char* itemName = ".cache/app/item";
 
-using Act = std::function<void(const Stage&)>;
+using Act = std::function<void(const RemovalSandbox&)>;
 
 struct Hostile {
     std::string name;
@@ -34,26 +34,27 @@ struct Hostile {
     bool mounts = false;
 };
 
-const Act nothing = [](const Stage&) {};
+const Act nothing = [](const RemovalSandbox&) {};
 
-void makeFolderItem(const Stage& stage) {
+void makeFolderItem(const RemovalSandbox& stage) {
     stage.sandbox.text(fs::path("home") / itemName / "sub/file", "junk");
 }
 
-void makeFileItem(const Stage& stage) {
+void makeFileItem(const RemovalSandbox& stage) {
     stage.sandbox.text(fs::path("home") / itemName, "junk");
 }
 
 /// Renames `relative` of the home out of the way and puts something else in its place.
-Act replaced(const std::string& relative, const std::function<void(const Stage&, const fs::path&)>& put) {
-    return [=](const Stage& stage) {
+Act replaced(const std::string& relative,
+             const std::function<void(const RemovalSandbox&, const fs::path&)>& put) {
+    return [=](const RemovalSandbox& stage) {
         const auto at = relative.empty() ? stage.home() : stage.home() / relative;
         fs::rename(at, stage.sandbox.path("moved-away"));
         put(stage, at);
     };
 }
 
-void linkToMovedAway(const Stage& stage, const fs::path& at) {
+void linkToMovedAway(const RemovalSandbox& stage, const fs::path& at) {
     fs::create_symlink(stage.sandbox.path("moved-away"), at);
 }
 
@@ -69,24 +70,26 @@ const std::vector<Hostile>& hostileTrees() {
         {"folderSwappedForALink", makeFolderItem, replaced(itemName, linkToMovedAway), changed},
         {"fileSwappedForALink", makeFileItem, replaced(itemName, linkToMovedAway), changed},
         {"folderSwappedForAnother", makeFolderItem,
-         replaced(itemName, [](const Stage& stage,
+         replaced(itemName, [](const RemovalSandbox& stage,
                                const fs::path& at) { stage.sandbox.text(at / "precious", "keep"); }),
          changed},
         {"fileSwappedForAnother", makeFileItem,
-         replaced(itemName,
-                  [](const Stage& stage, const fs::path& at) { stage.sandbox.text(at, "precious"); }),
+         replaced(itemName, [](const RemovalSandbox& stage,
+                               const fs::path& at) { stage.sandbox.text(at, "precious"); }),
          changed},
         {"fileSwappedForAFolder", makeFileItem,
-         replaced(itemName, [](const Stage& stage,
+         replaced(itemName, [](const RemovalSandbox& stage,
                                const fs::path& at) { stage.sandbox.text(at / "precious", "keep"); }),
          changed},
-        {"gone", makeFolderItem, replaced(itemName, [](const Stage&, const fs::path&) {}),
+        {"gone", makeFolderItem, replaced(itemName, [](const RemovalSandbox&, const fs::path&) {}),
          "No such file or directory"},
         {"itemIsALink",
-         [](const Stage& stage) { stage.sandbox.link(fs::path("home") / itemName, stage.outside()); },
+         [](const RemovalSandbox& stage) {
+             stage.sandbox.link(fs::path("home") / itemName, stage.outside());
+         },
          nothing, ""},
         {"linksInside",
-         [](const Stage& stage) {
+         [](const RemovalSandbox& stage) {
              const auto item = fs::path("home") / itemName;
              stage.sandbox.link(item / "toFolder", stage.outside());
              stage.sandbox.link(item / "sub/toFile", stage.outside() / "canary");
@@ -95,13 +98,13 @@ const std::vector<Hostile>& hostileTrees() {
          },
          nothing, ""},
         {"hardLinksToOutside",
-         [](const Stage& stage) {
+         [](const RemovalSandbox& stage) {
              makeFolderItem(stage);
              fs::create_hard_link(stage.outside() / "canary", stage.home() / itemName / "hard");
          },
          nothing, ""},
         {"strangeNames",
-         [](const Stage& stage) {
+         [](const RemovalSandbox& stage) {
              const auto item = fs::path("home") / itemName;
              for (const char* name : {"new\nline", "\xff\xfe", "-rf", "--", "...", " ", "*", "~", "\\"}) {
                  stage.sandbox.text(item / "files" / name, "junk");
@@ -110,27 +113,28 @@ const std::vector<Hostile>& hostileTrees() {
          },
          nothing, ""},
         {"folderBoundInside",
-         [](const Stage& stage) {
+         [](const RemovalSandbox& stage) {
              fs::create_directories(stage.home() / itemName / "a/b");
              bindMount(stage.outside(), stage.home() / itemName / "a/b");
          },
          nothing, mounted, true},
         {"fileBoundInside",
-         [](const Stage& stage) {
+         [](const RemovalSandbox& stage) {
              makeFolderItem(stage);
              bindMount(stage.outside() / "canary", stage.home() / itemName / "sub/file");
          },
          nothing, mounted, true},
         {"folderBoundOverTheItem", makeFolderItem,
-         [](const Stage& stage) { bindMount(stage.outside(), stage.home() / itemName); }, elsewhere, true},
+         [](const RemovalSandbox& stage) { bindMount(stage.outside(), stage.home() / itemName); }, elsewhere,
+         true},
         {"fileBoundOverTheItem", makeFileItem,
-         [](const Stage& stage) { bindMount(stage.outside() / "canary", stage.home() / itemName); },
+         [](const RemovalSandbox& stage) { bindMount(stage.outside() / "canary", stage.home() / itemName); },
          elsewhere, true},
         {"theItemBoundOverItself", makeFolderItem,
-         [](const Stage& stage) { bindMount(stage.home() / itemName, stage.home() / itemName); }, elsewhere,
-         true},
+         [](const RemovalSandbox& stage) { bindMount(stage.home() / itemName, stage.home() / itemName); },
+         elsewhere, true},
         {"folderBoundInTheMiddle", makeFolderItem,
-         [](const Stage& stage) {
+         [](const RemovalSandbox& stage) {
              stage.sandbox.text("outside/app/item/sub/file", "not yours");
              bindMount(stage.outside(), stage.home() / ".cache");
          },
@@ -141,11 +145,12 @@ const std::vector<Hostile>& hostileTrees() {
 
 struct Way {
     const char* name;
-    std::function<Removal::Outcome(const FolderAccess&, const Stage&, const Removal::Target&)> remove;
+    std::function<Removal::Outcome(const FolderAccess&, const RemovalSandbox&, const Removal::Target&)>
+        remove;
     bool keeps;  // whether the thing lives on in a Trash
 };
 
-Removal::Outcome intoTrash(Layout layout, const FolderAccess& access, const Stage& stage,
+Removal::Outcome intoTrash(Layout layout, const FolderAccess& access, const RemovalSandbox& stage,
                            const Removal::Target& target) {
     return makeTrash(layout, access, stage.home())->trash(target).map([](const auto& /*trashed*/) {});
 }
@@ -177,7 +182,7 @@ bool livesBelow(const fs::path& folder, const FileIdentity& identity) {
     return false;
 }
 
-void perform(const Hostile& tree, const Way& way, const FolderAccess& access, const Stage& stage) {
+void perform(const Hostile& tree, const Way& way, const FolderAccess& access, const RemovalSandbox& stage) {
     tree.build(stage);
     const auto target = stage.target(access, stage.home() / itemName);
     tree.swap(stage);
@@ -209,7 +214,7 @@ TEST_P(HostileTreeTest, whatLiesOutsideSurvives) {
         if (GetParam().mounts && !named.numbersMounts) continue;
         for (const auto& way : ways()) {
             SCOPED_TRACE(std::string(named.name) + ", " + way.name);
-            const Stage stage;  // goes when the mounts of the child have gone
+            const RemovalSandbox stage;  // goes when the mounts of the child have gone
             const auto run = [&] { perform(GetParam(), way, named.access, stage); };
             if (!GetParam().mounts) {
                 run();
@@ -223,7 +228,7 @@ TEST_P(HostileTreeTest, whatLiesOutsideSurvives) {
 TEST(HostileMemoryTest, anotherFileSystemInsideIsNeverEntered) {
     for (const auto& named : testing::accesses()) {
         SCOPED_TRACE(named.name);
-        const Stage stage;
+        const RemovalSandbox stage;
         const auto ran = testing::withPrivateMounts([&] {
             makeFolderItem(stage);
             const auto inside = stage.home() / itemName / "sub/disk";

@@ -1,5 +1,5 @@
 #include "cleaning/Removal.h"
-#include "cleaning/Stage.h"
+#include "cleaning/RemovalSandbox.h"
 #include "support/Isolation.h"
 
 #include <fcntl.h>
@@ -23,7 +23,7 @@ using testing::Interrupted;
 using testing::once;
 using testing::Ran;
 using testing::reason;
-using testing::Stage;
+using testing::RemovalSandbox;
 
 /// Folders "d" in each other below `top`, as many as `depth`, with a file in the deepest.
 void makeChain(const fs::path& top, int depth) {
@@ -48,7 +48,7 @@ void makeSocket(const fs::path& at) {
 TEST(RemovalTest, everyKindOfThingGoesAndItsNeighboursStay) {
     for (const auto& [name, access, numbersMounts] : testing::accesses()) {
         SCOPED_TRACE(name);
-        const Stage stage;
+        const RemovalSandbox stage;
         stage.sandbox.text("home/c/item/a/b/file", "junk");
         stage.sandbox.folder("home/c/item/empty");
         stage.sandbox.text("home/c/file", "junk");
@@ -73,7 +73,7 @@ TEST(RemovalTest, aChainDeeperThanAnyPathGoesWithFewOpenFiles) {
         // Long chains take a while to make; one way of reaching things has to show the whole length.
         const int depth = &access == &systemFolderAccess() ? 2'000 : 700;
         testing::inChild([&access = access, depth] {
-            const Stage stage;
+            const RemovalSandbox stage;
             makeChain(stage.home() / "item", depth);
             const auto target = stage.target(access, stage.home() / "item");
             rlimit few{};
@@ -87,7 +87,7 @@ TEST(RemovalTest, aChainDeeperThanAnyPathGoesWithFewOpenFiles) {
 }
 
 TEST(RemovalTest, aThingBelowTheLongestPathCanBeTheTarget) {
-    const Stage stage;
+    const RemovalSandbox stage;
     makeChain(stage.home() / "top", 700);
     const auto& access = systemFolderAccess();
     std::string path = stage.home() / "top";
@@ -100,7 +100,7 @@ TEST(RemovalTest, aThingBelowTheLongestPathCanBeTheTarget) {
 }
 
 TEST(RemovalTest, aFolderMovedOutDuringTheWalkIsNotClimbedOutOf) {
-    const Stage stage;
+    const RemovalSandbox stage;
     makeChain(stage.home() / "item", 40);
     // Two levels below the item: a walk that did climb on would empty the outside of the stage and then be at
     // its end, still far from the folders above the sandbox.
@@ -116,7 +116,7 @@ TEST(RemovalTest, aFolderMovedOutDuringTheWalkIsNotClimbedOutOf) {
 }
 
 TEST(RemovalTest, aFolderSwappedInAtTheLastMomentIsLeftAlone) {
-    const Stage stage;
+    const RemovalSandbox stage;
     stage.sandbox.text("home/item/file", "junk");
     Interrupted access;
     access.beforeOpening = [&](const std::string& name) {
@@ -131,7 +131,7 @@ TEST(RemovalTest, aFolderSwappedInAtTheLastMomentIsLeftAlone) {
 }
 
 TEST(RemovalTest, aFileSwappedInAtTheLastMomentIsPutBack) {
-    const Stage stage;
+    const RemovalSandbox stage;
     const auto item = stage.sandbox.text("home/item", "junk");
     Interrupted access;
     access.beforeMoving = once([&] { fs::rename(stage.outside() / "canary", item); });
@@ -140,7 +140,7 @@ TEST(RemovalTest, aFileSwappedInAtTheLastMomentIsPutBack) {
 }
 
 TEST(RemovalTest, aFileThatCannotBePutBackIsNamed) {
-    const Stage stage;
+    const RemovalSandbox stage;
     const auto item = stage.sandbox.text("home/item", "junk");
     Interrupted access;
     int moves = 0;
@@ -158,7 +158,7 @@ TEST(RemovalTest, aFileThatCannotBePutBackIsNamed) {
 }
 
 TEST(RemovalTest, aFolderSwappedForALinkDuringTheWalkIsTakenAsALink) {
-    const Stage stage;
+    const RemovalSandbox stage;
     stage.sandbox.text("home/item/sub/file", "junk");
     Interrupted access;
     access.beforeOpening = [&](const std::string& name) {
@@ -174,7 +174,7 @@ TEST(RemovalTest, aFolderSwappedForALinkDuringTheWalkIsTakenAsALink) {
 }
 
 TEST(RemovalTest, aFolderThatKeepsFillingIsGivenUp) {
-    const Stage stage;
+    const RemovalSandbox stage;
     stage.sandbox.folder("home/item/0");
     Interrupted access;
     int made = 0;
@@ -186,7 +186,7 @@ TEST(RemovalTest, aFolderThatKeepsFillingIsGivenUp) {
 }
 
 TEST(RemovalTest, theReasonNamesWhatStoppedIt) {
-    const Stage stage;
+    const RemovalSandbox stage;
     const auto file = stage.sandbox.text("home/item/sub/im\nmovable", "junk");
     const FileHandle handle(::open(file.c_str(), O_RDONLY));
     int flags = FS_IMMUTABLE_FL;
@@ -205,7 +205,7 @@ TEST(RemovalTest, foldersThatTheirOwnerMayNotChangeGoAllTheSame) {
     const auto ran = testing::asOrdinaryUser([] {
         for (const auto& [name, access, numbersMounts] : testing::accesses()) {
             SCOPED_TRACE(name);
-            const Stage stage;
+            const RemovalSandbox stage;
             stage.sandbox.text("home/item/module/sub/file", "junk");
             stage.sandbox.text("home/item/unlisted/file", "junk");
             stage.sandbox.text("home/item/barred/file", "junk");
@@ -225,7 +225,7 @@ TEST(RemovalTest, foldersThatTheirOwnerMayNotChangeGoAllTheSame) {
 
 TEST(RemovalTest, anotherUsersFilesAreRefusedInWords) {
     if (::getuid() != 0) GTEST_SKIP() << "only root can make another user's files";
-    const Stage stage;
+    const RemovalSandbox stage;
     const auto file = stage.sandbox.text("home/item/sub/file", "junk");
     fs::permissions(stage.sandbox.root(), fs::perms::all);
     const auto ran = testing::asOrdinaryUser([&] {
@@ -238,7 +238,7 @@ TEST(RemovalTest, anotherUsersFilesAreRefusedInWords) {
 }
 
 TEST(RemovalTest, aRootItselfIsNoTarget) {
-    const Stage stage;
+    const RemovalSandbox stage;
     const auto seen = Removal::identify(systemFolderAccess(), stage.home());
     const auto target = Removal::target(stage.home(), SafetyGuard::Verdict::allowed(stage.home()), *seen);
     EXPECT_FALSE(Removal::erase(systemFolderAccess(), target));

@@ -1,5 +1,5 @@
+#include "cleaning/RemovalSandbox.h"
 #include "cleaning/Restorer.h"
-#include "cleaning/Stage.h"
 #include "support/Isolation.h"
 
 #include <cstdlib>
@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::Layout;
 using testing::reason;
-using testing::Stage;
+using testing::RemovalSandbox;
 
 constexpr const char* gone = "It is not in the Trash any more";
 
@@ -42,7 +42,7 @@ class Case {
     }
     [[nodiscard]] fs::path note() const { return trash->contents().parent_path() / "info/item.trashinfo"; }
 
-    const Stage stage;
+    const RemovalSandbox stage;
     const std::unique_ptr<Trash> trash;
 
   private:

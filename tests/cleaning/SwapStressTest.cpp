@@ -1,5 +1,5 @@
 #include "cleaning/Removal.h"
-#include "cleaning/Stage.h"
+#include "cleaning/RemovalSandbox.h"
 
 #include <chrono>
 #include <fcntl.h>
@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::Layout;
-using testing::Stage;
+using testing::RemovalSandbox;
 
 /// How the removals under attack ended, and when there were enough of them: after two seconds, if by then
 /// some succeeded and some were refused; a busy machine is given longer.
@@ -62,7 +62,7 @@ void exchange(const fs::path& a, const fs::path& b) {
 }
 
 /// A folder with work for a walk, moved to `item` in one step. Whether it got there.
-bool putItem(const Stage& stage, const fs::path& item, int round) {
+bool putItem(const RemovalSandbox& stage, const fs::path& item, int round) {
     const fs::path fresh = "fresh" + std::to_string(round);
     for (int i = 0; i < 20; ++i) stage.sandbox.text(fresh / "sub/many" / std::to_string(i), "junk");
     ::unlink(item.c_str());  // a link that the adversary left
@@ -70,7 +70,7 @@ bool putItem(const Stage& stage, const fs::path& item, int round) {
 }
 
 /// Puts a link to the outside in the place of `folder`, or the folder back.
-void flip(const Stage& stage, const fs::path& folder, const fs::path& decoy) {
+void flip(const RemovalSandbox& stage, const fs::path& folder, const fs::path& decoy) {
     static int away = 0;
     if (!fs::is_symlink(decoy) && !fs::is_symlink(folder)) {
         ::rename(decoy.c_str(), stage.sandbox.path("away" + std::to_string(++away)).c_str());
@@ -80,7 +80,7 @@ void flip(const Stage& stage, const fs::path& folder, const fs::path& decoy) {
 }
 
 TEST(SwapStressTest, foldersSwappedForLinksDuringRemovalsNeverLeadOutside) {
-    const Stage stage;
+    const RemovalSandbox stage;
     for (int i = 0; i < 200; ++i) stage.sandbox.text("outside/lots/" + std::to_string(i), "alive");
     const auto outside = testing::snapshot(stage.outside());
     const auto& access = systemFolderAccess();
@@ -112,7 +112,7 @@ TEST(SwapStressTest, foldersSwappedForLinksDuringRemovalsNeverLeadOutside) {
 TEST(SwapStressTest, aFileSwappedInIsNeverLost) {
     for (const auto& [name, access, numbersMounts] : testing::accesses()) {
         SCOPED_TRACE(name);
-        const Stage stage;
+        const RemovalSandbox stage;
         const auto item = stage.home() / "item";
         const auto precious = stage.sandbox.text("home/precious", "precious");
         const auto identity = *Removal::identify(access, precious);

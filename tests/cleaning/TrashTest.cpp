@@ -1,5 +1,5 @@
 #include "cleaning/FreedesktopTrash.h"
-#include "cleaning/Stage.h"
+#include "cleaning/RemovalSandbox.h"
 #include "cleaning/Trash.h"
 #include "cleaning/TrashNames.h"
 #include "support/Isolation.h"
@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 using testing::Layout;
 using testing::Ran;
 using testing::reason;
-using testing::Stage;
+using testing::RemovalSandbox;
 
 const FolderAccess& access() {
     return systemFolderAccess();
@@ -61,7 +61,7 @@ class TrashTest : public ::testing::TestWithParam<Layout> {
         return makeTrash(GetParam(), access(), stage.home())->contents();
     }
 
-    Stage stage;
+    RemovalSandbox stage;
 };
 
 INSTANTIATE_TEST_SUITE_P(, TrashTest, ::testing::Values(Layout::flat, Layout::freedesktop),
@@ -136,7 +136,7 @@ TEST_P(TrashTest, anotherThingSwappedInGoesBackWithoutATrace) {
 
 TEST_P(TrashTest, aReadOnlyFolderMovesAndKeepsItsMode) {
     const auto ran = testing::asOrdinaryUser([] {
-        const Stage own;
+        const RemovalSandbox own;
         own.sandbox.text("home/module/file", "junk");
         fs::permissions(own.home() / "module", fs::perms(0555));
         const auto trash = makeTrash(GetParam(), access(), own.home());
@@ -196,7 +196,7 @@ class FreedesktopTrashTest : public ::testing::Test {
     [[nodiscard]] fs::path trashFolder() const { return stage.home() / ".local/share/Trash"; }
     [[nodiscard]] Trash& trash() { return *trash_; }
 
-    Stage stage;
+    RemovalSandbox stage;
 
   private:
     std::unique_ptr<Trash> trash_ = makeTrash(Layout::freedesktop, access(), stage.home());

@@ -1,6 +1,6 @@
 #include "cleaning/Cleaner.h"
 #include "cleaning/ProjectPurger.h"
-#include "cleaning/Stage.h"
+#include "cleaning/RemovalSandbox.h"
 #include "cleaning/VersionControl.h"
 #include "core/Quoting.h"
 #include "support/FakeAdministrator.h"
@@ -13,8 +13,8 @@
 namespace tavrel {
 namespace {
 
+using testing::RemovalSandbox;
 using testing::Sandbox;
-using testing::Stage;
 
 /// Runs a script in a folder, with a git that heeds no settings of this machine.
 void run(const Sandbox::Path& folder, const std::string& script) {
@@ -85,7 +85,7 @@ TEST(VersionControlTest, TellsWhatIsTrackedAndTakesTheRestForTracked) {
 }
 
 TEST(VersionControlTest, APatchToSomethingCommittedIsNeverDeleted) {
-    const Stage stage;
+    const RemovalSandbox stage;
     const auto project = stage.sandbox.folder("home/shop");
     stage.sandbox.file("home/shop/node_modules/left/index.js", 70000);
     run(project,

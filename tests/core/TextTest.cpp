@@ -26,7 +26,7 @@ TEST(Text, RepairsWhatIsNotUtf8) {
         {std::string("a\0b", 3), std::string("a\0b", 3)},  // NUL is a character as any other
     };
     for (const auto& [bytes, text] : cases) {
-        EXPECT_EQ(Text::repaired(bytes), text);
+        EXPECT_EQ(Text::replaceInvalidUtf8(bytes), text);
         EXPECT_EQ(Text::isUtf8(bytes), bytes == text) << text;
     }
 }
@@ -42,7 +42,7 @@ TEST(Text, ShowsNoNameThatSteersTheTerminal) {
         {"a\u2066b\u2069", "a\\xE2\\x81\\xA6b\\xE2\\x81\\xA9"},  // what reorders letters
         {"bad\xFF", "bad\\xFF"},
     };
-    for (const auto& [bytes, text] : cases) EXPECT_EQ(Text::shown(bytes), text);
+    for (const auto& [bytes, text] : cases) EXPECT_EQ(Text::escapedForDisplay(bytes), text);
 }
 
 TEST(Text, ExactFormTurnsBackIntoTheSameBytes) {
@@ -53,11 +53,11 @@ TEST(Text, ExactFormTurnsBackIntoTheSameBytes) {
         {"two\\\\", "two\\\\\\\\"}, {"\\xZZ", "\\xZZ"},     {"\\x4", "\\x4"},
     };
     for (const auto& [bytes, text] : cases) {
-        EXPECT_EQ(Text::exact(bytes), text);
+        EXPECT_EQ(Text::encodePath(bytes), text);
         EXPECT_TRUE(Text::isUtf8(text));
-        EXPECT_EQ(Text::fromExact(text), bytes);
+        EXPECT_EQ(Text::decodePath(text), bytes);
     }
-    EXPECT_EQ(Text::fromExact("\\xfF"), "\xFF");
+    EXPECT_EQ(Text::decodePath("\\xfF"), "\xFF");
 }
 
 TEST(Text, EveryShortByteStringSurvivesItsExactForm) {
@@ -67,7 +67,7 @@ TEST(Text, EveryShortByteStringSurvivesItsExactForm) {
         for (const char letter : alphabet) words.push_back(words[next] + letter);
     }
     for (const std::string& word : words)
-        ASSERT_EQ(Text::fromExact(Text::exact(word)), word) << Text::exact(word);
+        ASSERT_EQ(Text::decodePath(Text::encodePath(word)), word) << Text::encodePath(word);
 }
 
 TEST(Text, CountsColumnsAsATerminalDoes) {

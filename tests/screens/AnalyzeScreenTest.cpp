@@ -1,7 +1,7 @@
 #include "core/Files.h"
 #include "models/analyze/AnalyzeRows.h"
 #include "models/analyze/AnalyzeState.h"
-#include "screens/Stage.h"
+#include "screens/AppDriver.h"
 
 #include <QKeyEvent>
 #include <QTest>
@@ -53,7 +53,7 @@ class AnalyzeScreenTest : public ::testing::Test {
     void tick(const QString& name) { click(place(name, 13)); }
     std::string folder() { return model().currentFolder().filename().native(); }
 
-    testing::Stage stage_;
+    testing::AppDriver stage_;
 };
 
 TEST_F(AnalyzeScreenTest, ShowsAFolderAndLeadsThroughIt) {

@@ -1,6 +1,6 @@
 #include "cleaning/History.h"
 #include "models/clean/CleanState.h"
-#include "screens/Stage.h"
+#include "screens/AppDriver.h"
 
 #include <array>
 #include <filesystem>
@@ -28,14 +28,14 @@ constexpr std::array modes = {
     ModeCase{"Installers", "Leftover installers", "Installers", "Remove", "installers"},
 };
 
-void scanAndReview(Stage& stage, CleanListModel& list) {
+void scanAndReview(AppDriver& stage, CleanListModel& list) {
     stage.press("Scan");
     stage.until("the scan's end", [&] { return list.stage() == CleanListModel::Stage::Ready; });
     EXPECT_FALSE(stage.textWith(" found").isEmpty());
     stage.press("Review results");
 }
 
-void cleanUntilDone(Stage& stage, CleanListModel& list, const QString& verb) {
+void cleanUntilDone(AppDriver& stage, CleanListModel& list, const QString& verb) {
     stage.press(verb + " · " + list.selectedSizeText());
     stage.until("the clean's end", [&] { return list.stage() == CleanListModel::Stage::Done; });
 }
@@ -44,7 +44,7 @@ class EachMode : public ::testing::TestWithParam<std::size_t> {};
 
 TEST_P(EachMode, GoesFromIdleToTheReport) {
     const ModeCase& mode = modes.at(GetParam());
-    Stage stage;
+    AppDriver stage;
     stage.press(mode.tab);
     EXPECT_TRUE(stage.reads(mode.idleTitle));
     CleanListModel& list = *stage.state().clean()->list(static_cast<CleanMode>(GetParam()));
@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(CleanScreen, EachMode, ::testing::Range<std::size_t>(0,
                          [](const auto& mode) { return std::string(modes.at(mode.param).tab); });
 
 TEST(CleanScreen, APreviewSaysThatItIsOne) {
-    Stage stage;
+    AppDriver stage;
     stage.state().preferences()->setDryRun(true);
     CleanListModel& list = *stage.state().clean()->junk();
     scanAndReview(stage, list);
@@ -81,7 +81,7 @@ TEST(CleanScreen, APreviewSaysThatItIsOne) {
 }
 
 TEST(CleanScreen, IsWorkedByKeysAlone) {
-    Stage stage;
+    AppDriver stage;
     CleanListModel& list = *stage.state().clean()->junk();
     stage.type(Qt::Key_Space);  // what stands for the thing to do has the focus
     stage.until("the scan's end", [&] { return list.stage() == CleanListModel::Stage::Ready; });
@@ -100,7 +100,7 @@ TEST(CleanScreen, IsWorkedByKeysAlone) {
 }
 
 TEST(CleanScreen, AnEmptyTrashIsAskedForTwice) {
-    Stage stage;
+    AppDriver stage;
     stage.state().preferences()->setAlwaysTrash(true);
     CleanListModel& list = *stage.state().clean()->junk();
     scanAndReview(stage, list);
@@ -121,7 +121,7 @@ TEST(CleanScreen, AnEmptyTrashIsAskedForTwice) {
 }
 
 TEST(CleanScreen, SaysSoWhenThereIsNothing) {
-    Stage stage;
+    AppDriver stage;
     fs::remove_all(stage.mac().home() / "Downloads");
     fs::remove_all(stage.mac().home() / "Desktop");
     fs::remove_all(stage.mac().home() / "Documents");
@@ -136,7 +136,7 @@ TEST(CleanScreen, SaysSoWhenThereIsNothing) {
 }
 
 TEST(HistorySheet, PutsBackWhatARunMovedToTheTrash) {
-    Stage stage;
+    AppDriver stage;
     stage.press("Installers");
     CleanListModel& list = *stage.state().clean()->installers();
     scanAndReview(stage, list);
@@ -159,7 +159,7 @@ TEST(HistorySheet, PutsBackWhatARunMovedToTheTrash) {
 }
 
 TEST(HistorySheet, ShowsNothingForGarbageAndLeavesIt) {
-    Stage stage;
+    AppDriver stage;
     const fs::path file = stage.mac().profile().places.history();
     fs::create_directories(file.parent_path());
     std::ofstream(file) << "{ not a list";

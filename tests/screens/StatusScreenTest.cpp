@@ -1,6 +1,6 @@
 #include "models/show/MotionPause.h"
 #include "models/status/StatusState.h"
-#include "screens/Stage.h"
+#include "screens/AppDriver.h"
 
 #include <QCoreApplication>
 #include <QQmlComponent>
@@ -16,7 +16,7 @@ namespace {
 constexpr int statusTab = static_cast<int>(AppTab::status);
 
 /// The names of the processes on show, from the top.
-QStringList names(testing::Stage& stage) {
+QStringList names(testing::AppDriver& stage) {
     QStringList all;
     for (QQuickItem* row : stage.items([](QQuickItem& item) { return item.property("pid").isValid(); }))
         all.append(row->property("name").toString());
@@ -54,7 +54,7 @@ class StatusScreenTest : public ::testing::Test {
         stage_.until("processes", [this] { return !names(stage_).isEmpty(); });
     }
 
-    testing::Stage stage_;
+    testing::AppDriver stage_;
 };
 
 TEST_F(StatusScreenTest, ShowsEveryFigureAndWatchesOnlyWhileItIsSeen) {

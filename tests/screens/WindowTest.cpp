@@ -1,6 +1,6 @@
 #include "models/clean/CleanState.h"
 #include "models/program/LoginItem.h"
-#include "screens/Stage.h"
+#include "screens/AppDriver.h"
 
 #include <QAccessible>
 #include <algorithm>
@@ -14,12 +14,12 @@ namespace tavrel::testing {
 namespace {
 
 /// Every screen that can be reached without a scan, and the review of a scan.
-std::vector<std::pair<const char*, std::function<void(Stage&)>>> screens() {
+std::vector<std::pair<const char*, std::function<void(AppDriver&)>>> screens() {
     const auto tab = [](AppTab wanted) {
-        return [wanted](Stage& stage) { stage.state().chooseTab(static_cast<int>(wanted)); };
+        return [wanted](AppDriver& stage) { stage.state().chooseTab(static_cast<int>(wanted)); };
     };
     const auto settings = [](const char* section) {
-        return [section](Stage& stage) {
+        return [section](AppDriver& stage) {
             stage.state().setShowSettings(true);
             stage.settle();
             stage.press(section);
@@ -36,7 +36,7 @@ std::vector<std::pair<const char*, std::function<void(Stage&)>>> screens() {
         {"protected", settings("Protected")},
         {"code folders", settings("Code folders")},
         {"review",
-         [](Stage& stage) {
+         [](AppDriver& stage) {
              stage.state().chooseTab(0);
              CleanListModel& list = *stage.state().clean()->junk();
              list.scan();
@@ -47,7 +47,7 @@ std::vector<std::pair<const char*, std::function<void(Stage&)>>> screens() {
 }
 
 TEST(Window, CutsNoTextAtItsSmallest) {
-    Stage stage;
+    AppDriver stage;
     stage.window().resize(stage.window().minimumSize());
     const QRectF inside(QPointF(0, 0), QSizeF(stage.window().minimumSize()));
     for (const auto& [name, open] : screens()) {
@@ -65,7 +65,7 @@ TEST(Window, CutsNoTextAtItsSmallest) {
 }
 
 TEST(Window, NamesEveryControlForAScreenReader) {
-    Stage stage;
+    AppDriver stage;
     for (const auto& [name, open] : screens()) {
         open(stage);
         stage.settle();
@@ -84,7 +84,7 @@ TEST(Window, NamesEveryControlForAScreenReader) {
 }
 
 TEST(Window, AllSettingsAreWorkedAndSurviveARestart) {
-    Stage stage;
+    AppDriver stage;
     stage.press("Settings");
     for (const char* choice : {"Open at login", "Preview mode", "Always use the Trash", "Sound"}) {
         stage.press(choice);
@@ -112,7 +112,7 @@ TEST(Window, AllSettingsAreWorkedAndSurviveARestart) {
 }
 
 TEST(Window, KeysGoFromTabToTabAndOutOfTheSettings) {
-    Stage stage;
+    AppDriver stage;
     stage.type(Qt::Key_4, Qt::ControlModifier);
     EXPECT_EQ(stage.state().tab(), AppTab::analyze);
     EXPECT_TRUE(stage.reads("You are here"));
@@ -126,7 +126,7 @@ TEST(Window, KeysGoFromTabToTabAndOutOfTheSettings) {
 }
 
 TEST(Window, WorkShowsOnItsTabAndGoesOnBehindAnother) {
-    Stage stage;
+    AppDriver stage;
     stage.press("Scan");
     EXPECT_TRUE(stage.state().isBusy(AppTab::clean) ||
                 stage.state().clean()->junk()->stage() == CleanListModel::Stage::Ready);

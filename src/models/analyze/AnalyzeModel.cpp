@@ -6,6 +6,7 @@
 #include "disk/FileCount.h"
 #include "models/analyze/AnalyzeTexts.h"
 #include "models/support/PathUrl.h"
+#include "models/support/Strings.h"
 
 #include <QPointer>
 #include <algorithm>
@@ -19,10 +20,6 @@ namespace tavrel {
 namespace {
 
 using Entries = AnalyzeModel::Entries;
-
-QString text(const std::string& utf8) {
-    return QString::fromStdString(utf8);
-}
 
 using Items = std::vector<CleanItem>;
 
@@ -124,16 +121,16 @@ void AnalyzeModel::setMode(Mode mode) {
 
 QStringList AnalyzeModel::crumbs() const {
     QStringList titles;
-    for (const Path& each : path()) titles.append(text(AnalyzeTexts::folderTitle(each, path().front())));
+    for (const Path& each : path()) titles.append(toQString(AnalyzeTexts::folderTitle(each, path().front())));
     return titles;
 }
 
 QString AnalyzeModel::title() const {
-    return text(AnalyzeTexts::folderTitle(currentFolder(), path().front()));
+    return toQString(AnalyzeTexts::folderTitle(currentFolder(), path().front()));
 }
 
 QString AnalyzeModel::folder() const {
-    return text(Text::shown(currentFolder().native()));
+    return toQString(Text::escapedForDisplay(currentFolder().native()));
 }
 
 // The load
@@ -183,7 +180,7 @@ void AnalyzeModel::show(AnalyzeContent content) {
     services_.work.discard(std::make_shared<AnalyzeContent>(std::exchange(content_, std::move(content))));
     ++contentNumber_;
     subSlices_.clear();
-    learnSubSlices();
+    updateSubSlices();
     selection_.reset(content_.idCount());
     nextPublish_ = distantPast;
     vet();
@@ -234,13 +231,13 @@ void AnalyzeModel::publish() {
     publishDue_ = false;
     nextPublish_ = services_.clock.now() + publishPause;
     content_.publish();
-    learnSubSlices();
+    updateSubSlices();
     Q_EMIT entriesChanged();
     if (selection_.sumUp(content_)) Q_EMIT selectionChanged();
 }
 
 /// Only what has an arc of its own can show slices, which bounds their number.
-void AnalyzeModel::learnSubSlices() {
+void AnalyzeModel::updateSubSlices() {
     for (const std::size_t position : content_.colored()) {
         const AnalyzeEntry& entry = entries()[position];
         const std::string& path = entry.url.native();
@@ -257,19 +254,19 @@ void AnalyzeModel::setListing(bool on) {
 }
 
 QString AnalyzeModel::totalText() const {
-    return text(byteCount(total()));
+    return toQString(byteCount(total()));
 }
 
 QString AnalyzeModel::countText() const {
-    return text(AnalyzeTexts::items(entries().size()));
+    return toQString(AnalyzeTexts::items(entries().size()));
 }
 
 QString AnalyzeModel::filesText() const {
-    return text(FileCount::text(totalFiles()));
+    return toQString(FileCount::text(totalFiles()));
 }
 
 QString AnalyzeModel::measuringText() const {
-    return pendingCount() == 0 ? QString() : text(AnalyzeTexts::measuring(content_.pendingCount()));
+    return pendingCount() == 0 ? QString() : toQString(AnalyzeTexts::measuring(content_.pendingCount()));
 }
 
 // The focus
@@ -356,11 +353,11 @@ void AnalyzeModel::selectionWasChanged() {
 }
 
 QString AnalyzeModel::selectionText() const {
-    return text(AnalyzeTexts::selection(selection_.count(), selection_.size()));
+    return toQString(AnalyzeTexts::selection(selection_.count(), selection_.size()));
 }
 
 QString AnalyzeModel::questionText() const {
-    return text(AnalyzeTexts::question(selection_.count(), selection_.size()));
+    return toQString(AnalyzeTexts::question(selection_.count(), selection_.size()));
 }
 
 // The removal
@@ -430,7 +427,7 @@ void AnalyzeModel::forgetAll(Leaving leaving) {
 }
 
 void AnalyzeModel::forget(const std::vector<std::string_view>& paths) {
-    services_.work.discard(std::make_shared<SizeCache::Forgotten>(services_.sizes.invalidate(paths)));
+    services_.work.discard(std::make_shared<SizeCache::Evicted>(services_.sizes.invalidate(paths)));
 }
 
 void AnalyzeModel::leave(const Leaving& leaving) {
@@ -474,11 +471,11 @@ void AnalyzeModel::takeOut(const std::vector<Id>& ids) {
 }
 
 QString AnalyzeModel::lastRemovalText() const {
-    return lastRemoval_ ? text(AnalyzeTexts::removal(*lastRemoval_)) : QString();
+    return lastRemoval_ ? toQString(AnalyzeTexts::removal(*lastRemoval_)) : QString();
 }
 
 QString AnalyzeModel::lastRemovalReasons() const {
-    return lastRemoval_ ? text(CleanTexts::reasons(*lastRemoval_)) : QString();
+    return lastRemoval_ ? toQString(CleanTexts::reasons(*lastRemoval_)) : QString();
 }
 
 }  // namespace tavrel

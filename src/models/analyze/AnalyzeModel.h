@@ -185,7 +185,7 @@ class AnalyzeModel final : public QObject {
     void stalled(Id id);
     void publishSoon();
     void publish();
-    void learnSubSlices();
+    void updateSubSlices();
     void vet();
     void vetted(const DiskWork::Reasons& reasons);
     [[nodiscard]] const std::string& refusal(Id id) const;

@@ -4,9 +4,10 @@
 #include "core/Text.h"
 #include "disk/FileCount.h"
 #include "models/support/PathUrl.h"
+#include "models/support/Roles.h"
+#include "models/support/Strings.h"
 
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <utility>
 
@@ -16,12 +17,8 @@ namespace tavrel {
 
 namespace {
 
-QString text(const std::string& utf8) {
-    return QString::fromStdString(utf8);
-}
-
 QString nameOf(const AnalyzeEntry& entry) {
-    return text(Text::shown(SizeKey::of(entry.url.native()).name));
+    return toQString(Text::escapedForDisplay(SizeKey::of(entry.url.native()).name));
 }
 
 }  // namespace
@@ -36,7 +33,7 @@ void AnalyzeRows::setSource(AnalyzeModel* source) {
     source_ = source;
     if (source_) {
         connect(source_, &AnalyzeModel::entriesChanged, this, &AnalyzeRows::update);
-        connect(source_, &AnalyzeModel::focusChanged, this, &AnalyzeRows::relight);
+        connect(source_, &AnalyzeModel::focusChanged, this, &AnalyzeRows::updateHighlight);
         connect(source_, &AnalyzeModel::selectionChanged, this, [this] { changed({Role::selected}); });
         connect(source_, &AnalyzeModel::refusalsChanged, this, [this] {
             changed({Role::removable, Role::reason});
@@ -76,13 +73,13 @@ QVariant AnalyzeRows::value(Id id, Role role) const {
         case Role::url:
             return PathUrl::of(entry.url);
         case Role::sizeText:
-            return entry.size ? text(byteCount(*entry.size)) : QString();
+            return entry.size ? toQString(byteCount(*entry.size)) : QString();
         case Role::filesText:
-            return entry.files ? text(FileCount::format(*entry.files)) : QString();
+            return entry.files ? toQString(FileCount::format(*entry.files)) : QString();
         case Role::share:
             return content.share(entry);
         case Role::percentText:
-            return entry.size ? text(fmt::format("{:.0f}", content.share(entry) * 100)) : QString();
+            return entry.size ? toQString(fmt::format("{:.0f}", content.share(entry) * 100)) : QString();
         case Role::colorIndex: {
             const auto index = content.colorIndex(content.position(id));
             return index ? static_cast<int>(*index) : -1;
@@ -96,36 +93,17 @@ QVariant AnalyzeRows::value(Id id, Role role) const {
         case Role::removable:
             return refusal != nullptr && refusal->empty();
         case Role::reason:
-            return refusal != nullptr ? text(*refusal) : QString();
+            return refusal != nullptr ? toQString(*refusal) : QString();
         case Role::lit:
             return source_->lit() == id;
         case Role::folderPath:
-            return text(Text::shown(SizeKey::of(entry.url.native()).folder));
+            return toQString(Text::escapedForDisplay(SizeKey::of(entry.url.native()).folder));
     }
     return {};
 }
 
 QHash<int, QByteArray> AnalyzeRows::roleNames() const {
-    using enum Role;
-    static const std::array names = {
-        std::pair{name, "name"},
-        std::pair{url, "url"},
-        std::pair{sizeText, "sizeText"},
-        std::pair{filesText, "filesText"},
-        std::pair{share, "share"},
-        std::pair{percentText, "percentText"},
-        std::pair{colorIndex, "colorIndex"},
-        std::pair{isFolder, "isFolder"},
-        std::pair{measured, "measured"},
-        std::pair{selected, "selected"},
-        std::pair{removable, "removable"},
-        std::pair{reason, "reason"},
-        std::pair{lit, "lit"},
-        std::pair{folderPath, "folderPath"},
-    };
-    QHash<int, QByteArray> roles;
-    for (const auto& [role, name] : names) roles.insert(static_cast<int>(role), name);
-    return roles;
+    return roleNamesOf<Role>();
 }
 
 const AnalyzeEntry* AnalyzeRows::entry(int row) const {
@@ -265,7 +243,7 @@ void AnalyzeRows::changed(const QList<Role>& roles) {
     Q_EMIT dataChanged(index(0), index(count() - 1), numbers);
 }
 
-void AnalyzeRows::relight() {
+void AnalyzeRows::updateHighlight() {
     for (const auto id : {std::exchange(lit_, source_->lit()), source_->lit()}) {
         if (id) changedAt(*id, Role::lit);
     }

@@ -37,6 +37,7 @@ class AnalyzeRows : public QAbstractListModel {
         lit,
         folderPath,  // the folder that it lies in, for reading
     };
+    Q_ENUM(Role)
 
     /// Size is the model's own order.
     enum class Column { Size, Name, Files };
@@ -92,7 +93,7 @@ class AnalyzeRows : public QAbstractListModel {
     void removeGone();
     void reorder(Ids wanted);
     void changed(const QList<Role>& roles);
-    void relight();
+    void updateHighlight();
     void changedAt(Id id, Role role);
 
     QPointer<AnalyzeModel> source_;

@@ -7,7 +7,7 @@
 namespace tavrel::AnalyzeTexts {
 
 std::string folderTitle(const std::filesystem::path& folder, const std::filesystem::path& root) {
-    return folder == root ? Text::localized("Whole disk") : Text::shown(Paths::name(folder));
+    return folder == root ? Text::localized("Whole disk") : Text::escapedForDisplay(Paths::name(folder));
 }
 
 std::string items(std::size_t count) {

@@ -9,7 +9,7 @@ namespace {
 using Path = std::filesystem::path;
 
 std::string nameOf(const Path& path) {
-    return Text::shown(path.filename().native());
+    return Text::escapedForDisplay(path.filename().native());
 }
 
 std::vector<Path> foldersOf(const Places& places, std::string_view text) {

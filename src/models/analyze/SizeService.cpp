@@ -60,7 +60,7 @@ std::shared_ptr<SizeService::Wait> SizeService::info(const std::string& of, Answ
     return wait;
 }
 
-SizeCache::Forgotten SizeService::invalidate(std::span<const std::string_view> paths) {
+SizeCache::Evicted SizeService::invalidate(std::span<const std::string_view> paths) {
     ++forgettings_;
     return cache_.forget(paths);
 }

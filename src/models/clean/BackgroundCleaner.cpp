@@ -9,23 +9,24 @@ namespace tavrel {
 namespace {
 
 /// Posts to the main thread how far a clean has come, as often as a person can see.
-class ProgressThrottle {
+class ThrottledProgress {
   public:
-    ProgressThrottle(std::function<void(double)> progress, QObject* mainThread)
+    ThrottledProgress(std::function<void(double)> progress, QObject* mainThread)
         : progress_(std::move(progress)), mainThread_(mainThread) {}
 
     void reached(double fraction) {
         fraction_ = fraction;
-        isTold_ = false;
+        isPosted_ = false;
         if (last_.isValid() && last_.elapsed() < pause) return;
         last_.start();
-        tell();
+        flush();
     }
-    /// The last one, if it was kept back.
-    void tell() {
-        if (std::exchange(isTold_, true) || !progress_) return;
+    /// Posts the last value if it has not been posted.
+    void flush() {
+        if (std::exchange(isPosted_, true) || !progress_) return;
         QMetaObject::invokeMethod(
-            mainThread_, [told = progress_, fraction = fraction_] { told(fraction); }, Qt::QueuedConnection);
+            mainThread_, [progress = progress_, fraction = fraction_] { progress(fraction); },
+            Qt::QueuedConnection);
     }
 
   private:
@@ -35,14 +36,14 @@ class ProgressThrottle {
     QObject* mainThread_;
     QElapsedTimer last_;
     double fraction_ = 0;
-    bool isTold_ = true;
+    bool isPosted_ = true;
 };
 
 CleanRunner::Report runClean(const Cleaner::Tools& tools, CleanJob job, QObject* mainThread) {
-    ProgressThrottle throttle(std::move(job.progress), mainThread);
+    ThrottledProgress throttle(std::move(job.progress), mainThread);
     job.progress = [&throttle](double fraction) { throttle.reached(fraction); };
     auto report = std::make_shared<const CleanReport>(job.run(Cleaner(tools)));
-    throttle.tell();
+    throttle.flush();
     return report;
 }
 

@@ -5,6 +5,8 @@
 #include "core/DateText.h"
 #include "core/Paths.h"
 #include "core/Phrase.h"
+#include "models/support/Roles.h"
+#include "models/support/Strings.h"
 
 #include <QPointer>
 #include <QStringList>
@@ -26,10 +28,10 @@ QString shownPaths(const Restorer::Run& run) {
     QStringList paths;
     paths.reserve(static_cast<qsizetype>(run.entry.paths.size()));
     for (const std::string& text : run.entry.paths) {
-        const std::string path = Text::fromExact(text);
-        const std::string shown = Text::shown(path);
+        const std::string path = Text::decodePath(text);
+        const std::string shown = Text::escapedForDisplay(path);
         const bool waits = waiting.contains(Paths::standardized(path));
-        paths.append(QString::fromStdString(waits ? phrase("{} · in the Trash", shown) : shown));
+        paths.append(toQString(waits ? phrase("{} · in the Trash", shown) : shown));
     }
     return paths.join(QLatin1Char('\n'));
 }
@@ -49,14 +51,14 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
     const History::Entry& entry = run.entry;
     switch (static_cast<Role>(role)) {
         case Role::date:
-            return QString::fromStdString(dateAndTime(entry.date));
+            return toQString(dateAndTime(entry.date));
         case Role::action:
-            return QString::fromStdString(Text::shown(entry.action));
+            return toQString(Text::escapedForDisplay(entry.action));
         case Role::countText:
-            return QString::fromStdString(counted(
-                "{} item", "{} items", static_cast<unsigned long>(std::max<std::int64_t>(entry.count, 0))));
+            return toQString(counted("{} item", "{} items",
+                                     static_cast<unsigned long>(std::max<std::int64_t>(entry.count, 0))));
         case Role::size:
-            return QString::fromStdString(byteCount(entry.bytes));
+            return toQString(byteCount(entry.bytes));
         case Role::paths:
             return shownPaths(run);
         case Role::waiting:
@@ -68,12 +70,7 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> HistoryModel::roleNames() const {
-    return {
-        {static_cast<int>(Role::date), "date"},           {static_cast<int>(Role::action), "action"},
-        {static_cast<int>(Role::countText), "countText"}, {static_cast<int>(Role::size), "size"},
-        {static_cast<int>(Role::paths), "paths"},         {static_cast<int>(Role::waiting), "waiting"},
-        {static_cast<int>(Role::note), "note"},
-    };
+    return roleNamesOf<Role>();
 }
 
 void HistoryModel::load() {
@@ -135,7 +132,7 @@ void HistoryModel::setRestoring(bool on) {
 
 QString HistoryModel::note(const Restorer::Run& run) const {
     QStringList lines;
-    const auto add = [&lines](const std::string& line) { lines.append(QString::fromStdString(line)); };
+    const auto add = [&lines](const std::string& line) { lines.append(toQString(line)); };
     const std::size_t gone = run.items.size() - run.present();
     if (const auto restored = restored_.find(run.entry.id); restored != restored_.end()) {
         add(CleanTexts::putBack(restored->second));

@@ -25,6 +25,7 @@ class HistoryModel final : public QAbstractListModel {
     /// `waiting` is how many things of the run are in the Trash; `note` says that the others were deleted,
     /// or how many were put back.
     enum class Role { date = Qt::UserRole, action, countText, size, paths, waiting, note };
+    Q_ENUM(Role)
 
     /// `runner` is borrowed.
     HistoryModel(std::filesystem::path file, CleanRunner& runner, QObject* parent = nullptr);

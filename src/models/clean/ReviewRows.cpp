@@ -16,7 +16,8 @@ namespace {
 /// The last part of the path, or all of a command.
 std::string title(const CleanItem& item) {
     const bool isSnapshot = item.rootTool && item.adminCommand() != item.url.native();
-    return Text::shown(item.isCommand() && !isSnapshot ? item.url.native() : item.url.filename().native());
+    return Text::escapedForDisplay(item.isCommand() && !isSnapshot ? item.url.native()
+                                                                   : item.url.filename().native());
 }
 
 }  // namespace
@@ -87,7 +88,7 @@ QVariant ReviewRows::valueOfItem(const Row& row, Role role) const {
         case Role::title:
             return toQString(title(item));
         case Role::summary:
-            return toQString(Text::shown(item.note));
+            return toQString(Text::escapedForDisplay(item.note));
         case Role::size:
             return toQString(CleanTexts::size(item));
         case Role::review:
@@ -145,7 +146,7 @@ QString ReviewRows::path(int row) const {
     const Row& asked = rows_[static_cast<std::size_t>(row)];
     if (asked.isHead()) return {};
     const CleanItem& item = source_->items()[asked.item];
-    return item.isCommand() ? QString() : toQString(Text::repaired(item.url.native()));
+    return item.isCommand() ? QString() : toQString(Text::replaceInvalidUtf8(item.url.native()));
 }
 
 const CleanListModel::Group& ReviewRows::groupOf(const Row& row) const {

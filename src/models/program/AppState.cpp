@@ -20,15 +20,6 @@ bool canSeeEverything(const Profile& profile) {
     return Permissions::hasFullDiskAccess(profile.places.home(), profile.fullDiskAccessProbes);
 }
 
-/// The case at `index`, or nothing where there is none.
-template <typename Enum, std::size_t N>
-std::optional<Enum> caseAt(const std::array<Enum, N>& cases, int index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= N) return std::nullopt;
-    return cases.at(static_cast<std::size_t>(index));
-}
-
-constexpr std::array allAppsModes = {AppsMode::uninstall, AppsMode::updates, AppsMode::startup};
-
 template <typename Cases, typename Title>
 QStringList titles(const Cases& cases, Title title) {
     QStringList list;

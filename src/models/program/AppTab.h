@@ -18,4 +18,6 @@ inline constexpr auto allAppTabs = enumCases<AppTab, 5>();
 /// The sub-tabs of the Apps tab, in their order.
 enum class AppsMode { uninstall, updates, startup };
 
+inline constexpr auto allAppsModes = enumCases<AppsMode, 3>();
+
 }  // namespace tavrel

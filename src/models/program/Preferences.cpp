@@ -17,7 +17,7 @@ using Texts = std::vector<std::string>;
 QStringList shown(const Texts& texts) {
     QStringList list;
     list.reserve(static_cast<qsizetype>(texts.size()));
-    for (const std::string& text : texts) list.append(QString::fromStdString(Text::shown(text)));
+    for (const std::string& text : texts) list.append(QString::fromStdString(Text::escapedForDisplay(text)));
     return list;
 }
 

@@ -42,7 +42,7 @@ std::string whyNoRights(const std::string& errors) {
         return errors.find(row.said) != std::string::npos;
     });
     if (known != std::end(meanings)) return Text::localized(known->meaning);
-    const std::string last = Text::repaired(lastLine(errors));
+    const std::string last = Text::replaceInvalidUtf8(lastLine(errors));
     if (last.empty()) return Text::localized("Administrator rights could not be obtained");
     return phrase("Administrator rights could not be obtained: {}", last);
 }
@@ -58,7 +58,7 @@ tl::unexpected<Administrator::Refusal> notReady(Conversation& helper, bool asked
     if (asked && status == promptDismissed)
         return refused(Kind::dismissed, Text::localized("Password prompt cancelled"));
     if (asked && status == notAuthorized) return refused(Kind::unavailable, whyNoRights(helper.errors()));
-    const std::string last = Text::repaired(lastLine(helper.errors()));
+    const std::string last = Text::replaceInvalidUtf8(lastLine(helper.errors()));
     return refused(Kind::unavailable, phrase("Tavrel's helper for administrator work failed: {}",
                                              last.empty() ? std::to_string(*status) : last));
 }

@@ -107,7 +107,7 @@ CommandResult runChild(const std::string& path, const std::vector<std::string>& 
     std::string output = readToEnd(pipe.reading.get());
     awaitEnd(child);
     limit.end();
-    return {collect(child), Text::repaired(output)};
+    return {collect(child), Text::replaceInvalidUtf8(output)};
 }
 
 }  // namespace

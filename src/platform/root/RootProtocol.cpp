@@ -79,7 +79,7 @@ std::optional<EntryRemoval> removal(const Words& words) {
     const bool ok = words.size() == count && read(words[device], entry.seen.device) &&
                     read(words[inode], entry.seen.inode) && read(words[type], entry.seen.type);
     if (!ok) return std::nullopt;
-    entry.path = Text::fromExact(words[path]);
+    entry.path = Text::decodePath(words[path]);
     return entry;
 }
 
@@ -110,7 +110,7 @@ tl::expected<RootStep, RootRefusal> step(string_view line, const RootTools::Tabl
     const auto* row = words.front() == runWord ? RootTools::find(tools, words[1]) : nullptr;
     if (row == nullptr) return notUnderstood;
     ToolRun run{row->tool, {}};
-    for (std::size_t i = 2; i < words.size(); ++i) run.arguments.push_back(Text::fromExact(words[i]));
+    for (std::size_t i = 2; i < words.size(); ++i) run.arguments.push_back(Text::decodePath(words[i]));
     return run;
 }
 
@@ -132,7 +132,8 @@ StepResult result(string_view line) {
     if (line == doneWord) return StepResult::done();
     const Words words = split(line);
     if (words.size() != 2) return StepResult::failed({});
-    if (words[0] == failedWord) return StepResult::failed(Text::repaired(Text::fromExact(words[1])));
+    if (words[0] == failedWord)
+        return StepResult::failed(Text::replaceInvalidUtf8(Text::decodePath(words[1])));
     const auto known = std::find_if(refusalNames.begin(), refusalNames.end(),
                                     [&](const RefusalName& row) { return row.name == words[1]; });
     if (words[0] != refusedWord || known == refusalNames.end()) return StepResult::failed({});

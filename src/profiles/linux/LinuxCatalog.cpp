@@ -145,7 +145,7 @@ constexpr CatalogRow logRows[] = {
     {"~/.config/microsoft-edge/Crash Reports",              logs, whole, safe,   "Crash reports", {.minAgeDays = 7, .owners = "msedge"}},
     {"~/core",                                              logs, whole, review, "Memory of a crashed program; needed only to find its fault", {.magic = "\177ELF"}},
     {"~/core.[0-9]*",                                       logs, whole, review, "Memory of a crashed program; needed only to find its fault", {.magic = "\177ELF"}},
-    {"~/hs_err_pid*.log",                                   logs, whole, review, "Report of a crashed Java program", {.leastSize = 1}},
+    {"~/hs_err_pid*.log",                                   logs, whole, review, "Report of a crashed Java program", {.minItemSize = 1}},
 };
 
 // Folders below ~/.cache that hold more than what can be had again without the person.
@@ -184,7 +184,7 @@ constexpr CatalogRow unfinishedDownloads{
     {.extensions = "crdownload part download partial", .minAgeDays = 2, .toTrash = true}};
 /// What other systems leave in folders that they show.
 constexpr CatalogRow strayFile{
-    "", downloads, whole, review, "How another system shows this folder", {.leastSize = 1}};
+    "", downloads, whole, review, "How another system shows this folder", {.minItemSize = 1}};
 constexpr std::string_view strayNames[] = {".DS_Store", "Thumbs.db"};
 
 CleanRule ruleAt(const std::filesystem::path& folder, const CatalogRow& row) {

@@ -54,7 +54,7 @@ QVariant Explorer::layout() const {
 }
 
 QString Explorer::focusId() const {
-    return toQString(Text::exact(focusId_));
+    return toQString(Text::encodePath(focusId_));
 }
 
 QString Explorer::icon() const {
@@ -78,7 +78,7 @@ QUrl Explorer::folderUrl() const {
 }
 
 void Explorer::focus(const QString& id) {
-    model_->setFocus(OrbitChart::focusOf(*layout_, Text::fromExact(id.toStdString())));
+    model_->setFocus(OrbitChart::focusOf(*layout_, Text::decodePath(id.toStdString())));
 }
 
 void Explorer::unfocus(const QString& id) {
@@ -86,7 +86,7 @@ void Explorer::unfocus(const QString& id) {
 }
 
 void Explorer::open(const QString& id) {
-    const auto focus = OrbitChart::focusOf(*layout_, Text::fromExact(id.toStdString()));
+    const auto focus = OrbitChart::focusOf(*layout_, Text::decodePath(id.toStdString()));
     if (!focus) return;
     if (const auto* slice = std::get_if<AnalyzeFocuses::Slice>(&*focus)) {
         const SubSlice opened = slice->slice;  // the layout goes when the folder does

@@ -20,7 +20,7 @@ constexpr double stillTime = 7.3;  // seconds; a moment that looks well
 constexpr Spring sweep = {.response = 1.0, .damping = 0.88};
 
 QString exact(const std::string& id) {
-    return QString::fromStdString(Text::exact(id));
+    return QString::fromStdString(Text::encodePath(id));
 }
 
 std::shared_ptr<const OrbitLayout> emptyLayout() {
@@ -40,7 +40,7 @@ OrbitChartItem::OrbitChartItem(QQuickItem* parent)
     setAcceptedMouseButtons(Qt::LeftButton);
     connect(this, &OrbitChartItem::motionChanged, this, &OrbitChartItem::run);
     connect(&motionTicker_, &PacedTicker::tick, this, &OrbitChartItem::moveOn);
-    connect(&lightsTicker_, &PacedTicker::tick, this, &OrbitChartItem::relight);
+    connect(&lightsTicker_, &PacedTicker::tick, this, &OrbitChartItem::updateHighlight);
     QAccessible::installActivationObserver(this);
 }
 
@@ -71,12 +71,12 @@ QString OrbitChartItem::focusId() const {
 }
 
 void OrbitChartItem::setFocusId(const QString& id) {
-    std::string wanted = Text::fromExact(id.toStdString());
+    std::string wanted = Text::decodePath(id.toStdString());
     if (focusId_ == wanted) return;
     focusId_ = std::move(wanted);
     Q_EMIT focusIdChanged();
     litAt_ = PacedTicker::now();
-    relight();
+    updateHighlight();
 }
 
 void OrbitChartItem::setSweepAge(double seconds) {
@@ -95,7 +95,7 @@ void OrbitChartItem::setReveal(double reveal) {
 // ---- what it shows ----
 
 /// The lights go on, and once more as long as they move.
-void OrbitChartItem::relight() {
+void OrbitChartItem::updateHighlight() {
     const double now = PacedTicker::now();
     bool moves = false;
     const bool isSeen = isVisible() && window() != nullptr;
@@ -122,7 +122,7 @@ void OrbitChartItem::moveOn() {
 void OrbitChartItem::run() {
     const bool moves = animated_ && !paused_ && isVisible() && window() != nullptr;
     motionTicker_.setRunning(moves);
-    if (!moves) relight();
+    if (!moves) updateHighlight();
     if (!paused_) moveOn();
 }
 

@@ -1,4 +1,4 @@
-#include "models/analyze/ExplorerDesk.h"
+#include "models/analyze/ExplorerFixture.h"
 
 #include <QSignalSpy>
 
@@ -9,7 +9,7 @@ namespace tavrel {
 namespace {
 
 using ::testing::ElementsAre;
-using testing::ExplorerDesk;
+using testing::ExplorerFixture;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 using Mode = AnalyzeModel::Mode;
@@ -17,7 +17,7 @@ using Mode = AnalyzeModel::Mode;
 constexpr std::int64_t mebibyte = 1024LL * 1024;
 
 TEST(AnalyzeModel, TheFirstRowsComeBeforeAnythingIsMeasured) {
-    ExplorerDesk desk;
+    ExplorerFixture desk;
     const QSignalSpy shown(desk.model.get(), &AnalyzeModel::entriesChanged);
     desk.model->load();
     EXPECT_TRUE(desk.model->isListing());
@@ -38,8 +38,8 @@ TEST(AnalyzeModel, TheFirstRowsComeBeforeAnythingIsMeasured) {
 }
 
 TEST(AnalyzeModel, FiguresAreShownFourTimesASecondAtMostAndNoneIsForgotten) {
-    ExplorerDesk desk;
-    ExplorerDesk::Things things;
+    ExplorerFixture desk;
+    ExplorerFixture::Things things;
     for (int at = 0; at < 100; ++at) things[std::to_string(at)] = std::nullopt;
     desk.load(things);
     const QSignalSpy shown(desk.model.get(), &AnalyzeModel::entriesChanged);
@@ -59,7 +59,7 @@ TEST(AnalyzeModel, FiguresAreShownFourTimesASecondAtMostAndNoneIsForgotten) {
 }
 
 TEST(AnalyzeModel, ARapidSeriesShowsOnlyTheLastFolderAndStopsTheRest) {
-    ExplorerDesk desk;
+    ExplorerFixture desk;
     desk.load({{"a", {}}, {"b", {}}, {"c", {}}});
     const auto walks = desk.work.walks;
     ASSERT_EQ(walks.size(), 3U);
@@ -92,20 +92,20 @@ TEST(AnalyzeModel, ARapidSeriesShowsOnlyTheLastFolderAndStopsTheRest) {
 }
 
 TEST(AnalyzeModel, QuittingStopsEverything) {
-    ExplorerDesk measuring;
+    ExplorerFixture measuring;
     measuring.load({{"a", {}}});
     measuring.model.reset();
     EXPECT_TRUE(measuring.work.walks.back().stop.stop_requested());
     EXPECT_TRUE(measuring.work.vettings.back().stop.stop_requested());
     measuring.clock.drain();
 
-    ExplorerDesk listing;
+    ExplorerFixture listing;
     listing.model->load();
     listing.model.reset();
     EXPECT_TRUE(listing.work.listings.back().stop.stop_requested());
     listing.endListing({{"late", 1}});
 
-    ExplorerDesk searching;
+    ExplorerFixture searching;
     searching.model->setMode(Mode::LargeFiles);
     searching.model.reset();
     EXPECT_TRUE(searching.work.searches.back().stop.stop_requested());
@@ -113,7 +113,7 @@ TEST(AnalyzeModel, QuittingStopsEverything) {
 }
 
 TEST(AnalyzeModel, WhatIsKnownNeedsNoWalkUntilARescan) {
-    ExplorerDesk desk;
+    ExplorerFixture desk;
     desk.load({{"a", {}}});
     const std::string inside = desk.at("a/inside").native();
     desk.work.endWalk(desk.at("a"), {.size = 9, .files = 3, .folders = {{inside, {.size = 4, .files = 2}}}});
@@ -137,7 +137,7 @@ TEST(AnalyzeModel, WhatIsKnownNeedsNoWalkUntilARescan) {
 }
 
 TEST(AnalyzeModel, LargeFilesStandInPlaceOfTheFolder) {
-    ExplorerDesk desk;
+    ExplorerFixture desk;
     desk.load({{"a", 5}});
     desk.model->setMode(Mode::LargeFiles);
     EXPECT_THAT(desk.names(), IsEmpty());
@@ -153,7 +153,7 @@ TEST(AnalyzeModel, LargeFilesStandInPlaceOfTheFolder) {
 }
 
 TEST(AnalyzeModel, OnlyWhatTheGuardAdmitsCanBeSelected) {
-    ExplorerDesk desk;
+    ExplorerFixture desk;
     desk.load({{"a", 5}, {"b", 70}, {"kept", 900}});
     desk.model->toggleSelection(desk.entry("kept"));
     EXPECT_THAT(desk.model->selection(), IsEmpty());
@@ -175,7 +175,7 @@ TEST(AnalyzeModel, OnlyWhatTheGuardAdmitsCanBeSelected) {
 }
 
 TEST(AnalyzeModel, ASelectionGrowsWithTheFiguresThatComeIn) {
-    ExplorerDesk desk;
+    ExplorerFixture desk;
     desk.load({{"a", {}}, {"b", 70}});
     desk.model->toggleSelection(desk.entry("a"));
     EXPECT_EQ(desk.model->selectedSize(), 0);

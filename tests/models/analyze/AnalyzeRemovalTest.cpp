@@ -1,6 +1,6 @@
 #include "cleaning/CleaningHome.h"
 #include "models/analyze/BackgroundDiskWork.h"
-#include "models/analyze/ExplorerDesk.h"
+#include "models/analyze/ExplorerFixture.h"
 #include "models/program/Preferences.h"
 #include "support/EventLoop.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
-using testing::ExplorerDesk;
+using testing::ExplorerFixture;
 using ::testing::IsEmpty;
 using testing::waitUntil;
 
@@ -23,7 +23,7 @@ CleanReport reportOf(const std::vector<CleanItem>& items, bool dryRun) {
 
 TEST(AnalyzeRemoval, APreviewLeavesEverythingAndARemovalTakesItOut) {
     for (const bool dryRun : {true, false}) {
-        ExplorerDesk desk;
+        ExplorerFixture desk;
         desk.preferences.setDryRun(dryRun);
         desk.load({{"a", {}}, {"b", 5}, {"c", {}}});
         desk.measured("a", 30);
@@ -57,7 +57,7 @@ TEST(AnalyzeRemoval, APreviewLeavesEverythingAndARemovalTakesItOut) {
 }
 
 TEST(AnalyzeRemoval, MayEndAfterTheFolderWasLeftOrTheExplorerIsGone) {
-    ExplorerDesk left;
+    ExplorerFixture left;
     left.load({{"a", {}}, {"b", 5}});
     left.model->trash({left.entry("b")});
     left.model->open(left.entry("a"));
@@ -65,7 +65,7 @@ TEST(AnalyzeRemoval, MayEndAfterTheFolderWasLeftOrTheExplorerIsGone) {
     left.report(reportOf(left.runner.jobs.front().items, false));
     EXPECT_THAT(left.names(), ElementsAre("inside"));
 
-    ExplorerDesk relisted;  // the list on its way was read before the removal
+    ExplorerFixture relisted;  // the list on its way was read before the removal
     relisted.load({{"b", 5}});
     relisted.model->trash({relisted.entry("b")});
     relisted.model->load();
@@ -75,7 +75,7 @@ TEST(AnalyzeRemoval, MayEndAfterTheFolderWasLeftOrTheExplorerIsGone) {
     relisted.endListing({{"b", 5}});
     EXPECT_THAT(relisted.names(), IsEmpty());
 
-    ExplorerDesk inside;  // of what went
+    ExplorerFixture inside;  // of what went
     inside.load({{"a", {}}, {"b", 5}});
     inside.model->trash({inside.entry("a")});
     inside.model->open(inside.entry("a"));
@@ -84,14 +84,14 @@ TEST(AnalyzeRemoval, MayEndAfterTheFolderWasLeftOrTheExplorerIsGone) {
     inside.report(reportOf(inside.runner.jobs.front().items, false));
     EXPECT_EQ(inside.model->currentFolder(), inside.home());
 
-    ExplorerDesk earlier;  // somebody else removed it, so that the report does not know it
+    ExplorerFixture earlier;  // somebody else removed it, so that the report does not know it
     earlier.load({{"b", 5}});
     earlier.model->trash({earlier.entry("b")});
     earlier.report({});
     earlier.endListing({});
     EXPECT_THAT(earlier.names(), IsEmpty());
 
-    ExplorerDesk gone;
+    ExplorerFixture gone;
     gone.load({{"b", 5}});
     gone.model->trash({gone.entry("b")});
     gone.model.reset();

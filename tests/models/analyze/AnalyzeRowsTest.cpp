@@ -1,5 +1,5 @@
 #include "models/analyze/AnalyzeRows.h"
-#include "models/analyze/ExplorerDesk.h"
+#include "models/analyze/ExplorerFixture.h"
 #include "models/support/PathUrl.h"
 
 #include <QAbstractItemModelTester>
@@ -13,7 +13,7 @@ namespace tavrel {
 namespace {
 
 using ::testing::ElementsAre;
-using testing::ExplorerDesk;
+using testing::ExplorerFixture;
 using ::testing::IsEmpty;
 using Role = AnalyzeRows::Role;
 using Column = AnalyzeRows::Column;
@@ -35,7 +35,7 @@ class AnalyzeRowsTest : public ::testing::Test {
     }
     void publish() { desk.clock.advance(1.0); }
 
-    ExplorerDesk desk;
+    ExplorerFixture desk;
     AnalyzeRows rows;
     const QAbstractItemModelTester tester{&rows, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
@@ -63,7 +63,7 @@ TEST_F(AnalyzeRowsTest, ARowTellsItsFigures) {
 }
 
 TEST_F(AnalyzeRowsTest, RowsMoveAndNeverBeginAnewWhileFiguresComeIn) {
-    ExplorerDesk::Things things;
+    ExplorerFixture::Things things;
     for (int at = 100; at < 300; ++at) things[std::to_string(at)] = std::nullopt;
     desk.load(things);
     const QSignalSpy resets(&rows, &QAbstractItemModel::modelReset);

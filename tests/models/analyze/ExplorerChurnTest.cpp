@@ -1,6 +1,6 @@
 #include "models/analyze/AnalyzeRows.h"
 #include "models/analyze/BackgroundDiskWork.h"
-#include "models/clean/CleanDesk.h"
+#include "models/clean/CleanFixture.h"
 #include "models/program/Preferences.h"
 #include "support/EventLoop.h"
 #include "support/Sandbox.h"

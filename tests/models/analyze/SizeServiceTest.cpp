@@ -1,5 +1,5 @@
 #include "core/Paths.h"
-#include "models/analyze/ExplorerDesk.h"
+#include "models/analyze/ExplorerFixture.h"
 #include "models/analyze/SizeService.h"
 
 #include <algorithm>

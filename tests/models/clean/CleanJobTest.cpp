@@ -1,4 +1,4 @@
-#include "models/clean/CleanDesk.h"
+#include "models/clean/CleanFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,15 +6,15 @@
 namespace tavrel {
 namespace {
 
-using testing::CleanDesk;
+using testing::CleanFixture;
 using testing::FakeIconSource;
 using ::testing::IsEmpty;
 using testing::safeItem;
-using Items = CleanDesk::Items;
+using Items = CleanFixture::Items;
 using PathList = Preferences::PathList;
 
 TEST(CleanJob, TheJobIsToldWhatHoldsWhenItBegins) {
-    CleanDesk desk;
+    CleanFixture desk;
     const auto folder = desk.sandbox.folder("home/kept");
     desk.list->setExtraRoots({"/Applications"});
     desk.find({safeItem((folder / "cache").native())});
@@ -37,7 +37,7 @@ TEST(CleanJob, NothingGoesWhileTheProtectedFoldersAreUnknown) {
          {"no property list",
           "<plist version=\"1.0\"><dict><key>protectedPaths</key><string>~/Keep</string></dict></plist>"}) {
         SCOPED_TRACE(settings);
-        CleanDesk desk("clean", settings);
+        CleanFixture desk("clean", settings);
         const Items items = {safeItem("/a/1"), safeItem("/a/2")};
         desk.find(items);
         desk.list->clean();
@@ -49,9 +49,9 @@ TEST(CleanJob, NothingGoesWhileTheProtectedFoldersAreUnknown) {
         EXPECT_EQ(desk.list->selectedCount(), 2);
         EXPECT_EQ(desk.player.sounds, 0);
     }
-    CleanDesk preview("clean",
-                      "<plist version=\"1.0\"><dict><key>protectedPaths</key><string>~/Keep</string>"
-                      "<key>dryRun</key><true/></dict></plist>");
+    CleanFixture preview("clean",
+                         "<plist version=\"1.0\"><dict><key>protectedPaths</key><string>~/Keep</string>"
+                         "<key>dryRun</key><true/></dict></plist>");
     preview.find({safeItem("/a/1")});
     preview.list->clean();
     EXPECT_EQ(preview.runner.jobs.size(), 1U);
@@ -59,7 +59,7 @@ TEST(CleanJob, NothingGoesWhileTheProtectedFoldersAreUnknown) {
 
 TEST(CleanJob, OnlyAnUninstallShowsTheIconsOfTheThingsThemselves) {
     for (const auto& [action, own] : {std::pair("clean", false), std::pair("uninstall", true)}) {
-        CleanDesk desk(action);
+        CleanFixture desk(action);
         const auto file = desk.sandbox.text("home/Painter.app/Contents/notes.txt", "x");
         desk.find({safeItem(file.native())});
         desk.list->clean();

@@ -1,4 +1,4 @@
-#include "models/clean/CleanDesk.h"
+#include "models/clean/CleanFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 namespace tavrel {
 namespace {
 
-using testing::CleanDesk;
+using testing::CleanFixture;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::reviewItem;
@@ -29,7 +29,7 @@ TEST(CleanListModel, NothingBeginsWhileSomethingGoesOn) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(static_cast<int>(row.stage));
-        CleanDesk scanned;
+        CleanFixture scanned;
         scanned.reach(row.stage);
         ASSERT_EQ(scanned.list->stage(), row.stage);
         EXPECT_EQ(scanned.list->isWorking(), row.working);
@@ -38,7 +38,7 @@ TEST(CleanListModel, NothingBeginsWhileSomethingGoesOn) {
         EXPECT_EQ(scanned.search.begun, searches + (row.scans ? 1 : 0));
         EXPECT_EQ(scanned.list->stage(), row.scans ? Stage::Scanning : row.stage);
 
-        CleanDesk cleaned;
+        CleanFixture cleaned;
         cleaned.reach(row.stage);
         const std::size_t runs = cleaned.runner.jobs.size();
         cleaned.list->clean();
@@ -48,17 +48,17 @@ TEST(CleanListModel, NothingBeginsWhileSomethingGoesOn) {
 }
 
 TEST(CleanListModel, AScanSelectsWhatIsSafeAndNothingElse) {
-    CleanDesk desk;
+    CleanFixture desk;
     desk.find({safeItem("/a/1", 10), reviewItem("/a/2", 200), safeItem("/a/3", 3'000)});
     EXPECT_THAT(desk.selected(), UnorderedElementsAre("/a/1", "/a/3"));
-    EXPECT_THAT(CleanDesk::names(desk.list->selectedItems()), ElementsAre("1", "3"));
+    EXPECT_THAT(CleanFixture::names(desk.list->selectedItems()), ElementsAre("1", "3"));
     EXPECT_EQ(desk.list->selectedCount(), 2);
     EXPECT_EQ(desk.list->selectedSize(), 3'010);
     EXPECT_EQ(desk.list->figures().total, 3'210);
 }
 
 TEST(CleanListModel, AnotherScanForgetsTheFormerOnlyWhenItEnds) {
-    CleanDesk desk;
+    CleanFixture desk;
     desk.find({safeItem("/a/1"), reviewItem("/a/2")});
     desk.list->toggle({"/a/1", "/a/2"});
     desk.clean({.removed = {safeItem("/a/1")}});
@@ -68,7 +68,7 @@ TEST(CleanListModel, AnotherScanForgetsTheFormerOnlyWhenItEnds) {
     desk.list->scan();
     EXPECT_EQ(desk.list->feed(), nullptr);
     EXPECT_EQ(desk.list->report(), nullptr);
-    EXPECT_THAT(CleanDesk::names(desk.list->items()), ElementsAre("2"));
+    EXPECT_THAT(CleanFixture::names(desk.list->items()), ElementsAre("2"));
     EXPECT_TRUE(desk.list->reviewing());
     desk.endScan({reviewItem("/a/2")});
     EXPECT_THAT(desk.selected(), IsEmpty());
@@ -95,7 +95,7 @@ TEST(CleanListModel, TogglingSelectsAllUnlessAllAreSelected) {
         {{"1", "2"}, {}, {"1", "2"}},
     };
     for (const Row& row : rows) {
-        CleanDesk desk;
+        CleanFixture desk;
         desk.find({reviewItem("1", 1), reviewItem("2", 20), reviewItem("3", 300)});
         for (const std::string& id : row.before) desk.list->toggle({id});
         desk.list->toggle(row.toggled);
@@ -109,7 +109,7 @@ TEST(CleanListModel, TogglingSelectsAllUnlessAllAreSelected) {
 
 TEST(CleanListModel, GroupsStandInTheOrderOfTheCategoriesAndKeepThatOfTheItems) {
     using enum CleanCategory;
-    CleanDesk desk;
+    CleanFixture desk;
     desk.find({safeItem("/t", 1, trash), safeItem("/l1", 1, logs), safeItem("/c", 1, userCaches),
                safeItem("/l2", 1, logs)});
     std::vector<std::pair<CleanCategory, Ids>> groups;
@@ -122,7 +122,7 @@ TEST(CleanListModel, GroupsStandInTheOrderOfTheCategoriesAndKeepThatOfTheItems) 
 }
 
 TEST(CleanListModel, MayBeDestroyedWhileItScansOrCleans) {
-    CleanDesk scanning;
+    CleanFixture scanning;
     scanning.list->scan();
     scanning.list.reset();
     scanning.endScan({safeItem("/a/1")});
@@ -130,7 +130,7 @@ TEST(CleanListModel, MayBeDestroyedWhileItScansOrCleans) {
 
     // While the removal goes on, while the show goes on after it, and when it is nearly over.
     for (const double moment : {-1.0, 0.0, 1.9}) {
-        CleanDesk cleaning;
+        CleanFixture cleaning;
         cleaning.find({safeItem("/a/1")});
         cleaning.list->clean();
         const CleanReport report = {.freed = 1'000, .removed = {safeItem("/a/1")}};

@@ -1,6 +1,6 @@
 #include "cleaning/History.h"
 #include "models/clean/CleanState.h"
-#include "models/program/StateDesk.h"
+#include "models/program/StateFixture.h"
 
 #include <array>
 #include <ostream>
@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::IsEmpty;
-using testing::StateDesk;
+using testing::StateFixture;
 using Texts = std::vector<std::string>;
 
 /// Something that a mode finds, and where it goes when it is removed.
@@ -98,7 +98,7 @@ class CleanModesTest : public ::testing::TestWithParam<Mode> {
         return all;
     }
 
-    StateDesk desk;
+    StateFixture desk;
 };
 
 INSTANTIATE_TEST_SUITE_P(, CleanModesTest, ::testing::ValuesIn(modes),

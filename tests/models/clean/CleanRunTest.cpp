@@ -1,4 +1,4 @@
-#include "models/clean/CleanDesk.h"
+#include "models/clean/CleanFixture.h"
 
 #include <limits>
 
@@ -8,13 +8,13 @@
 namespace tavrel {
 namespace {
 
-using testing::CleanDesk;
+using testing::CleanFixture;
 using ::testing::ElementsAre;
 using testing::FakeIconSource;
 using testing::reviewItem;
 using testing::safeItem;
 using ::testing::UnorderedElementsAre;
-using Items = CleanDesk::Items;
+using Items = CleanFixture::Items;
 using Stage = CleanListModel::Stage;
 
 Items many(int count, std::int64_t size) {
@@ -24,7 +24,7 @@ Items many(int count, std::int64_t size) {
 }
 
 TEST(CleanRun, WhatWasSkippedStaysAndStaysSelected) {
-    CleanDesk desk;
+    CleanFixture desk;
     const Items items = {safeItem("/a/1", 10), safeItem("/a/2", 200), reviewItem("/a/3", 3'000),
                          safeItem("/a/4", 40'000)};
     desk.find(items);
@@ -33,7 +33,7 @@ TEST(CleanRun, WhatWasSkippedStaysAndStaysSelected) {
     desk.runner.report(
         {.freed = 200, .removed = {items[1]}, .skipped = {{items[0], "in use"}, {items[3], "gone"}}});
     desk.clock.drain();
-    EXPECT_THAT(CleanDesk::names(desk.list->items()), ElementsAre("1", "3", "4"));
+    EXPECT_THAT(CleanFixture::names(desk.list->items()), ElementsAre("1", "3", "4"));
     EXPECT_THAT(desk.selected(), UnorderedElementsAre("/a/1", "/a/4"));
     EXPECT_EQ(desk.list->selectedSize(), 40'010);
     EXPECT_EQ(desk.list->figures().total, 43'010);
@@ -44,7 +44,7 @@ TEST(CleanRun, WhatWasSkippedStaysAndStaysSelected) {
 }
 
 TEST(CleanRun, APreviewChangesNeitherItemsNorSelection) {
-    CleanDesk desk;
+    CleanFixture desk;
     desk.preferences.setDryRun(true);
     const Items items = {safeItem("/a/1"), reviewItem("/a/2"), safeItem("/a/3")};
     desk.find(items);
@@ -56,7 +56,7 @@ TEST(CleanRun, APreviewChangesNeitherItemsNorSelection) {
 }
 
 TEST(CleanRun, TheShowLastsItsTimeHoweverFastTheRemovalIs) {
-    CleanDesk desk;
+    CleanFixture desk;
     const Items items = many(24, 1'000);
     desk.find(items);
     const Instant start = desk.clock.now();
@@ -80,7 +80,7 @@ TEST(CleanRun, TheShowLastsItsTimeHoweverFastTheRemovalIs) {
 }
 
 TEST(CleanRun, ProgressReachesTheFeedAndThePhase) {
-    CleanDesk desk;
+    CleanFixture desk;
     desk.find(many(10, 1'000));
     desk.list->clean();
     EXPECT_EQ(desk.list->feed()->reached(), 0);
@@ -97,7 +97,7 @@ TEST(CleanRun, ProgressReachesTheFeedAndThePhase) {
 }
 
 TEST(CleanRun, WhatRootRemovesFallsLastAndKeepsItsPlaceInTheJob) {
-    CleanDesk desk;
+    CleanFixture desk;
     Items items = {safeItem("/gone/1.forroot"), safeItem("/gone/2.plain"), safeItem("/gone/3.forroot"),
                    safeItem("/gone/4.other")};
     items[0].requiresAdmin = items[2].requiresAdmin = true;
@@ -107,7 +107,7 @@ TEST(CleanRun, WhatRootRemovesFallsLastAndKeepsItsPlaceInTheJob) {
     QObject::connect(desk.list->feed(), &SwallowFeed::eventsChanged, [&] {
         fallen.push_back(FakeIconSource::label(desk.list->feed()->events().back().icon));
     });
-    EXPECT_THAT(CleanDesk::names(desk.runner.jobs.at(0).items),
+    EXPECT_THAT(CleanFixture::names(desk.runner.jobs.at(0).items),
                 ElementsAre("1.forroot", "2.plain", "3.forroot", "4.other"));
     desk.runner.report({.removed = items});
     desk.clock.drain();
@@ -126,14 +126,14 @@ TEST(CleanRun, TheWaveIsAsStrongAsWhatWentAndAbsentWhereNothingDid) {
                             {40'000'000'000, 1.0},
                             {std::numeric_limits<std::int64_t>::max(), 1.0}};
     for (const Row& row : rows) {
-        CleanDesk desk;
+        CleanFixture desk;
         const CleanItem item = safeItem("/a/1", row.freed);
         desk.find({item});
         desk.clean({.freed = row.freed, .removed = {item}});
         EXPECT_EQ(desk.player.sounds, 1) << row.freed;
         EXPECT_DOUBLE_EQ(desk.shockwave.strength(), row.strength) << row.freed;
     }
-    CleanDesk desk;
+    CleanFixture desk;
     desk.find({safeItem("/a/1")});
     desk.clean({.skipped = {{safeItem("/a/1"), "in use"}}});
     EXPECT_EQ(desk.list->stage(), Stage::Done);

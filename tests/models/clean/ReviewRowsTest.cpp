@@ -1,4 +1,4 @@
-#include "models/clean/CleanDesk.h"
+#include "models/clean/CleanFixture.h"
 #include "models/clean/ReviewRows.h"
 
 #include <QAbstractItemModelTester>
@@ -10,7 +10,7 @@
 namespace tavrel {
 namespace {
 
-using testing::CleanDesk;
+using testing::CleanFixture;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -19,7 +19,7 @@ using testing::reviewItem;
 using testing::safeItem;
 using Role = ReviewRows::Role;
 using Mark = ReviewRows::Mark;
-using Items = CleanDesk::Items;
+using Items = CleanFixture::Items;
 using Lines = std::vector<std::string>;
 using enum CleanCategory;
 
@@ -55,7 +55,7 @@ class ReviewRowsTest : public ::testing::Test {
         return all;
     }
 
-    CleanDesk desk;
+    CleanFixture desk;
     ReviewRows rows;
     const QAbstractItemModelTester tester{&rows, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
@@ -136,7 +136,7 @@ TEST_F(ReviewRowsTest, OpenCategoriesStayOpenWhenTheListChanges) {
 TEST_F(ReviewRowsTest, AnotherListIsShownAfreshAndAGoneOneNotAtAll) {
     desk.find({safeItem("/c/1")});
     rows.toggleExpanded(0);
-    CleanDesk other;
+    CleanFixture other;
     other.find({safeItem("/c/7"), reviewItem("/c/8")});
     rows.setSource(other.list.get());
     EXPECT_THAT(lines(), ElementsAre("- [~] App caches"));

@@ -1,7 +1,7 @@
 #include "cleaning/CleaningHome.h"
 #include "core/ByteCount.h"
 #include "disk/FileSizer.h"
-#include "models/clean/CleanDesk.h"
+#include "models/clean/CleanFixture.h"
 #include "models/clean/TrashEmptier.h"
 
 #include <gtest/gtest.h>

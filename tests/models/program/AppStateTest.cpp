@@ -1,6 +1,6 @@
 #include "models/clean/CleanState.h"
 #include "models/program/LoginItem.h"
-#include "models/program/StateDesk.h"
+#include "models/program/StateFixture.h"
 
 #include <QSignalSpy>
 
@@ -11,13 +11,13 @@ namespace tavrel {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::StateDesk;
+using testing::StateFixture;
 
 class AppStateTest : public ::testing::Test {
   protected:
     [[nodiscard]] AppState& state() { return *desk.state; }
 
-    StateDesk desk;
+    StateFixture desk;
 };
 
 TEST_F(AppStateTest, ChoosingATabLeavesTheSettingsEvenForTheSameTab) {

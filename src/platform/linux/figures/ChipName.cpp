@@ -62,7 +62,7 @@ std::string makerInProcessors(std::string_view cpuinfo) {
 }
 
 std::string tidied(std::string_view name) {
-    std::string text = Text::repaired(name.substr(0, std::min(name.find('@'), name.find('\0'))));
+    std::string text = Text::replaceInvalidUtf8(name.substr(0, std::min(name.find('@'), name.find('\0'))));
     for (const std::string_view mark : {"(R)", "(r)", "(TM)", "(tm)", "®", "™"}) removeAll(text, mark);
     // Graphics on the same chip have a figure of their own.
     for (const std::string_view graphics : {" with Radeon", " w/ Radeon"}) {

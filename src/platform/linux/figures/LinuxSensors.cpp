@@ -138,7 +138,7 @@ std::optional<std::string> LinuxSensors::connectionKind() {
     if (Attributes::number(interface / "type") == ethernet && Files::exists(interface / "device")) {
         return "Ethernet";
     }
-    return Text::repaired(*name);
+    return Text::replaceInvalidUtf8(*name);
 }
 
 std::optional<double> LinuxSensors::loadAverage() {

@@ -244,8 +244,8 @@ std::vector<Sensors::Accessory> accessories(const std::vector<PowerSupply>& supp
         const Number capacity = each.capacity();
         if (!capacity) continue;
         const std::string model = each.text("model_name");
-        found.push_back(
-            {Text::repaired(model.empty() ? each.name : model), static_cast<std::int64_t>(*capacity)});
+        found.push_back({Text::replaceInvalidUtf8(model.empty() ? each.name : model),
+                         static_cast<std::int64_t>(*capacity)});
     }
     return accessoriesByName(found);
 }

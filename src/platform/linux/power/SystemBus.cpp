@@ -126,10 +126,10 @@ std::optional<std::vector<std::string>> SystemBus::objects(const BusObject& obje
 }
 
 bool SystemBus::isConnected() {
-    if (address_.empty() || (silentUntil_ && now_() < *silentUntil_)) return false;
-    silentUntil_.reset();
+    if (address_.empty() || (retryAfter_ && now_() < *retryAfter_)) return false;
+    retryAfter_.reset();
     if (!connection_) connection_ = connect();
-    if (!connection_) beSilent();
+    if (!connection_) startBackoff();
     return connection_ != nullptr;
 }
 
@@ -172,13 +172,13 @@ SystemBus::Message SystemBus::ask(const BusObject& object, const std::string& in
         sd_bus_call(connection_.get(), made, static_cast<std::uint64_t>(limit.count()), nullptr, &reply);
     if (result >= 0) return Message(reply);
     // Else the service is not there, or does not know the object, which it says at once.
-    if (result == -ETIMEDOUT || sd_bus_is_open(connection_.get()) <= 0) beSilent();
+    if (result == -ETIMEDOUT || sd_bus_is_open(connection_.get()) <= 0) startBackoff();
     return nullptr;
 }
 
-void SystemBus::beSilent() {
+void SystemBus::startBackoff() {
     connection_.reset();
-    silentUntil_ = now_() + silence;
+    retryAfter_ = now_() + silence;
 }
 
 }  // namespace tavrel

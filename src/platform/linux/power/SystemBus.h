@@ -57,12 +57,12 @@ class SystemBus {
     [[nodiscard]] Connection connect() const;
     [[nodiscard]] Message ask(const BusObject& object, const std::string& interface,
                               const std::string& method, const std::vector<std::string>& arguments);
-    void beSilent();
+    void startBackoff();
 
     std::string address_;
     Now now_;
     Connection connection_;
-    std::optional<Time> silentUntil_;
+    std::optional<Time> retryAfter_;
 };
 
 /// The value under a name if it is of that kind.

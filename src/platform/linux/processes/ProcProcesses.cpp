@@ -76,9 +76,9 @@ std::string wholeName(int procFolder, std::int32_t pid, const std::string& kept)
         const std::size_t at = program.find(kept);
         if (at != std::string_view::npos) program = program.substr(0, program.find(' ', at + kept.size()));
         program.remove_prefix(program.rfind('/') + 1);  // nothing when there is no slash
-        if (program.starts_with(kept)) return Text::repaired(program);
+        if (program.starts_with(kept)) return Text::replaceInvalidUtf8(program);
     }
-    return Text::repaired(kept);
+    return Text::replaceInvalidUtf8(kept);
 }
 
 }  // namespace
@@ -101,7 +101,7 @@ std::vector<ProcessInfo> ProcProcesses::snapshot() {
     if (!before_ || time_.now() - before_->at >= oldestLook) before_ = look();
     const Duration missing = shortestSpan - (time_.now() - before_->at);
     if (missing > 0ns) time_.wait(missing);
-    Look after = look();
+    Snapshot after = look();
     std::vector<ProcessInfo> listed;
     if (!before_->samples.empty()) {  // else every process would seem new
         compare(*before_, after);
@@ -111,8 +111,8 @@ std::vector<ProcessInfo> ProcProcesses::snapshot() {
     return listed;
 }
 
-ProcProcesses::Look ProcProcesses::look() const {
-    Look seen{.at = time_.now()};
+ProcProcesses::Snapshot ProcProcesses::look() const {
+    Snapshot seen{.at = time_.now()};
     if (before_) seen.samples.reserve(before_->samples.size() + before_->samples.size() / 8);
     const FileHandle folder = openFolder(procRoot_);
     Buffer buffer;
@@ -132,7 +132,7 @@ ProcProcesses::Look ProcProcesses::look() const {
     return seen;
 }
 
-void ProcProcesses::compare(const Look& before, Look& after) const {
+void ProcProcesses::compare(const Snapshot& before, Snapshot& after) const {
     const double seconds = std::chrono::duration<double>(after.at - before.at).count();
     if (seconds <= 0) return;
     std::uint64_t latestStart = 0;
@@ -152,7 +152,7 @@ void ProcProcesses::compare(const Look& before, Look& after) const {
     }
 }
 
-std::vector<ProcessInfo> ProcProcesses::described(const Look& look) const {
+std::vector<ProcessInfo> ProcProcesses::described(const Snapshot& look) const {
     std::vector<const Sample*> chosen;
     chosen.reserve(look.samples.size());
     for (const Sample& sample : look.samples) chosen.push_back(&sample);

@@ -55,19 +55,19 @@ class ProcProcesses final : public ProcessSource {
         double cpu = 0;           // as in ProcessInfo, once compared with the earlier look
         std::string name;         // as the kernel keeps it
     };
-    struct Look {
+    struct Snapshot {
         Duration at{};
         std::vector<Sample> samples;  // by pid
     };
 
-    [[nodiscard]] Look look() const;
-    void compare(const Look& before, Look& after) const;
-    [[nodiscard]] std::vector<ProcessInfo> described(const Look& look) const;
+    [[nodiscard]] Snapshot look() const;
+    void compare(const Snapshot& before, Snapshot& after) const;
+    [[nodiscard]] std::vector<ProcessInfo> described(const Snapshot& look) const;
 
     std::filesystem::path procRoot_;
     Time time_;
     Machine machine_;
-    std::optional<Look> before_;
+    std::optional<Snapshot> before_;
 };
 
 }  // namespace tavrel

@@ -1,4 +1,4 @@
-#include "disk/Tally.h"
+#include "disk/SizeAccumulator.h"
 
 #include "core/CheckedSum.h"
 
@@ -20,31 +20,33 @@ void add(DiskIndex::Info& sum, std::int64_t bytes, std::int64_t files) {
 
 }  // namespace
 
-void Tally::take(const FolderEntry& entry, std::uint64_t ordinal, Haul& haul) const {
+void SizeAccumulator::take(const FolderEntry& entry, std::uint64_t ordinal, FolderTotals& totals) const {
     if (entry.kind == FolderEntry::Kind::file && entry.links > 1) {
-        haul.finds.push_back({.ordinal = ordinal, .allocated = entry.allocated, .key = linkKey(entry)});
+        totals.candidates.push_back(
+            {.ordinal = ordinal, .allocated = entry.allocated, .key = linkKey(entry)});
     } else {
-        haul.bytes = addBytes(haul.bytes, entry.allocated);
-        ++haul.files;
+        totals.bytes = addBytes(totals.bytes, entry.allocated);
+        ++totals.files;
     }
 }
 
-void Tally::gather(const std::shared_ptr<WalkFolder>& folder, Haul haul, std::size_t toCome) {
+void SizeAccumulator::addFolder(const std::shared_ptr<WalkFolder>& folder, FolderTotals totals,
+                                std::size_t pendingChildren) {
     openAccount(*folder);
     Account& account = accounts_[folder->account];
-    add(account.sum, addBytes(haul.bytes, folder->allocated), haul.files);
-    for (const Find& find : haul.finds) claim(folder, find);
-    account.toCome += toCome;
+    add(account.sum, addBytes(totals.bytes, folder->allocated), totals.files);
+    for (const FileCandidate& candidate : totals.candidates) claim(folder, candidate);
+    account.pendingChildren += pendingChildren;
     settle(folder->account);
 }
 
-void Tally::passOver(const WalkFolder& parent) {
+void SizeAccumulator::folderSkipped(const WalkFolder& parent) {
     settle(parent.account);
 }
 
 /// A folder without an account of its own was counted as to come in the account above; one with its own
 /// counts there until all below it is finished.
-void Tally::openAccount(WalkFolder& folder) {
+void SizeAccumulator::openAccount(WalkFolder& folder) {
     const std::size_t above = folder.parent ? folder.parent->account : 0;
     if (folder.parent && folder.level > recordDepth_) {
         folder.account = above;
@@ -52,30 +54,30 @@ void Tally::openAccount(WalkFolder& folder) {
     }
     folder.account = accounts_.size();
     accounts_.push_back(
-        {.parent = above, .path = folder.parent ? folder.path() : std::string(), .toCome = 1});
+        {.parent = above, .path = folder.parent ? folder.path() : std::string(), .pendingChildren = 1});
 }
 
 /// One thing less to come; a finished account is one thing less for the account above.
-void Tally::settle(std::size_t account) {
-    while (--accounts_[account].toCome == 0 && account != 0) account = accounts_[account].parent;
+void SizeAccumulator::settle(std::size_t account) {
+    while (--accounts_[account].pendingChildren == 0 && account != 0) account = accounts_[account].parent;
 }
 
-void Tally::claim(const std::shared_ptr<WalkFolder>& folder, const Find& find) {
-    Link link{.position = {folder, find.ordinal}, .allocated = find.allocated};
-    const auto [known, isNew] = links_.try_emplace(find.key, link);
+void SizeAccumulator::claim(const std::shared_ptr<WalkFolder>& folder, const FileCandidate& candidate) {
+    Link link{.position = {folder, candidate.ordinal}, .allocated = candidate.allocated};
+    const auto [known, isNew] = links_.try_emplace(candidate.key, link);
     if (!isNew && link.position.precedes(known->second.position)) known->second = std::move(link);
 }
 
-DiskIndex::Measurement Tally::result() && {
+DiskIndex::Measurement SizeAccumulator::result() && {
     DiskIndex::Measurement measurement;
     for (const auto& [key, link] : links_)
         add(accounts_[link.position.folder->account].sum, link.allocated, 1);
     for (; accounts_.size() > 1; accounts_.pop_back()) {
         Account& account = accounts_.back();
         add(accounts_[account.parent].sum, account.sum.size, account.sum.files);
-        if (account.toCome == 0) measurement.folders.emplace(std::move(account.path), account.sum);
+        if (account.pendingChildren == 0) measurement.folders.emplace(std::move(account.path), account.sum);
     }
-    if (!accounts_.empty() && accounts_.front().toCome == 0) {
+    if (!accounts_.empty() && accounts_.front().pendingChildren == 0) {
         measurement.size = accounts_.front().sum.size;
         measurement.files = accounts_.front().sum.files;
     }

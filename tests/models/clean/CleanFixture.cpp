@@ -1,8 +1,8 @@
-#include "models/clean/CleanDesk.h"
+#include "models/clean/CleanFixture.h"
 
 namespace tavrel::testing {
 
-CleanDesk::CleanDesk(const std::string& action, const std::optional<std::string>& settings)
+CleanFixture::CleanFixture(const std::string& action, const std::optional<std::string>& settings)
     : defaults(settings ? sandbox.text("settings.plist", *settings) : sandbox.path("settings.plist")),
       preferences(defaults, sandbox.path("home")) {
     const CleanServices services = {
@@ -21,7 +21,7 @@ CleanDesk::CleanDesk(const std::string& action, const std::optional<std::string>
         action, [this](auto done) { search.begin(std::move(done)); }, services);
 }
 
-CleanDesk::~CleanDesk() {
+CleanFixture::~CleanFixture() {
     list.reset();
     if (search.isRunning()) endScan({});
     if (runner.cleaning.isRunning()) runner.report({});
@@ -29,18 +29,18 @@ CleanDesk::~CleanDesk() {
     clock.drain();
 }
 
-void CleanDesk::find(const Items& items) {
+void CleanFixture::find(const Items& items) {
     list->scan();
     endScan(items);
 }
 
-void CleanDesk::clean(const CleanReport& report) {
+void CleanFixture::clean(const CleanReport& report) {
     list->clean();
     runner.report(report);
     clock.drain();
 }
 
-void CleanDesk::reach(Stage stage) {
+void CleanFixture::reach(Stage stage) {
     const Items items = {safeItem("/a/selected"), reviewItem("/a/other")};
     if (stage == Stage::Idle) return;
     list->scan();
@@ -53,7 +53,7 @@ void CleanDesk::reach(Stage stage) {
     clock.drain();
 }
 
-std::vector<std::string> CleanDesk::names(const Items& items) {
+std::vector<std::string> CleanFixture::names(const Items& items) {
     std::vector<std::string> names;
     names.reserve(items.size());
     for (const CleanItem& item : items) names.push_back(item.url.filename().native());

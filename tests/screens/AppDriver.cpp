@@ -1,4 +1,4 @@
-#include "screens/Stage.h"
+#include "screens/AppDriver.h"
 
 #include "models/show/FakeIconSource.h"
 #include "platform/linux/desktop/LinuxLaunchAtLogin.h"
@@ -38,7 +38,7 @@ Stage::Stage() : mac_(disk_.root()) {
     start();
 }
 
-Stage::~Stage() {
+Stage::~AppDriver() {
     program_.reset();
 }
 

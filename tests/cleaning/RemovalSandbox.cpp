@@ -1,4 +1,4 @@
-#include "cleaning/Stage.h"
+#include "cleaning/RemovalSandbox.h"
 
 #include "cleaning/FlatTrash.h"
 #include "cleaning/FreedesktopTrash.h"
@@ -12,17 +12,17 @@ namespace tavrel::testing {
 
 namespace fs = std::filesystem;
 
-Stage::Stage() {
+RemovalSandbox::RemovalSandbox() {
     sandbox.folder("home");
     sandbox.text("outside/canary", "alive");
     sandbox.text("outside/folder/canary", "alive too");
 }
 
-SafetyGuard Stage::guard() const {
+SafetyGuard RemovalSandbox::guard() const {
     return {.home = home(), .protectedPaths = {}, .extraRoots = {}, .lists = {}};
 }
 
-Removal::Target Stage::target(const FolderAccess& access, const Path& path) const {
+Removal::Target RemovalSandbox::target(const FolderAccess& access, const Path& path) const {
     const auto seen = Removal::identify(access, path);
     const auto verdict = guard().check(path);
     if (!seen || !verdict.isAllowed()) throw std::runtime_error("no target at " + path.native());

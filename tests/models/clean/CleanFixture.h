@@ -67,17 +67,18 @@ class HeldRunner final : public CleanRunner {
 
 /// A list of removable things whose searches and removals end when the test says so, with everything that it
 /// asks for, in time that stands still.
-class CleanDesk {
+class CleanFixture {
   public:
     using Items = CleanListModel::Items;
     using Stage = CleanListModel::Stage;
 
     /// `settings` is the content of the file with the preferences; none when absent.
-    explicit CleanDesk(const std::string& action = "clean", const std::optional<std::string>& settings = {});
+    explicit CleanFixture(const std::string& action = "clean",
+                          const std::optional<std::string>& settings = {});
     /// The work that is still held ends after the list is gone.
-    ~CleanDesk();
-    CleanDesk(const CleanDesk&) = delete;
-    CleanDesk& operator=(const CleanDesk&) = delete;
+    ~CleanFixture();
+    CleanFixture(const CleanFixture&) = delete;
+    CleanFixture& operator=(const CleanFixture&) = delete;
 
     /// A whole scan with this result.
     void find(const Items& items);

@@ -17,11 +17,11 @@
 namespace tavrel::testing {
 
 /// A home to clean and, beside it, an outside that has to survive whatever happens in the home.
-class Stage {
+class RemovalSandbox {
   public:
     using Path = std::filesystem::path;
 
-    Stage();
+    RemovalSandbox();
 
     [[nodiscard]] Path home() const { return sandbox.path("home"); }
     [[nodiscard]] Path outside() const { return sandbox.path("outside"); }

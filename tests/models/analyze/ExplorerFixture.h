@@ -1,7 +1,7 @@
 #pragma once
 
 #include "models/analyze/AnalyzeModel.h"
-#include "models/clean/CleanDesk.h"
+#include "models/clean/CleanFixture.h"
 #include "models/program/Preferences.h"
 #include "support/ManualClock.h"
 #include "support/Sandbox.h"
@@ -72,13 +72,13 @@ class HeldDiskWork final : public DiskWork {
 };
 
 /// The explorer over a disk that the test makes up, in time that stands still.
-class ExplorerDesk {
+class ExplorerFixture {
   public:
     using Path = std::filesystem::path;
     /// What a folder holds: bytes of a file; no bytes for a folder.
     using Things = std::map<std::string, std::optional<std::int64_t>>;
 
-    ExplorerDesk() {
+    ExplorerFixture() {
         model = std::make_unique<AnalyzeModel>(AnalyzeServices{
             .places = {sandbox.root(), home(), {}},
             .clock = clock,
@@ -93,12 +93,12 @@ class ExplorerDesk {
                 },
         });
     }
-    ~ExplorerDesk() {
+    ~ExplorerFixture() {
         model.reset();
         if (runner.cleaning.isRunning()) runner.report({});
     }
-    ExplorerDesk(const ExplorerDesk&) = delete;
-    ExplorerDesk& operator=(const ExplorerDesk&) = delete;
+    ExplorerFixture(const ExplorerFixture&) = delete;
+    ExplorerFixture& operator=(const ExplorerFixture&) = delete;
 
     [[nodiscard]] Path home() const { return sandbox.root() / "home"; }
     [[nodiscard]] Path at(const std::string& name) const { return home() / name; }

@@ -17,12 +17,12 @@ namespace tavrel::testing {
 
 /// The whole program over a small sample Mac, in stepped time, with what a person can do to it: read, press,
 /// type. A warning of the screens fails the test.
-class Stage {
+class AppDriver {
   public:
-    Stage();
-    ~Stage();
-    Stage(const Stage&) = delete;
-    Stage& operator=(const Stage&) = delete;
+    AppDriver();
+    ~AppDriver();
+    AppDriver(const AppDriver&) = delete;
+    AppDriver& operator=(const AppDriver&) = delete;
 
     /// Ends the program and starts it again over the same disk.
     void restart();

@@ -27,9 +27,9 @@ namespace tavrel::testing {
 
 /// The state of the whole program over a small sample disk: real searches and real removals, in stepped time
 /// and without a window.
-class StateDesk {
+class StateFixture {
   public:
-    StateDesk() : mac(sandbox.folder("disk")), profile(withStick(mac.profile())) {}
+    StateFixture() : mac(sandbox.folder("disk")), profile(withStick(mac.profile())) {}
 
     /// Searches to the end; whether it came there.
     [[nodiscard]] bool scan(CleanListModel& list) {

@@ -38,7 +38,7 @@ class QtWindowSystemTest : public ::testing::Test {
             AppDelegate::Hooks{.createStatusItem = [] {},
                                .setHidden = [this](bool value) { hidden.push_back(value); }});
         delegate->applicationWillFinishLaunching();
-        windows.tell(*delegate);
+        windows.setDelegate(*delegate);
         if (!delegate->startsQuietly()) windows.openMainWindow();
         delegate->applicationDidFinishLaunching();
         QTest::qWait(20);
@@ -149,10 +149,10 @@ TEST_F(QtWindowSystemTest, EndsWithTheWindowWhenThatIsTheOnlyWayIn) {
     launch(Start::byUser);
     reachable = false;
     EXPECT_FALSE(endsProgram([this] { windows.endIfUnreachable(); })) << "the window is there";
-    windows.tell(*delegate);
+    windows.setDelegate(*delegate);
     window->staysOpen = true;
     EXPECT_FALSE(endsProgram([this] { window->close(); })) << "a window that declines";
-    windows.tell(*delegate);
+    windows.setDelegate(*delegate);
     window->staysOpen = false;
     EXPECT_TRUE(endsProgram([this] { window->close(); }));
 }
@@ -160,7 +160,7 @@ TEST_F(QtWindowSystemTest, EndsWithTheWindowWhenThatIsTheOnlyWayIn) {
 TEST_F(QtWindowSystemTest, EndsWhenTheLastWayInGoes) {
     launch(Start::byLogin);
     EXPECT_FALSE(endsProgram([this] { windows.endIfUnreachable(); }));
-    windows.tell(*delegate);
+    windows.setDelegate(*delegate);
     reachable = false;
     EXPECT_TRUE(endsProgram([this] { windows.endIfUnreachable(); }));
 }

@@ -33,16 +33,16 @@ bool isButton(const QQuickItem& item) {
 
 }  // namespace
 
-Stage::Stage() : mac_(disk_.root()) {
+AppDriver::AppDriver() : mac_(disk_.root()) {
     mac_.fill(0.01);
     start();
 }
 
-Stage::~AppDriver() {
+AppDriver::~AppDriver() {
     program_.reset();
 }
 
-void Stage::start() {
+void AppDriver::start() {
     auto profile = mac_.profile();
     auto login = std::make_unique<LinuxLaunchAtLogin>(profile.places.autostart(), "/usr/bin/tavrel",
                                                       LinuxLaunchAtLogin::Start::byUser);
@@ -69,12 +69,12 @@ void Stage::start() {
     settle();
 }
 
-void Stage::restart() {
+void AppDriver::restart() {
     program_.reset();
     start();
 }
 
-std::vector<QQuickItem*> Stage::items(const std::function<bool(QQuickItem&)>& wanted) {
+std::vector<QQuickItem*> AppDriver::items(const std::function<bool(QQuickItem&)>& wanted) {
     std::vector<QQuickItem*> found;
     walk(*window_->contentItem(), [&](QQuickItem& item) {
         if (canBeSeen(item) && wanted(item)) found.push_back(&item);
@@ -82,7 +82,7 @@ std::vector<QQuickItem*> Stage::items(const std::function<bool(QQuickItem&)>& wa
     return found;
 }
 
-QStringList Stage::texts() {
+QStringList AppDriver::texts() {
     QStringList all;
     for (const QQuickItem* item : items([](QQuickItem& each) { return each.inherits("QQuickText"); })) {
         const QString text = item->property("text").toString();
@@ -91,14 +91,14 @@ QStringList Stage::texts() {
     return all;
 }
 
-QString Stage::textWith(const QString& part) {
+QString AppDriver::textWith(const QString& part) {
     for (const QString& text : texts()) {
         if (text.contains(part)) return text;
     }
     return {};
 }
 
-void Stage::press(const QString& text) {
+void AppDriver::press(const QString& text) {
     const auto buttons = items([&](QQuickItem& item) {
         return isButton(item) && item.isEnabled() && item.property("text").toString() == text;
     });
@@ -110,12 +110,12 @@ void Stage::press(const QString& text) {
     settle();
 }
 
-void Stage::type(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+void AppDriver::type(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(window_, key, modifiers);
     settle();
 }
 
-void Stage::until(const std::string& what, const std::function<bool()>& reached) {
+void AppDriver::until(const std::string& what, const std::function<bool()>& reached) {
     constexpr qint64 patience = 60'000;  // milliseconds
     constexpr double step = 0.05;        // seconds
     QElapsedTimer waited;
@@ -128,7 +128,7 @@ void Stage::until(const std::string& what, const std::function<bool()>& reached)
     settle();
 }
 
-void Stage::settle() {
+void AppDriver::settle() {
     constexpr int rounds = 5;
     for (int round = 0; round < rounds; ++round) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -252,8 +252,8 @@ std::vector<CleanItem> JunkScanner::scan(const std::set<CleanCategory>& categori
     if (categories.contains(editors))
         append(items, SpecialScanners::oldEditorExtensions(context.home, safety));
     if (categories.contains(trash)) {
-        const SafetyGuard admitsVolumes = safety.withRoots(tables_.volumeTrashes);
-        SpecialScanners::VolumeTrashes trashes = tables_.volumeTrashes;
+        SpecialScanners::VolumeTrashes trashes = tables_.volumeTrashes();
+        const SafetyGuard admitsVolumes = safety.withRoots(trashes);
         if (tables_.homeTrash) trashes.push_back(*tables_.homeTrash);
         append(items, SpecialScanners::trashed(trashes, tables_.trashReviewDays, admitsVolumes, context.now));
     }

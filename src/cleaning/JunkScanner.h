@@ -29,7 +29,10 @@ class JunkScanner {
         std::vector<SpecialScanners::WebCachePlaces> webCaches;
         std::vector<SpecialScanners::ContainerPlace> containers;
         SpecialScanners::SystemPlaces system;
-        SpecialScanners::VolumeTrashes volumeTrashes;
+        /// Looks for the user's Trashes on the mounted volumes. Blocks as long as a volume does not answer.
+        std::function<SpecialScanners::VolumeTrashes()> volumeTrashes = [] {
+            return SpecialScanners::VolumeTrashes();
+        };
         std::optional<std::filesystem::path> homeTrash;  // where no rule takes what lies in it
         std::optional<SpecialScanners::SharedRuntimes> userRuntimes;
         int trashReviewDays = 0;  // see SpecialScanners::trashed

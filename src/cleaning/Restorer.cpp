@@ -33,7 +33,7 @@ Path bytes(const std::string& text) {
 /// What runs put into the Trashes, each entry of which only one run can have put there.
 class Search {
   public:
-    Search(const Trash& trash, const std::vector<Path>& volumes) : trash_(trash), volumes_(volumes) {}
+    Search(const Trash& trash, const Restorer::Volumes& volumes) : trash_(trash), volumes_(volumes) {}
 
     void findRecorded(Restorer::Run& run);
     void findByNotes(Restorer::Run& run);
@@ -46,7 +46,7 @@ class Search {
     [[nodiscard]] bool mayBeInTrash(const Path& path) const;
 
     const Trash& trash_;
-    const std::vector<Path>& volumes_;
+    const Restorer::Volumes& volumes_;
     std::set<Path> taken_;
     std::optional<std::multimap<Path, Trash::Entry>> notes_;
     bool hasNotes_ = true;
@@ -89,7 +89,7 @@ void Search::findByNotes(Restorer::Run& run) {
 void Search::readNotes() {
     if (notes_) return;
     notes_.emplace();
-    auto folders = volumes_;
+    auto folders = volumes_ ? volumes_() : std::vector<Path>();
     folders.push_back(trash_.contents());
     for (const Path& folder : folders) {
         const auto entries = trash_.noted(folder);

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -43,8 +44,10 @@ class Restorer {
     };
     using Runs = std::vector<Run>;
 
-    /// `volumes` are the contents of the Trashes on other volumes. `trash` is borrowed.
-    Restorer(const Trash& trash, std::vector<Path> volumes) : trash_(trash), volumes_(std::move(volumes)) {}
+    /// `volumes` returns the contents folders of the Trashes on other volumes. `runs` calls it if it needs
+    /// them; it may be empty. `trash` is borrowed.
+    using Volumes = std::function<std::vector<Path>()>;
+    Restorer(const Trash& trash, Volumes volumes) : trash_(trash), volumes_(std::move(volumes)) {}
 
     /// What became of the runs of a record, in its order, which is the newest first.
     [[nodiscard]] Runs runs(std::vector<History::Entry> entries) const;
@@ -57,7 +60,7 @@ class Restorer {
     [[nodiscard]] Removal::Outcome putBack(const Item& item, Trash::Act act) const;
 
     const Trash& trash_;
-    std::vector<Path> volumes_;
+    Volumes volumes_;
 };
 
 }  // namespace tavrel

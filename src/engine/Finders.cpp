@@ -19,7 +19,7 @@ constexpr int recentInstallerDays = 7;
 
 SafetyGuard Finders::guard(CleanMode mode, const PreferenceValues& preferences) const {
     std::vector<Path> extraRoots;
-    if (mode == CleanMode::system) extraRoots = profile_.scan.volumeTrashes;
+    if (mode == CleanMode::system) extraRoots = profile_.scan.volumeTrashes();
     if (mode == CleanMode::installers) extraRoots = {profile_.places.applications()};
     return profile_.safetyGuard(preferences, std::move(extraRoots));
 }

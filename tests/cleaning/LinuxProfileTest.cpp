@@ -139,7 +139,8 @@ TEST_F(LinuxProfileTest, ReadsTheTrashesOfMountedVolumes) {
     const std::string root = disk.root().native();
     const std::string mounts = "/dev/a " + root + "/a\\040b ext4 rw 0 0\n/dev/c " + root +
                                "/c vfat rw 0 0\n/dev/d " + root + "/d ext4 rw 0 0\nserver:/x " + root +
-                               "/net nfs4 rw 0 0\n/dev/e " + root + "/e ext4 rw 0 0\nbroken\n";
+                               "/net nfs4 rw 0 0\n/dev/e " + root + "/e ext4 rw 0 0\nportal " + root +
+                               "/net fuse.portal rw 0 0\nbroken\n";
     EXPECT_EQ(Linux::volumeTrashes(mounts, 1000, "/none"), (std::vector{shared, own}));
 
     disk.file("c/.Trash-1000/files/thing", 10);

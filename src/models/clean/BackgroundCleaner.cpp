@@ -50,7 +50,7 @@ CleanRunner::Report runClean(const Cleaner::Tools& tools, CleanJob job, QObject*
 }  // namespace
 
 BackgroundCleaner::BackgroundCleaner(Cleaner::Tools tools, std::shared_ptr<const void> owner,
-                                     std::vector<std::filesystem::path> volumes)
+                                     Restorer::Volumes volumes)
     : tools_(std::move(tools)), restorer_(tools_.trash, std::move(volumes)), owner_(std::move(owner)) {}
 
 void BackgroundCleaner::clean(CleanJob job, Done<Report> done) {

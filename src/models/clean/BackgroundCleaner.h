@@ -14,10 +14,10 @@ namespace tavrel {
 /// asked for: none is cut off half way. Nobody waits for a look into the Trash.
 class BackgroundCleaner final : public CleanRunner {
   public:
-    /// `owner` keeps what `tools` borrows, and is kept as long as any thread uses that. `volumes` are the
-    /// contents of the Trashes on other volumes.
+    /// `owner` keeps what `tools` borrows, and is kept as long as any thread uses that. `volumes` finds
+    /// the Trashes on other volumes and is called in the background.
     BackgroundCleaner(Cleaner::Tools tools, std::shared_ptr<const void> owner,
-                      std::vector<std::filesystem::path> volumes = {});
+                      Restorer::Volumes volumes = {});
 
     void clean(CleanJob job, Done<Report> done) override;
     void emptyTrash(Done<std::int64_t> done) override;

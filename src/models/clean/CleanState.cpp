@@ -3,7 +3,9 @@
 #include "engine/Finders.h"
 
 #include <array>
+#include <filesystem>
 #include <utility>
+#include <vector>
 
 namespace tavrel {
 
@@ -12,6 +14,11 @@ namespace {
 std::string action(CleanMode mode) {
     return std::string(CleanModes::action(mode));
 }
+
+struct Scan {
+    std::vector<std::filesystem::path> roots;
+    CleanListModel::Found found;
+};
 
 }  // namespace
 
@@ -26,23 +33,26 @@ CleanState::CleanState(const Profile& profile, std::shared_ptr<const SystemTools
       installers_(action(CleanMode::installers), finder(CleanMode::installers), services_),
       history_(profile.places.history(), services_.runner),
       trashEmptier_(services_.runner) {
-    const Finders finders(profile_, *tools_);
-    for (const CleanMode mode : CleanModes::allCases) {
-        CleanListModel* each = list(mode);
-        each->setExtraRoots(finders.guard(mode, {}).extraRoots);
-        connect(each, &CleanListModel::phaseChanged, this, &CleanState::busyChanged);
-    }
+    for (const CleanMode mode : CleanModes::allCases)
+        connect(list(mode), &CleanListModel::phaseChanged, this, &CleanState::busyChanged);
 }
 
-/// A scan owns all that it uses, so that it may be abandoned.
+/// A scan owns all that it uses, so that it may be abandoned. It also finds the roots outside the home that
+/// the guard of a later clean admits: volumes are looked at in the background only.
 CleanListModel::Finder CleanState::finder(CleanMode mode) {
     return [this, mode](auto done) {
         auto scan = [profile = profile_, tools = tools_, mode, preferences = services_.preferences.values(),
-                     now = services_.clock.now()]() -> CleanListModel::Found {
+                     now = services_.clock.now()] {
             const Finders finders(profile, *tools);
-            return std::make_shared<const CleanListModel::Items>(finders.find(mode, preferences, now));
+            return Scan{
+                .roots = finders.guard(mode, preferences).extraRoots,
+                .found = std::make_shared<const CleanListModel::Items>(finders.find(mode, preferences, now)),
+            };
         };
-        scans_.run(std::move(scan), std::move(done));
+        scans_.run(std::move(scan), [this, mode, done = std::move(done)](Scan end) {
+            list(mode)->setExtraRoots(std::move(end.roots));
+            done(std::move(end.found));
+        });
     };
 }
 

@@ -50,8 +50,9 @@ JunkScanner::Tables scanTables(const Places& places, const Path& downloads) {
                                .installation = places.trash().parent_path() / "flatpak",
                                .others = {places.resolve("/var/lib/flatpak")},
                                .owner = SpecialScanners::SharedRuntimes::Owner::user};
-        tables.volumeTrashes =
-            Linux::volumeTrashes(Files::read("/proc/self/mounts").value_or(""), ::getuid(), places.trash());
+        tables.volumeTrashes = [homeTrash = places.trash()] {
+            return Linux::volumeTrashes(Files::read("/proc/self/mounts").value_or(""), ::getuid(), homeTrash);
+        };
     }
     return tables;
 }

@@ -102,9 +102,11 @@ SpecialScanners::SystemPlaces systemPlaces(const Places& places) {
 
 namespace {
 
-/// File systems whose answers may never come.
-const std::set<std::string> remote = {"nfs",        "nfs4",        "cifs", "smb3", "autofs",
-                                      "fuse.sshfs", "fuse.rclone", "9p",   "afs"};
+/// Whether a file system of this type asks another machine or process, whose answer may never come.
+bool isRemote(const std::string& type) {
+    static const std::set<std::string> types = {"nfs", "nfs4", "cifs", "smb3", "autofs", "9p", "afs", "fuse"};
+    return types.contains(type) || type.starts_with("fuse.");
+}
 
 /// A mount point as the kernel writes it: blanks, tabs, newlines and backslashes as three octal digits.
 Path decoded(std::string_view text) {
@@ -131,7 +133,7 @@ SpecialScanners::VolumeTrashes volumeTrashes(std::string_view mounts, unsigned u
     for (std::string line; std::getline(lines, line);) {
         std::istringstream fields(line);
         std::string device, point, type;
-        if (!(fields >> device >> point >> type) || remote.contains(type)) continue;
+        if (!(fields >> device >> point >> type) || isRemote(type)) continue;
         const Path top = decoded(point);
         const std::string id = std::to_string(user);
         for (const Path& trash : {top / ".Trash" / id, top / (".Trash-" + id)}) {

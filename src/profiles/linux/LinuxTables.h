@@ -32,7 +32,8 @@ namespace tavrel::Linux {
 [[nodiscard]] SpecialScanners::SystemPlaces systemPlaces(const Places& places);
 
 /// The folders of deleted files on the volumes mounted in `mounts` (the text of /proc/self/mounts) that
-/// belong to `user`; no folder that is reached through a link.
+/// belong to `user`; no folder that is reached through a link, and none on a remote or FUSE mount, which may
+/// not answer.
 [[nodiscard]] SpecialScanners::VolumeTrashes volumeTrashes(std::string_view mounts, unsigned user,
                                                            const std::filesystem::path& homeTrash);
 

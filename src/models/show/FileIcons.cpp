@@ -50,6 +50,10 @@ std::optional<QImage> FileIcons::ownIcon(const Path& url) {
     return source_.iconForFile(url);
 }
 
+QImage FileIcons::folderIcon(const Path& url) {
+    return Paths::extension(url) == "app" ? source_.iconForFile(url) : source_.iconForFolder();
+}
+
 FileIcons::Application FileIcons::application(const Path& url) {
     if (Application bundle = enclosingBundle(url)) return bundle;
     if (Application owner = applicationByFolder(url)) return owner;

@@ -36,6 +36,8 @@ class FileIcons {
     [[nodiscard]] QImage icon(const CleanItem& item);
     /// The path's own icon where it has one: something is there, or it is called like an application.
     [[nodiscard]] std::optional<QImage> ownIcon(const Path& url);
+    /// The icon of a folder. Does not read the disk, so a mount that does not answer cannot block it.
+    [[nodiscard]] QImage folderIcon(const Path& url);
 
   private:
     using Application = std::optional<InstalledApplication>;

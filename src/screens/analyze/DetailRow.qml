@@ -18,6 +18,7 @@ EntryRow {
     readonly property color colour: OrbitPalette.colour(colorIndex)
 
     implicitHeight: 30
+    folderIcon: isFolder
     rightColumns: compact ? 174 : 222
     fill: lit ? Theme.faded(colour, 0.14) : hovered ? Theme.card : "transparent"
     description: measured ? sizeText + ", " + percentText + " %, " + filesText : qsTr("being measured")

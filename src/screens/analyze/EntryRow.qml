@@ -22,6 +22,7 @@ T.AbstractButton {
     property bool walkedTo: false  // by keyboard
     property bool clickMarks: false  // otherwise a click opens
     property int iconSize: 18
+    property bool folderIcon: false
     property real rightColumns: 0  // width of the columns to the right of the button
     property string description  // for screen readers, after the name
     property color fill: hovered ? Theme.card : "transparent"
@@ -92,6 +93,7 @@ T.AbstractButton {
             height: row.iconSize
             show: row.show
             file: row.url
+            folder: row.folderIcon
         }
         Item {
             id: columns

@@ -11,7 +11,8 @@ namespace tavrel {
 namespace {
 
 /// The icon of a path by its bytes. Rows come into view again and again, so that the last 2,000 are kept.
-QImage iconFor(FileIcons& icons, const FileIcons::Path& file) {
+QImage iconFor(FileIcons& icons, const FileIcons::Path& file, bool isFolder) {
+    if (isFolder) return icons.folderIcon(file);
     constexpr int most = 2000;
     static QCache<QByteArray, QImage> kept(most);  // for the main thread, as icons are
     const auto path = QByteArray::fromStdString(file.native());
@@ -25,20 +26,27 @@ QImage iconFor(FileIcons& icons, const FileIcons::Path& file) {
 }  // namespace
 
 void FileIconItem::setShow(ShowState* show) {
-    if (show_ == show) return;
-    show_ = show;
-    find();
+    set(show_, QPointer(show));
 }
 
 void FileIconItem::setFile(const QUrl& file) {
-    if (file_ == file) return;
-    file_ = file;
-    find();
+    set(file_, file);
 }
 
-void FileIconItem::find() {
-    if (show_ && !file_.isEmpty()) image_ = iconFor(show_->icons(), PathUrl::pathOf(file_));
+void FileIconItem::setFolder(bool folder) {
+    set(isFolder_, folder);
+}
+
+template <typename Value>
+void FileIconItem::set(Value& member, const Value& value) {
+    if (member == value) return;
+    member = value;
+    polish();
     Q_EMIT changed();
+}
+
+void FileIconItem::updatePolish() {
+    if (show_ && !file_.isEmpty()) image_ = iconFor(show_->icons(), PathUrl::pathOf(file_), isFolder_);
     update();
 }
 

@@ -90,6 +90,7 @@ Item {
             height: 28
             show: panel.show
             file: panel.explorer.folderUrl
+            folder: true
         }
         Column {
             id: facts

@@ -91,7 +91,9 @@ class StateFixture {
   private:
     /// A Mac with a stick that has a Trash of its own.
     [[nodiscard]] Profile withStick(Profile plain) const {
-        plain.scan.volumeTrashes = [this] { return std::vector{mac.at("/Volumes/Stick/.Trashes/501")}; };
+        plain.scan.volumeTrashes = [trash = mac.at("/Volumes/Stick/.Trashes/501")] {
+            return std::vector{trash};
+        };
         return plain;
     }
 };

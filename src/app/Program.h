@@ -36,7 +36,7 @@ class Program {
         Machine machine;
     };
 
-    /// As this system has them. `start` tells whether the login started this process.
+    /// The parts of the running system. `start` says whether the login started this process.
     enum class Start { byUser, byLogin };
     [[nodiscard]] static Parts partsOf(Profile profile, Start start);
 

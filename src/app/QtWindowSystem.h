@@ -28,8 +28,8 @@ class QtWindowSystem final : public QObject, public WindowSystem {
 
     explicit QtWindowSystem(Hooks hooks);
 
-    /// Until the event loop ends the delegate, which must live as long, hears what happens to the main
-    /// window. It is told at once how things stand.
+    /// Sets the receiver of the main window's events and reports the current state to it before returning.
+    /// `delegate` must outlive the event loop.
     void setDelegate(AppDelegate& delegate);
 
     /// The program was opened again: shows the main window, or brings it forward. The token is what a

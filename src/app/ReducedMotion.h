@@ -7,8 +7,8 @@
 
 namespace tavrel {
 
-/// Whether the user wants less motion on the screen, as the desktop's settings portal tells it. Asked without
-/// waiting; without a bus or a portal nothing is ever told.
+/// Reports whether the user wants less motion on the screen, from the desktop's settings portal. Calls never
+/// block. Without a bus or a portal `told` is never called.
 class ReducedMotion final : public QObject {
     Q_OBJECT
 

@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-/// Keeps the program to one running instance for each session: whoever owns the name "com.quennith.tavrel" on
+/// Keeps the program to one running instance for each session: the owner of the name "com.quennith.tavrel" on
 /// the session bus. A later start asks the owner to show its window, and ends.
 class SingleInstance final : public QObject {
     Q_OBJECT
@@ -16,7 +16,7 @@ class SingleInstance final : public QObject {
 
     enum class Claim {
         owner,       ///< the name is ours
-        handedOver,  ///< another instance runs and has been told: this one ends, with success
+        handedOver,  ///< another instance runs and was notified: this one ends, with success
         alone,       ///< there is no bus, or the owner does not answer: this one runs, without the name
     };
 
@@ -40,7 +40,7 @@ class SingleInstance final : public QObject {
     void release();
 
   Q_SIGNALS:
-    /// Somebody opened the program again. Comes from the event loop, after the caller has its answer. The
+    /// The program was opened again. Emitted from the event loop, after the caller has its answer. The
     /// token, empty on most systems, lets the window take the focus.
     void reopenAsked(const QString& activationToken);
     /// The bus has gone, and the name with it.

@@ -42,7 +42,7 @@ inline constexpr auto allCases = enumCases<CleanCategory, 19>();
 [[nodiscard]] std::optional<CleanCategory> fromRawValue(std::string_view text);
 
 [[nodiscard]] std::string title(CleanCategory category);
-/// What `user` reads below the title: root is not told of a password that nobody asks it for.
+/// The line below the title for `user`. Root's does not mention the password, since root is not prompted.
 [[nodiscard]] std::string summary(CleanCategory category, uid_t user = ::geteuid());
 /// The name of the group's icon in the symbol set.
 [[nodiscard]] std::string_view symbol(CleanCategory category);

@@ -25,7 +25,7 @@ struct CleanItem {
     bool permanent = false;                // delete outright: moving it would free nothing
     bool requiresAdmin = false;            // only root can remove it
     bool toTrash = false;                  // never deleted outright, whatever its category
-    bool isNoLink = false;                 // as it was found: a link in its place is another thing
+    bool isNoLink = false;                 // as it was found: a link in its place is another entry
     std::optional<ToolRun> rootTool;       // root runs it to remove this; `url` is then a name and no path
     std::vector<std::string> userCommand;  // program and arguments, run as the user; `url` is then a name
     Occupants occupants;                   // who may be at work with it

@@ -11,7 +11,7 @@
 /// What a clean says of itself, in the user's language: the one wording of window and command line.
 namespace tavrel::CleanTexts {
 
-/// What a list holds, as far as its headline tells.
+/// The figures of a list that its headline shows.
 struct Figures {
     std::size_t items = 0;
     std::size_t categories = 0;
@@ -42,7 +42,7 @@ struct Idle {
 [[nodiscard]] std::string putBack(const RestoreReport& report);
 [[nodiscard]] std::string wouldPutBack(const RestoreReport& report);
 
-/// What became of things of a run that cannot be put back.
+/// Sentences for items of a run that cannot be put back.
 [[nodiscard]] std::string erased(std::size_t count);
 [[nodiscard]] std::string notInTrash(std::size_t count);
 

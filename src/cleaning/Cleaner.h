@@ -22,8 +22,7 @@
 namespace tavrel {
 
 /// Removes what a person agreed to. Each item is vetted again at the moment of action, then deleted, moved to
-/// the Trash, or left to root in one batch; the report says what became of it and the history remembers the
-/// run.
+/// the Trash, or left to root in one batch; the report gives its outcome and the history records the run.
 class Cleaner {
   public:
     /// What a clean asks of the system, borrowed for the life of the cleaner.

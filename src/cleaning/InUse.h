@@ -11,8 +11,8 @@
 namespace tavrel::InUse {
 
 /// Whether one of the item's occupants runs, a lock in one of their profiles is held, or a process uses a
-/// file in the item or in such a profile. Names are compared without regard to letter case. True where it
-/// cannot be told, because the processes could not be listed or a lock could not be read.
+/// file in the item or in such a profile. Names are compared without regard to letter case. Also true if
+/// the processes cannot be listed or a lock cannot be read.
 [[nodiscard]] bool isInUse(const CleanItem& item, const RunningApplications& running);
 
 /// Puts what is safe and in use up for review; its note says so.

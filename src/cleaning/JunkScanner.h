@@ -39,7 +39,7 @@ class JunkScanner {
 
         /// Folders that hold one copy a version, of which the newest may still be in use.
         struct Versioned {
-            enum class Key { firstWord, letters };  // what of an entry's name tells which versions compete
+            enum class Key { firstWord, letters };  // the part of a name that entries of one product share
 
             std::string parentSuffix;
             Key key = Key::firstWord;

@@ -42,7 +42,7 @@ class MovingTrash : public Trash {
         Path way;  // from the top of the volume
     };
 
-    /// Where the folders of a Trash are, told from the path of its contents.
+    /// The folders of a Trash, derived from the path of its contents.
     struct Way {
         Path anchor;  // the home or the top of a volume: things from below it can go back there
         std::vector<std::string> trash;     // from the anchor

@@ -30,7 +30,7 @@ struct Artifact {
 
 /// How a family of systems looks at projects.
 struct Tables {
-    /// What shows that somebody works in a project.
+    /// How recent work in a project is recognised.
     enum class Activity {
         topLevel,  // the newest date directly beside the artifact
         sources,   // the newest file of the project two folders down, and what git notes about commits

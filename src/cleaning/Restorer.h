@@ -49,7 +49,7 @@ class Restorer {
     using Volumes = std::function<std::vector<Path>()>;
     Restorer(const Trash& trash, Volumes volumes) : trash_(trash), volumes_(std::move(volumes)) {}
 
-    /// What became of the runs of a record, in its order, which is the newest first.
+    /// The runs of a record, in its order (newest first), each with what of it lies in a Trash. Blocks.
     [[nodiscard]] Runs runs(std::vector<History::Entry> entries) const;
 
     /// Puts the items that are present back to where they were, the last one first, since an earlier one may

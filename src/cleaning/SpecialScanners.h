@@ -78,7 +78,7 @@ struct SystemFolder {
 
 /// A command that frees what no plain path names, offered where its tool exists.
 struct SystemCommand {
-    /// Files that the command removes, as far as their names tell: in the folder and three levels below it.
+    /// Files that the command removes, judged by their names: in the folder and three levels below it.
     struct Empties {
         Path folder;
         std::string nameHolds;
@@ -160,8 +160,8 @@ struct Search {
 /// What no application needs of the runtimes; the user's go without root.
 [[nodiscard]] Items runtimes(const SharedRuntimes& shared);
 
-/// What lies in the Trashes, whose folders `safety` admits. Where they keep notes beside their contents, what
-/// was deleted within `reviewDays`, or at a time that no note tells, is for review; 0 where they keep none.
+/// The entries of the Trashes, whose folders `safety` admits. In a Trash with notes an entry is for review if
+/// it was deleted within `reviewDays` or its note has no date. `reviewDays` is 0 where Trashes keep no notes.
 [[nodiscard]] Items trashed(const VolumeTrashes& trashes, int reviewDays, const SafetyGuard& safety,
                             Instant now);
 

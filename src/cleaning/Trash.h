@@ -27,7 +27,7 @@ class Trash {
         Path place;  // where it lies now, absolute
     };
 
-    /// What a Trash tells of one of its entries. Where it keeps no notes, only the place is known.
+    /// One entry of a Trash. In a Trash without notes only `place` is known.
     struct Entry {
         Path place;
         Path original;                                    // where the thing was, absolute

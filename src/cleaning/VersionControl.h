@@ -9,7 +9,7 @@ namespace tavrel {
 
 class GitIndex;
 
-/// Tells what version control keeps, so that nobody deletes what somebody has committed, or changed since.
+/// Finds out what version control tracks, so that committed files and later changes to them are not deleted.
 /// Only reads: nothing is run, no hook, filter or setting of a repository has a say. It remembers the
 /// repositories above the path that it was asked about last; one object serves one scan, on one thread.
 class VersionControl {
@@ -22,7 +22,7 @@ class VersionControl {
     VersionControl& operator=(const VersionControl&) = delete;
 
     /// Whether `path`, which is absolute, or anything below it is tracked by a repository that it lies in or
-    /// is itself. What cannot be told counts as tracked: an index that cannot be read, a repository with
+    /// is itself. In doubt it counts as tracked: an index that cannot be read, a repository with
     /// history and no index, one whose work tree lies elsewhere, and every system but git.
     /// Repositories further below are not looked for: `isMark` finds them on a walk that is made anyway. Nor
     /// are those that no ".git" points to from a folder above, such as a bare one used with a work tree.

@@ -9,8 +9,8 @@
 /// The groups of each mode by the names that people type.
 namespace tavrel::cli::CategoryNames {
 
-/// What is wrong with the first of `names` that is no group of `mode`: it may be one of another mode, which
-/// `command` then has to be told. Nothing when all are.
+/// The error text for the first of `names` that is no group of `mode`; if it is a group of another mode, the
+/// text names the option of `command` for it. nullopt if all are groups of `mode`.
 [[nodiscard]] std::optional<std::string> mistake(const std::vector<std::string>& names, CleanMode mode,
                                                  const std::string& command);
 

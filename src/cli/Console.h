@@ -10,7 +10,7 @@
 namespace tavrel::cli {
 
 /// The two streams that the program speaks on: results on standard output, everything else on standard error.
-/// Whatever it is handed for a person must already be fit for a terminal.
+/// Text for a person must be escaped for a terminal by the caller (`Text::escapedForDisplay`).
 class Console {
   public:
     enum class Style { strong, dim, mark, caution, danger, privileged };
@@ -26,14 +26,14 @@ class Console {
     /// Whether a person can be asked: standard input is a terminal.
     [[nodiscard]] static bool canAsk();
 
-    /// Whether a terminal that is told so by its name understands the few codes used here.
+    /// Whether the terminal named by TERM supports the control codes used here.
     [[nodiscard]] static bool understandsCodes();
 
     /// Columns to lay results out for: those that the terminal has now, or 100.
     [[nodiscard]] std::size_t width() const;
     /// Lines that the terminal has now.
     [[nodiscard]] static std::size_t height();
-    /// `text` cut to `columns` on a terminal; whole for a file or a pipe, where somebody may search for it.
+    /// `text` cut to `columns` on a terminal; unchanged for a file or a pipe.
     [[nodiscard]] std::string fitted(std::string_view text, std::size_t columns) const;
     /// `text` in that style where colours are wanted; each piece ends its own style.
     [[nodiscard]] std::string styled(Style style, std::string_view text) const;
@@ -48,7 +48,7 @@ class Console {
     /// Warns that the command line makes no sense. Gives the exit status for it.
     int misuse(std::string_view text);
 
-    /// Replaces the line that tells a waiting person what goes on. Only on a terminal.
+    /// Replaces the progress line. Does nothing unless the output is a terminal.
     void progress(std::string_view text);
     void endProgress();
 

@@ -23,7 +23,7 @@ class LiveScreen {
     [[nodiscard]] bool show(const std::vector<std::string>& lines);
     /// One object on one line.
     [[nodiscard]] bool record(const Json::Value& value);
-    /// False when somebody asked for the end meanwhile.
+    /// Waits `time`. Returns false if a signal or a key asked for the end meanwhile.
     [[nodiscard]] static bool wait(std::chrono::duration<double> time);
 
   private:

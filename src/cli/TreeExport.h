@@ -14,8 +14,8 @@ using Path = std::filesystem::path;
 /// Writes what everything below `root` occupies to `file`.
 [[nodiscard]] int write(const Path& root, const std::string& file, Console& console);
 
-/// Tells what has changed below `root` since `file` was written; in a table at most `limit` changes. The file
-/// of another tree is a misuse.
+/// Prints what has changed below `root` since `file` was written; in a table at most `limit` changes. The
+/// file of another tree is a misuse.
 [[nodiscard]] int compare(const Path& root, const std::string& file, std::size_t limit, Console& console);
 
 }  // namespace tavrel::cli::TreeExport

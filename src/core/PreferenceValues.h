@@ -40,7 +40,7 @@ struct PreferenceValues {
     /// A missing key, and one of a wrong type, takes its default.
     [[nodiscard]] static PreferenceValues read(const UserDefaults& defaults);
 
-    /// The keys that stand in the file with a wrong type, so that a person can be told.
+    /// The keys whose values in the file have a wrong type, to be shown to the user.
     [[nodiscard]] static std::vector<std::string> unreadableKeys(const UserDefaults& defaults);
     /// Whether the folders that the user barred can be read. Where they cannot, nothing may be removed.
     [[nodiscard]] static bool knowsProtectedPaths(const UserDefaults& defaults);

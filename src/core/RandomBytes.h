@@ -7,7 +7,7 @@
 
 namespace tavrel {
 
-/// Bytes from the system's generator, which nobody can guess.
+/// Unpredictable bytes from the system's generator.
 [[nodiscard]] std::vector<std::uint8_t> randomBytes(std::size_t count);
 
 /// A hidden file name that nobody can guess and nothing bears yet: for what is out of sight only for a

@@ -34,7 +34,7 @@ class UserDefaults {
 
     /// The value under `key`; nothing when it is absent or of a kind that `Value` does not have.
     [[nodiscard]] std::optional<Value> value(const std::string& key) const;
-    /// Whether anything stands under `key`, whatever its kind.
+    /// Whether `key` has a value of any type.
     [[nodiscard]] bool holds(const std::string& key) const;
 
     /// Changes one key and writes the file. A damaged file is set aside first, never overwritten. On an error

@@ -15,7 +15,7 @@ struct WalkFolder;
 /// from several threads at once; the walk's own lock guards it.
 class FolderHandles {
   public:
-    /// Whoever uses a handle shares it, so that giving way never closes it under a call.
+    /// Callers share ownership of a handle, so that eviction never closes it during a call.
     using Shared = std::shared_ptr<const FileHandle>;
 
     static constexpr std::size_t most = 24;

@@ -16,7 +16,7 @@ struct FolderListing {
     using Paths = std::shared_ptr<const std::vector<std::string>>;
 
     std::vector<AnalyzeEntry> all;  // files with their size, all others to be measured
-    Paths paths;                    // those of `all`, for whoever works on them beside its owner
+    Paths paths;                    // those of `all`, shared with work in the background
 
     /// Endings of folders that count as one thing, without the dot and in lower case.
     using Packages = std::vector<std::string_view>;

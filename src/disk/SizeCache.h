@@ -12,7 +12,7 @@
 
 namespace tavrel {
 
-/// The sizes that walks have told, until they are forgotten. Paths are absolute and standardised.
+/// Sizes found by walks, until they are invalidated. Paths are absolute and standardised.
 class SizeCache {
   public:
     using Info = DiskIndex::Info;

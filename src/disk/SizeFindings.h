@@ -35,7 +35,7 @@ struct SizeKey {
     [[nodiscard]] static SizeKey of(std::string_view path);
 };
 
-/// The figures of one walk, sorted by folder on the thread that walked: whoever keeps them has little to do.
+/// The figures of one walk, sorted by folder on the walking thread, so that storing them is cheap.
 struct SizeFindings {
     DiskIndex::Info total;
     SizeFamily::ByFolder families;

@@ -14,7 +14,7 @@ namespace tavrel {
 
 /// What a tree occupied at one moment, to be kept and held against another day.
 struct TreeRecord {
-    /// A change of a file as large as this is told by its name.
+    /// Changes of files of at least this size are reported by name.
     static constexpr std::int64_t largeFile = 1'048'576;  // bytes
     /// Files are remembered from here on, so that one that grows past the limit does not appear from nowhere.
     static constexpr std::int64_t rememberedFile = largeFile / 2;

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-/// The person whom this process works for, as the environment tells.
+/// The user whom this process works for, as the environment says.
 namespace tavrel::ThisUser {
 
 /// The environment's where that is a folder of this user, or else that of the system's list of users. Empty

@@ -30,7 +30,7 @@ class Administrator {
     virtual ~Administrator() = default;
 
     /// Does every step, even after one failed. `timeout` covers the prompt and the work; what was not done by
-    /// then counts as failed, and nobody waits for it. Blocks, so never on the main thread.
+    /// then counts as failed and is not waited for. Blocks: not for the main thread.
     [[nodiscard]] virtual Outcome run(const std::vector<RootStep>& steps,
                                       std::chrono::duration<double> timeout) = 0;
 

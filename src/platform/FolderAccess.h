@@ -14,7 +14,7 @@
 
 namespace tavrel {
 
-/// What makes a thing on disk that very thing, whatever its name.
+/// Identifies an entry on disk independently of its name.
 struct FileIdentity {
     dev_t device = 0;
     ino_t inode = 0;

@@ -7,7 +7,7 @@
 
 namespace tavrel {
 
-/// What binds the helper, whatever it is told.
+/// The limits of the helper. No input changes them.
 struct HelperRules {
     RootWork::Rules work;
     std::size_t mostSteps = 10'000;                // in one run; further ones are refused

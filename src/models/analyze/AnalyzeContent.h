@@ -25,7 +25,7 @@ class AnalyzeContent {
     using Id = std::uint32_t;
 
     AnalyzeContent() = default;
-    /// Ids are in the order of the names. Sizes that `known` tells are there from the beginning.
+    /// Ids are in the order of the names. Sizes that `known` returns are set from the beginning.
     AnalyzeContent(FolderListing listing, SizeCache::Folder known);
     explicit AnalyzeContent(const std::vector<DiskIndex::LargeFile>& files);
 

@@ -171,7 +171,7 @@ class AnalyzeModel final : public QObject {
   private:
     /// What a removal took, on its way out of what is shown.
     struct Leaving {
-        bool isComplete = true;           // whether the report tells of everything
+        bool isComplete = true;           // whether the report covers all items
         std::uint64_t contentNumber = 0;  // to which the ids belong
         std::vector<Id> ids;
         std::size_t forgotten = 0;  // of those in the report
@@ -212,7 +212,7 @@ class AnalyzeModel final : public QObject {
     std::optional<AnalyzeFocus> focus_;
     std::optional<Id> lit_;
 
-    // One load: whatever it began looks whether it is still the current one.
+    // One load. Its answers are dropped if another load has begun.
     std::uint64_t generation_ = 0;
     std::stop_source loadStop_;
     std::vector<Id> pending_;  // to be asked for, the next one last

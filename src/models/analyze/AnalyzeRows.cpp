@@ -109,7 +109,7 @@ QHash<int, QByteArray> AnalyzeRows::roleNames() const {
 const AnalyzeEntry* AnalyzeRows::entry(int row) const {
     if (!source_ || row < 0 || row >= count()) return nullptr;
     const Id id = rows_[static_cast<std::size_t>(row)];
-    // Between another folder's coming and its being told here there are rows of nothing.
+    // After the source has loaded another folder and before update() runs, rows have no entry.
     if (source_->contentNumber() != contentNumber_ || !source_->content().holds(id)) return nullptr;
     return &source_->content().entry(id);
 }
@@ -220,7 +220,7 @@ void AnalyzeRows::removeGone() {
     Q_EMIT countChanged();
 }
 
-/// Who follows a row does so by a persistent index: no move is told one by one.
+/// Views follow rows by persistent indexes: moves are not reported one by one.
 void AnalyzeRows::reorder(Ids wanted) {
     if (rows_ == wanted) return;
     Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);

@@ -95,7 +95,7 @@ void SizeService::place(std::shared_ptr<Task> task, Tasks* holder) {
 
 void SizeService::finish(const std::shared_ptr<Task>& task, SizeFindings findings) {
     if (task->stop.stop_requested()) {
-        // Nobody is told; what it found stands unless some of it was to be forgotten meanwhile.
+        // No request is left. The findings are kept unless paths were invalidated meanwhile.
         if (task->forgettings == forgettings_) cache_.storeBelow(std::move(findings.families));
         place(task, nullptr);
         return handOnPermits();
@@ -106,7 +106,7 @@ void SizeService::finish(const std::shared_ptr<Task>& task, SizeFindings finding
     place(task, nullptr);
     handOnPermits();
     for (const auto& each : task->waits) {
-        // Held while it is told: whoever is told may let go of it, or of others.
+        // Held during the calls: an answer may destroy its Wait, or others.
         if (const auto wait = each.lock()) wait->answer_(info);
     }
 }
@@ -146,7 +146,7 @@ void SizeService::look() {
     }
 }
 
-/// Nobody waits for it any more. A walk under way keeps its permit until it has noticed.
+/// Called when no request is left. A walk under way keeps its permit until it has stopped.
 void SizeService::abandon(const std::shared_ptr<Task>& task) {
     if (task->holder == nullptr) return;  // it has ended, and is telling
     inflight_.erase(task->path);

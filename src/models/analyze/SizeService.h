@@ -80,7 +80,7 @@ class SizeService {
     [[nodiscard]] std::size_t running() const { return running_.size(); }
     [[nodiscard]] std::size_t waiting() const { return waiting_.size(); }
 
-    /// Forgets paths with everything below and above them. A walk under way still tells what it finds.
+    /// Forgets `paths` with everything below and above them. A walk under way still answers its requests.
     [[nodiscard]] SizeCache::Evicted invalidate(std::span<const std::string_view> paths);
     /// Forgets everything, so that all is measured anew. What it was is handed over: letting go of it may
     /// take long.

@@ -10,8 +10,8 @@
 
 namespace tavrel {
 
-/// The cleaner on a thread of its own. The destructor waits for every clean, emptying and restoring that was
-/// asked for: none is cut off half way. Nobody waits for a look into the Trash.
+/// Runs the cleaner on a thread of its own. The destructor waits for every clean, emptying and restore that
+/// was requested. It does not wait for reads of the Trash.
 class BackgroundCleaner final : public CleanRunner {
   public:
     /// `owner` keeps what `tools` borrows, and is kept as long as any thread uses that. `volumes` finds

@@ -110,7 +110,7 @@ void CleanListModel::clean() {
     show_ = feed_->run(shortestShow);
 }
 
-/// The guard is of this moment, and so is everything else that the run is told.
+/// The guard and the settings are those of this moment.
 std::optional<CleanReport> CleanListModel::begin(const Items& chosen) {
     const QPointer<CleanListModel> self = this;
     const auto progress = [self](double fraction) {

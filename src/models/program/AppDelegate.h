@@ -19,7 +19,7 @@ class AppDelegate {
     struct Hooks {
         /// Makes the status item unless there is one.
         std::function<void()> createStatusItem;
-        /// Takes whether nobody can see the main window. Called when that changes; at first it is false.
+        /// Called with whether the main window is invisible when that changes; initially false.
         std::function<void(bool)> setHidden;
     };
 
@@ -49,7 +49,7 @@ class AppDelegate {
 
     /// Makes the program regular while a main window is visible, and an accessory soon after there is none.
     void updatePolicy();
-    /// Tells `setHidden` what has changed.
+    /// Calls `setHidden` if the state has changed.
     void updateVisibility();
 
     /// The program was opened again while it runs. Whether the system may go on and bring it forward.

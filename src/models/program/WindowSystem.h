@@ -22,7 +22,7 @@ class WindowSystem {
         Kind kind = Kind::panel;
         bool visible = false;    ///< on the desktop, even where another window covers it
         bool minimised = false;  ///< a minimised window may still call itself visible
-        bool exposed = false;    ///< some of it can be seen, as far as the system tells
+        bool exposed = false;    ///< some of it can be seen, as the system reports
     };
 
     virtual ~WindowSystem() = default;

@@ -11,8 +11,8 @@ namespace tavrel {
 
 class FileIcons;
 
-/// Whether items are things that have icons of their own, as applications do, or files that are better told
-/// apart by the application that they belong to.
+/// Whether items are things that have icons of their own, as applications do, or files that are better
+/// distinguished by the application that they belong to.
 enum class OwnIcons { no, yes };
 
 /// Which picture stands for a batch of items. Looks up the icons of the first 300 items when made.

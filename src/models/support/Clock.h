@@ -15,7 +15,7 @@ class Clock {
   public:
     using Duration = std::chrono::nanoseconds;
 
-    /// What `co_await clock.sleep(...)` waits on. The clock outlives whoever waits.
+    /// The awaitable of `co_await clock.sleep(...)`. The clock must outlive it.
     class Sleep {
       public:
         Sleep(Clock& clock, Duration duration) : clock_(clock), duration_(duration) {}

@@ -21,7 +21,7 @@ class SoundOutput final : public QObject {
     ~SoundOutput() override;
 
   Q_SIGNALS:
-    /// Emitted by whoever wants a sound, on any thread: mono floats, `sampleRate` of them a second.
+    /// May be emitted on any thread: mono floats, `sampleRate` of them a second.
     void wanted(const QByteArray& samples, int sampleRate);
 
   private:

@@ -8,8 +8,8 @@
 
 namespace tavrel {
 
-/// The mean heat of a Mac's processor and graphics dies. Which sensor belongs where is told by its name,
-/// once.
+/// The mean heat of a Mac's processor and graphics dies. Sensors are assigned by
+/// their names, once.
 class HidTemperatureReader final : public TemperatureReader {
   public:
     /// `sensors` outlives this object.

@@ -11,7 +11,7 @@ namespace tavrel {
 /// The figures of a Mac. Every reading is made anew, the chip's name apart, which is asked for once.
 class MacSensors final : public Sensors {
   public:
-    /// `calls` and `shell` outlive this object; `home` lies on the volume whose space is told.
+    /// `calls` and `shell` outlive this object; `home` lies on the volume whose space is reported.
     MacSensors(const MachineCalls& calls, Shell& shell, std::filesystem::path home)
         : calls_(calls), shell_(shell), home_(std::move(home)) {}
 

@@ -9,7 +9,7 @@
 
 namespace tavrel {
 
-/// Fans as the System Management Controller of a Mac tells of them. It writes nothing. The connection is
+/// Reads fans from the System Management Controller of a Mac. It writes nothing. The connection is
 /// opened when the reader is made and never again; without one there are no fans.
 class SmcFanReader final : public FanReader {
   public:
@@ -22,7 +22,8 @@ class SmcFanReader final : public FanReader {
     [[nodiscard]] std::vector<Fan> read() override;
     [[nodiscard]] bool isControllable() override;
 
-    /// What the controller says, if that can be; else how many fans in a row tell their speed, at most eight.
+    /// What the controller says, if that can be; else how many fans in a row report their speed, at most
+    /// eight.
     [[nodiscard]] std::int64_t fanCount();
     /// The number under a key of four ASCII characters, in two round trips.
     [[nodiscard]] std::optional<double> value(std::string_view key);

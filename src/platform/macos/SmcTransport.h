@@ -15,7 +15,7 @@ class SmcTransport {
 
     virtual ~SmcTransport() = default;
 
-    /// A connection, to be closed by whoever opened it; 0 where there is no controller or it refuses.
+    /// Opens a connection, which the caller closes; 0 if there is no controller or it refuses.
     [[nodiscard]] virtual std::uint32_t open() = 0;
     virtual void close(std::uint32_t connection) = 0;
 

@@ -14,7 +14,7 @@ namespace tavrel::TopReport {
 [[nodiscard]] std::vector<ProcessInfo> processes(std::string_view output);
 
 /// Bytes of a figure such as "512M+": the last character is the unit (K, M or G; any other counts single
-/// bytes), signs at the ends tell of a change and are dropped. So a figure without a unit loses its last
+/// bytes), signs at the ends mark a change and are dropped. So a figure without a unit loses its last
 /// digit, unless it has no other: `top` always prints a unit. 0 for what is no figure.
 [[nodiscard]] std::int64_t memory(std::string_view text);
 

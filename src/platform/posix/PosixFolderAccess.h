@@ -9,7 +9,7 @@ namespace tavrel {
 
 /// What any POSIX system can do: folders opened one component at a time, each compared with the one before.
 ///
-/// Its limits: a mount of the same device over itself cannot be told from a plain folder, a folder that may
+/// Its limits: a mount of the same device over itself looks like a plain folder, a folder that may
 /// not be read cannot be opened, and a file moves by way of a hidden name and a hard link. On file systems
 /// without those it stays where it is; a crash in between, or another program that swaps the file and then
 /// takes its old name, leaves a file under the hidden name.

@@ -7,7 +7,7 @@ namespace tavrel::ProfileLock {
 
 /// Whether a program holds the lock of `profile`: ".parentlock" by a record lock (Mozilla), "lock" as a link
 /// to "ADDRESS:+PROCESS" (Mozilla), "SingletonLock" as a link to "HOST-PROCESS" (Chromium). A lock of a
-/// process that is gone is none. True where it cannot be told, as for a lock of another host.
+/// process that is gone is none. True in doubt, as for a lock of another host.
 [[nodiscard]] bool isHeld(const std::filesystem::path& profile);
 
 }  // namespace tavrel::ProfileLock

@@ -4,8 +4,8 @@
 
 namespace tavrel {
 
-/// The folders of a Linux system whose entries root may remove, never they themselves. The helper for root's
-/// work removes nothing elsewhere, whoever asks it.
+/// The folders of a Linux system whose entries root may remove, never they themselves. The root helper
+/// removes nothing elsewhere, for any caller.
 inline constexpr std::array linuxRootFolders = {
     "/var/log",
     "/var/lib/systemd/coredump",

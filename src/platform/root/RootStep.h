@@ -48,7 +48,7 @@ enum class RootRefusal {
     toolMissing,
 };
 
-/// What became of one step.
+/// The outcome of one step.
 struct StepResult {
     enum class State { done, refused, failed };
 

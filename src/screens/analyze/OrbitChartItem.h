@@ -15,7 +15,7 @@
 namespace tavrel {
 
 /// The two rings of a folder, drawn as the disk around a black hole, and what of them pointer, keyboard and
-/// screen reader find. Arcs are told by their ids, as `Text::encodePath` writes them.
+/// screen reader find. Arcs are identified by their ids, as `Text::encodePath` writes them.
 class OrbitChartItem : public QQuickItem, private QAccessible::ActivationObserver {
     Q_OBJECT
     QML_NAMED_ELEMENT(OrbitRings)

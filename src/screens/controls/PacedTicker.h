@@ -7,7 +7,8 @@
 
 namespace tavrel {
 
-/// Tells when a moving picture is to be drawn next, by a schedule. Costs nothing while it does not run.
+/// Emits `tick` when the next frame of an animation is due, by a schedule. Costs nothing while it does not
+/// run.
 class PacedTicker final : public QObject {
     Q_OBJECT
 

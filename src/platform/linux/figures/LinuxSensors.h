@@ -40,7 +40,7 @@ class LinuxSensors final : public Sensors {
     [[nodiscard]] std::vector<CPUTicks> cpuTicks() override;
     [[nodiscard]] Memory memory() override;
     [[nodiscard]] std::optional<double> gpuUsage() override { return graphics_.busiest(); }
-    /// Linux tells it of no device.
+    /// nullopt: Linux reports it for no device.
     [[nodiscard]] std::optional<std::int64_t> gpuCores() override { return std::nullopt; }
     [[nodiscard]] std::string chipName() override;
     [[nodiscard]] std::int64_t activeProcessors() override;

@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-/// What one line of /proc/N/stat tells of a process (proc(5)).
+/// The fields used of one line of /proc/N/stat (proc(5)).
 struct ProcStat {
     std::string_view name;    // as the kernel keeps it, cut, any bytes; lies in the text it was read from
     std::uint64_t used = 0;   // ticks of processors, for itself and in the kernel

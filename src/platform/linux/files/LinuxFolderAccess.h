@@ -24,7 +24,7 @@ class LinuxFolderAccess : public PosixFolderAccess {
     using PosixFolderAccess::identify;
     [[nodiscard]] Outcome<FileHandle> openBeneath(int anchor,
                                                   const std::vector<std::string>& components) const override;
-    /// ENOTSUP on a kernel that does not tell mounts apart (before 5.8): there nothing is removed.
+    /// ENOTSUP on a kernel without mount ids (before 5.8): nothing is removed there.
     [[nodiscard]] Outcome<FileIdentity> identify(int handle) const override;
     [[nodiscard]] Outcome<FileIdentity> identify(int folder, const std::string& name) const override;
     [[nodiscard]] std::error_code moveExclusively(int fromFolder, const std::string& fromName, int toFolder,

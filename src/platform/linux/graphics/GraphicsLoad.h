@@ -25,7 +25,7 @@ class GraphicsLoad {
     GraphicsLoad(const std::filesystem::path& sys, std::filesystem::path proc,
                  std::unique_ptr<NvidiaLibrary> nvidia, Now now);
 
-    /// The busiest device, 0 to 1; nothing when none tells.
+    /// The load of the busiest device, 0 to 1; nullopt if none reports one.
     [[nodiscard]] std::optional<double> busiest();
 
   private:

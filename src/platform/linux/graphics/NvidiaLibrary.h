@@ -12,7 +12,7 @@ class NvidiaLibrary {
     /// How busy the device at an address such as "0000:01:00.0" is, 0 to 1. The device must not be asleep: to
     /// ask would wake it.
     [[nodiscard]] virtual std::optional<double> load(const std::string& device) = 0;
-    /// Lets go of every device, so that they may fall asleep.
+    /// Closes every device, so that they may enter a low-power state.
     virtual void release() = 0;
 };
 

@@ -17,7 +17,7 @@ class HeatLimits {
     /// Looks for the sensors.
     explicit HeatLimits(const std::filesystem::path& sys);
 
-    /// By the sensor nearest to its limit; nothing when none tells.
+    /// The state by the sensor nearest to its limit; nullopt if no sensor has a limit.
     [[nodiscard]] std::optional<Sensors::ThermalState> state();
 
     [[nodiscard]] static Sensors::ThermalState stateAt(double shareOfLimit);

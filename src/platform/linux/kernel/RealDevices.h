@@ -7,7 +7,7 @@
 
 namespace tavrel {
 
-/// Tells hardware from what the kernel builds upon it: a folder of sysfs such as /sys/block or
+/// Distinguishes hardware from virtual devices of the kernel: a folder of sysfs such as /sys/block or
 /// /sys/class/net, where only hardware has a "device". The answers are kept, so that a tick with the names of
 /// the last one asks the disk nothing.
 class RealDevices {

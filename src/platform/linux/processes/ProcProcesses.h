@@ -10,12 +10,12 @@
 namespace tavrel {
 
 /// Processes from a folder like /proc. Use is what a process's counters gained between two looks, by measured
-/// time; the earlier look is that of the last snapshot while it is recent, so that whoever watches does not
-/// wait.
+/// time; the earlier look is that of the last snapshot while it is recent, so that a periodic
+/// caller does not wait.
 ///
-/// A process is known by its number and its start: whoever got a dead one's number counts as new. A new one
-/// counts from nothing, since all it has used it used since the earlier look. One that started before that
-/// look and yet was not seen in it counts as idle: how much of its use is recent cannot be told.
+/// A process is known by its number and its start: a process that got the number of an ended one counts as
+/// new. A new one counts from nothing, since all it has used it used since the earlier look. One that started
+/// before that look and yet was not seen in it counts as idle: how much of its use is recent is unknown.
 ///
 /// Of the at most 60 processes given, the 40 busiest come for their use, and those with most memory fill up
 /// the list, so that it can be sorted by memory as well; all stand in the order of their use, idle ones in

@@ -12,8 +12,8 @@ struct RunningProcess {
     std::vector<std::string> names;            // other names: its own, its script's, its sandbox's
     std::vector<std::filesystem::path> files;  // what it runs, was started with, and holds open
 
-    /// Reads a folder such as /proc/7 (see proc(5)). What cannot be read is left out: another user's process
-    /// tells its own name and its command line.
+    /// Reads a folder such as /proc/7 (see proc(5)). What cannot be read is left out: of another
+    /// user's process only the name and the command line are known.
     [[nodiscard]] static RunningProcess read(const std::filesystem::path& folder);
 };
 

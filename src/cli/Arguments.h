@@ -6,23 +6,12 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <vector>
-
-namespace CLI {
-class App;
-class Option;
-}  // namespace CLI
 
 /// Paths as they are typed.
 namespace tavrel::cli::Arguments {
 
 /// Where relative paths count from; empty when that folder is gone, so that no such path means anything.
 [[nodiscard]] std::filesystem::path workingFolder();
-
-/// Adds an option that may be repeated, or an argument that takes all that follow, and whose texts are kept
-/// to the byte: nothing in a name is read as a list.
-CLI::Option* addList(CLI::App& command, const std::string& name, const std::string& placeholder,
-                     std::vector<std::string>& target, const std::string& description);
 
 /// The bytes that a person means by a number with K, M, G or T for powers of 1000, as sizes are printed, or
 /// Ki, Mi, Gi, Ti for those of 1024; a B may follow, and case does not count. Nothing for other texts.

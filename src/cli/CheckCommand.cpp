@@ -64,12 +64,10 @@ struct CheckCommand {
     std::vector<std::string> extraRoots;
     std::vector<std::string> protect;
 
-    void addTo(CLI::App& command) {
-        Arguments::addList(command, "PATH", "...", paths, localized("what to judge"))->required();
-        Arguments::addList(command, "--extra-root", "DIR", extraRoots,
-                           localized("admit this folder besides the home"));
-        Arguments::addList(command, "--protect", "DIR", protect,
-                           localized("bar this folder besides those in the settings"));
+    void addTo(Syntax& syntax) {
+        syntax.list("PATH", "...", paths, localized("what to judge")).required();
+        syntax.list("--extra-root", "DIR", extraRoots, localized("admit this folder besides the home"));
+        syntax.list("--protect", "DIR", protect, localized("bar this folder besides those in the settings"));
     }
 
     [[nodiscard]] SafetyGuard guard(const Session& session) const {

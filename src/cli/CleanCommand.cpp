@@ -35,14 +35,13 @@ struct CleanOptions {
     bool alwaysTrash = false;
     bool yes = false;
 
-    void addTo(CLI::App& command) {
-        finder.addTo(command);
-        auto* selects =
-            Arguments::addList(command, "--select", "PATH", select, localized("remove this; repeatable"));
-        command.add_flag("--all", all, localized("remove what wants a review, too"))->excludes(selects);
-        command.add_flag("--dry-run", dryRun, localized("tell what would be removed, touch nothing"));
-        command.add_flag("--always-trash", alwaysTrash, localized("send everything to the Trash"));
-        command.add_flag("--yes", yes, localized("do not ask"));
+    void addTo(Syntax& syntax) {
+        finder.addTo(syntax);
+        const auto selects = syntax.list("--select", "PATH", select, localized("remove this; repeatable"));
+        syntax.flag("--all", all, localized("remove what wants a review, too")).excludes(selects);
+        syntax.flag("--dry-run", dryRun, localized("tell what would be removed, touch nothing"));
+        syntax.flag("--always-trash", alwaysTrash, localized("send everything to the Trash"));
+        syntax.flag("--yes", yes, localized("do not ask"));
     }
 };
 

@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 
 #include "cli/ExitStatus.h"
+#include "cli/Syntax.h"
 #include "core/Phrase.h"
 
 #include <algorithm>
@@ -22,16 +23,14 @@ using Text::localized;
 constexpr std::size_t helpColumn = 28;
 
 void addGlobalOptions(CLI::App& app, GlobalOptions& global) {
-    app.add_option("--home", global.home, localized("work for the user whose home this is"))
-        ->type_name("DIR");
-    app.add_option("--root", global.root, localized("look for the system's folders below here (/)"))
-        ->type_name("DIR");
-    app.add_option("--profile", global.profile, localized("kind of system: macos or linux (this one)"))
-        ->check(CLI::IsMember({"macos", "linux"}).description(""))
-        ->type_name("NAME");
-    app.add_flag("--json", global.json, localized("print one JSON document"));
-    app.add_flag("--quiet", global.quiet, localized("no progress and no advice"));
-    app.add_flag("--no-color", global.noColour, localized("no colours"));
+    Syntax syntax(app);
+    syntax.value("--home", "DIR", &global.home, localized("work for the user whose home this is"));
+    syntax.value("--root", "DIR", &global.root, localized("look for the system's folders below here (/)"));
+    syntax.value("--profile", "NAME", &global.profile, localized("kind of system: macos or linux (this one)"))
+        .oneOf({"macos", "linux"});
+    syntax.flag("--json", global.json, localized("print one JSON document"));
+    syntax.flag("--quiet", global.quiet, localized("no progress and no advice"));
+    syntax.flag("--no-color", global.noColour, localized("no colours"));
     app.set_version_flag("--version", "tavrelctl " TAVREL_VERSION, localized("print the version"));
 }
 

@@ -62,8 +62,8 @@ void print(Console& console, const std::vector<Sized>& rows) {
 struct SizeCommand {
     std::vector<std::string> paths = {"."};
 
-    void addTo(CLI::App& command) {
-        Arguments::addList(command, "PATH", "...", paths, localized("files and folders (this folder)"));
+    void addTo(Syntax& syntax) {
+        syntax.list("PATH", "...", paths, localized("files and folders (this folder)"));
     }
 
     [[nodiscard]] int run(const GlobalOptions& /*global*/, Console& console) const {
@@ -91,12 +91,10 @@ struct MeasureCommand {
     std::string path = ".";
     int depth = 2;
 
-    void addTo(CLI::App& command) {
+    void addTo(Syntax& syntax) {
         constexpr int maxDepth = 1000;
-        command.add_option("PATH", path, localized("a folder (this one)"))->type_name("");
-        command.add_option("--depth", depth, localized("levels of folders to tell of (2)"))
-            ->check(CLI::Range(0, maxDepth).description(""))
-            ->type_name("N");
+        syntax.value("PATH", "", &path, localized("a folder (this one)"));
+        syntax.number("--depth", "N", &depth, 0, maxDepth, localized("levels of folders to tell of (2)"));
     }
 
     [[nodiscard]] int run(const GlobalOptions& /*global*/, Console& console) const {
@@ -136,15 +134,12 @@ struct LargeCommand {
     std::string minimum = "500MiB";
     std::int64_t limit = 200;
 
-    void addTo(CLI::App& command) {
-        constexpr std::int64_t mostRows = 1000000;
-        command.add_option("PATH", path, localized("a folder (this one)"))->type_name("");
-        command.add_option("--minimum", minimum, localized("smallest size, as 1M or 1MiB (500MiB)"))
-            ->check(refuseNoSize)
-            ->type_name("SIZE");
-        command.add_option("--limit", limit, localized("most files to list (200)"))
-            ->check(CLI::Range(std::int64_t{1}, mostRows).description(""))
-            ->type_name("N");
+    void addTo(Syntax& syntax) {
+        constexpr double mostRows = 1'000'000;
+        syntax.value("PATH", "", &path, localized("a folder (this one)"));
+        syntax.value("--minimum", "SIZE", &minimum, localized("smallest size, as 1M or 1MiB (500MiB)"))
+            .check(refuseNoSize);
+        syntax.number("--limit", "N", &limit, 1, mostRows, localized("most files to list (200)"));
     }
 
     [[nodiscard]] int run(const GlobalOptions& /*global*/, Console& console) const {

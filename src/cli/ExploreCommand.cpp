@@ -146,17 +146,14 @@ struct ExploreCommand {
     std::string compared;
     std::int64_t limit = 30;
 
-    void addTo(CLI::App& command) {
-        constexpr std::int64_t mostRows = 1'000'000;
-        command.add_option("PATH", path, localized("a folder (this one)"))->type_name("");
-        command.add_option("--limit", limit, localized("most rows to print (30)"))
-            ->check(CLI::Range(std::int64_t{1}, mostRows).description(""))
-            ->type_name("N");
-        auto* writes = command.add_option("--export", exported, localized("write what the tree occupies"));
-        writes->type_name("FILE");
-        command.add_option("--compare", compared, localized("tell what has changed since an export"))
-            ->type_name("FILE")
-            ->excludes(writes);
+    void addTo(Syntax& syntax) {
+        constexpr double mostRows = 1'000'000;
+        syntax.value("PATH", "", &path, localized("a folder (this one)"));
+        syntax.number("--limit", "N", &limit, 1, mostRows, localized("most rows to print (30)"));
+        const auto writes =
+            syntax.value("--export", "FILE", &exported, localized("write what the tree occupies"));
+        syntax.value("--compare", "FILE", &compared, localized("tell what has changed since an export"))
+            .excludes(writes);
     }
 
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {

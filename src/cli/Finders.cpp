@@ -10,10 +10,6 @@
 #include <chrono>
 #include <set>
 
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
-
 namespace tavrel::cli {
 
 namespace {
@@ -42,28 +38,18 @@ std::set<CleanCategory> asked(const std::vector<std::string>& names) {
 
 }  // namespace
 
-void FinderOptions::addTo(CLI::App& command) {
-    const CLI::Validator known = CLI::IsMember({"system", "ai", "projects", "installers"}).description("");
-    const CLI::Validator age = CLI::Range(0, longestAge).description("");
-    command.add_option("MODE", mode, localized("system (default), ai, projects or installers"))
-        ->check(known)
-        ->type_name("");
-    command.add_option("--categories", categories, localized("only these groups, separated by commas"))
-        ->delimiter(',')
-        ->allow_extra_args(false)
-        ->option_text("A,B");
-    command.add_option("--stale-days", staleDays, localized("age of an untouched project (the setting)"))
-        ->check(age)
-        ->type_name("N");
-    command.add_option("--session-age-days", sessionAgeDays, localized("age of an old AI session (90)"))
-        ->check(age)
-        ->type_name("N");
-    Arguments::addList(command, "--project-root", "DIR", projectRoots,
-                       localized("look here for projects and nowhere else"));
-    Arguments::addList(command, "--running", "BUNDLEID=NAME", running,
-                       localized("treat this program as running"))
-        ->check(refuseUnnamedProgram);
-    command.footer(CategoryNames::help());
+void FinderOptions::addTo(Syntax& syntax) {
+    syntax.value("MODE", "", &mode, localized("system (default), ai, projects or installers"))
+        .oneOf({"system", "ai", "projects", "installers"});
+    syntax.commaList("--categories", "A,B", categories, localized("only these groups, separated by commas"));
+    syntax.number("--stale-days", "N", &staleDays, 0, longestAge,
+                  localized("age of an untouched project (the setting)"));
+    syntax.number("--session-age-days", "N", &sessionAgeDays, 0, longestAge,
+                  localized("age of an old AI session (90)"));
+    syntax.list("--project-root", "DIR", projectRoots, localized("look here for projects and nowhere else"));
+    syntax.list("--running", "BUNDLEID=NAME", running, localized("treat this program as running"))
+        .check(refuseUnnamedProgram);
+    syntax.footer(CategoryNames::help());
 }
 
 std::optional<std::string> FinderOptions::mistake(const std::string& command) const {

@@ -3,6 +3,7 @@
 #include "cleaning/CleanItem.h"
 #include "cli/Console.h"
 #include "cli/Session.h"
+#include "cli/Syntax.h"
 #include "engine/Finders.h"
 #include "engine/SystemTools.h"
 
@@ -10,10 +11,6 @@
 #include <optional>
 #include <string>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace tavrel::cli {
 
@@ -29,7 +26,7 @@ struct FinderOptions {
     /// `running` with the programs of the option of that name.
     [[nodiscard]] RunningApplications withNamed(RunningApplications applications) const;
     /// Adds the mode and the options to a command.
-    void addTo(CLI::App& command);
+    void addTo(Syntax& syntax);
 
     /// What makes no sense about them, for the user of `command`.
     [[nodiscard]] std::optional<std::string> mistake(const std::string& command) const;

@@ -56,9 +56,9 @@ struct HistoryCommand {
     bool clears = false;
     bool paths = false;
 
-    void addTo(CLI::App& command) {
-        command.add_flag("--clear", clears, localized("forget all runs"));
-        command.add_flag("--paths", paths, localized("tell the paths of each run, too"));
+    void addTo(Syntax& syntax) {
+        syntax.flag("--clear", clears, localized("forget all runs"));
+        syntax.flag("--paths", paths, localized("tell the paths of each run, too"));
     }
 
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {

@@ -37,12 +37,11 @@ struct RestoreOptions {
     bool dryRun = false;
     bool yes = false;
 
-    void addTo(CLI::App& command) {
-        Arguments::addList(command, "id", "ID ...", ids, localized("runs, by the beginning of their ids"));
-        Arguments::addList(command, "--path", "PATH ...", paths, localized("put back only what was here"))
-            ->allow_extra_args();
-        command.add_flag("--dry-run", dryRun, localized("tell what would be put back, touch nothing"));
-        command.add_flag("--yes", yes, localized("do not ask"));
+    void addTo(Syntax& syntax) {
+        syntax.list("id", "ID ...", ids, localized("runs, by the beginning of their ids"));
+        syntax.greedyList("--path", "PATH ...", paths, localized("put back only what was here"));
+        syntax.flag("--dry-run", dryRun, localized("tell what would be put back, touch nothing"));
+        syntax.flag("--yes", yes, localized("do not ask"));
     }
     [[nodiscard]] bool namesNothing() const { return ids.empty() && paths.empty(); }
 };

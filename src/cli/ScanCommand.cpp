@@ -46,7 +46,7 @@ void printFound(Console& console, const Session& session, const std::vector<Clea
 struct ScanCommand {
     FinderOptions options;
 
-    void addTo(CLI::App& command) { options.addTo(command); }
+    void addTo(Syntax& syntax) { options.addTo(syntax); }
 
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
         if (const auto mistake = options.mistake("scan")) return console.misuse(*mistake);

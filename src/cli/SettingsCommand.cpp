@@ -93,11 +93,9 @@ struct SettingsCommand {
     std::string key;
     std::optional<std::string> value;
 
-    void addTo(CLI::App& command) {
-        auto* name = command.add_option("KEY", key, localized("the setting"))->type_name("");
-        command.add_option("VALUE", value, localized("its new value; lists as JSON"))
-            ->type_name("")
-            ->needs(name);
+    void addTo(Syntax& syntax) {
+        const auto name = syntax.value("KEY", "", &key, localized("the setting"));
+        syntax.value("VALUE", "", &value, localized("its new value; lists as JSON")).needs(name);
     }
 
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {

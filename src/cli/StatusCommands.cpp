@@ -55,7 +55,7 @@ std::vector<std::string> linesOf(const Console& console, const MachineFigures& f
 }
 
 struct StatusCommand {
-    static void addTo(CLI::App& /*command*/) {}
+    static void addTo(Syntax& /*syntax*/) {}
 
     [[nodiscard]] static int run(const GlobalOptions& global, Console& console) {
         const auto session = Session::open(global);
@@ -78,16 +78,14 @@ struct WatchCommand {
     double interval = 2;
     std::int64_t count = 0;
 
-    void addTo(CLI::App& command) {
+    void addTo(Syntax& syntax) {
         constexpr double least = 0.5;
         constexpr double longest = 3600;
-        constexpr std::int64_t most = 1'000'000'000;
-        command.add_option("--interval", interval, localized("seconds from one sample to the next (2)"))
-            ->check(CLI::Range(least, longest).description(""))
-            ->type_name("SECONDS");
-        command.add_option("--count", count, localized("samples to take; 0 goes on until stopped (0)"))
-            ->check(CLI::Range(std::int64_t{0}, most).description(""))
-            ->type_name("N");
+        constexpr double most = 1'000'000'000;
+        syntax.number("--interval", "SECONDS", &interval, least, longest,
+                      localized("seconds from one sample to the next (2)"));
+        syntax.number("--count", "N", &count, 0, most,
+                      localized("samples to take; 0 goes on until stopped (0)"));
     }
 
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {

@@ -1,5 +1,8 @@
 # One place for what we link from outside; docs/architecture.md says why each is here.
 find_package(Threads REQUIRED)
+if(TAVREL_TESTS)
+  find_package(GTest REQUIRED)
+endif()
 find_package(PkgConfig REQUIRED)
 find_package(ICU REQUIRED COMPONENTS uc i18n)
 find_package(fmt REQUIRED)

@@ -20,7 +20,7 @@ struct Artifact {
     std::string_view folder;
     /// At least one must stand beside the folder; empty: none is needed. "*.x" is any name that ends in ".x".
     std::vector<std::string_view> markers;
-    Risk risk = Risk::safe;  // in a project that nobody touches
+    Risk risk = Risk::safe;  // in a project without recent work
     Text::English note = "";
     std::vector<std::string_view> inside =
         {};  // at least one must stand in the folder; empty: none is needed

@@ -150,7 +150,7 @@ Refusal refusal(std::error_code error) {
         Words{std::errc::device_or_resource_busy, "A disk is mounted inside this folder"},
         Words{std::errc::directory_not_empty, "Files keep being added to this folder"},
         Words{std::errc::file_exists, "Files keep being added to this folder"},
-        Words{std::errc::not_supported, "This system does not tell mounted disks apart"},
+        Words{std::errc::not_supported, "This system does not distinguish mounted disks"},
     };
     if (error == changed) return {Text::localized("Changed since it was checked")};
     const auto known =

@@ -114,7 +114,7 @@ struct CheckCommand {
 }  // namespace
 
 void Commands::addCheck(CLI::App& app, Command& chosen) {
-    addCommand<CheckCommand>(app, chosen, "check", "tell whether paths may be removed, and why not");
+    addCommand<CheckCommand>(app, chosen, "check", "show whether paths may be removed, and why not");
 }
 
 }  // namespace tavrel::cli

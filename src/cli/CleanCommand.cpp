@@ -39,7 +39,7 @@ struct CleanOptions {
         finder.addTo(syntax);
         const auto selects = syntax.list("--select", "PATH", select, localized("remove this; repeatable"));
         syntax.flag("--all", all, localized("remove what wants a review, too")).excludes(selects);
-        syntax.flag("--dry-run", dryRun, localized("tell what would be removed, touch nothing"));
+        syntax.flag("--dry-run", dryRun, localized("show what would be removed, touch nothing"));
         syntax.flag("--always-trash", alwaysTrash, localized("send everything to the Trash"));
         syntax.flag("--yes", yes, localized("do not ask"));
     }

@@ -86,7 +86,7 @@ tl::expected<CommandLine, int> CommandLine::parse(int argc, const char* const* a
     CLI::App app(localized("Finds and removes what your disk can do without."), "tavrelctl");
     app.fallthrough();
     app.require_subcommand(0, 1);
-    app.set_help_flag("--help", localized("tell how this is used"));
+    app.set_help_flag("--help", localized("show how this is used"));
     layOutHelp(*app.get_formatter());
     addGlobalOptions(app, line.global);
     addCommands(app, line.command);

@@ -94,7 +94,7 @@ struct MeasureCommand {
     void addTo(Syntax& syntax) {
         constexpr int maxDepth = 1000;
         syntax.value("PATH", "", &path, localized("a folder (this one)"));
-        syntax.number("--depth", "N", &depth, 0, maxDepth, localized("levels of folders to tell of (2)"));
+        syntax.number("--depth", "N", &depth, 0, maxDepth, localized("levels of folders to list (2)"));
     }
 
     [[nodiscard]] int run(const GlobalOptions& /*global*/, Console& console) const {
@@ -162,11 +162,11 @@ struct LargeCommand {
 }  // namespace
 
 void Commands::addSize(CLI::App& app, Command& chosen) {
-    addCommand<SizeCommand>(app, chosen, "size", "tell what files and folders occupy");
+    addCommand<SizeCommand>(app, chosen, "size", "show what files and folders occupy");
 }
 
 void Commands::addMeasure(CLI::App& app, Command& chosen) {
-    addCommand<MeasureCommand>(app, chosen, "measure", "tell what a folder and those in it occupy");
+    addCommand<MeasureCommand>(app, chosen, "measure", "show what a folder and those in it occupy");
 }
 
 void Commands::addLarge(CLI::App& app, Command& chosen) {

@@ -152,7 +152,7 @@ struct ExploreCommand {
         syntax.number("--limit", "N", &limit, 1, mostRows, localized("most rows to print (30)"));
         const auto writes =
             syntax.value("--export", "FILE", &exported, localized("write what the tree occupies"));
-        syntax.value("--compare", "FILE", &compared, localized("tell what has changed since an export"))
+        syntax.value("--compare", "FILE", &compared, localized("show what has changed since an export"))
             .excludes(writes);
     }
 
@@ -181,7 +181,7 @@ struct ExploreCommand {
 
 void Commands::addExplore(CLI::App& app, Command& chosen) {
     addCommand<ExploreCommand>(app, chosen, "explore",
-                               "tell what in a folder occupies most, and what has changed");
+                               "show what in a folder occupies most, and what has changed");
 }
 
 }  // namespace tavrel::cli

@@ -58,7 +58,7 @@ struct HistoryCommand {
 
     void addTo(Syntax& syntax) {
         syntax.flag("--clear", clears, localized("forget all runs"));
-        syntax.flag("--paths", paths, localized("tell the paths of each run, too"));
+        syntax.flag("--paths", paths, localized("list the paths of each run, too"));
     }
 
     [[nodiscard]] int run(const GlobalOptions& global, Console& console) const {
@@ -104,7 +104,7 @@ struct HistoryCommand {
 }  // namespace
 
 void Commands::addHistory(CLI::App& app, Command& chosen) {
-    addCommand<HistoryCommand>(app, chosen, "history", "tell what was removed, and when");
+    addCommand<HistoryCommand>(app, chosen, "history", "list what was removed, and when");
 }
 
 }  // namespace tavrel::cli

@@ -18,8 +18,8 @@ class LiveScreen {
     LiveScreen(const LiveScreen&) = delete;
     LiveScreen& operator=(const LiveScreen&) = delete;
 
-    /// The first lines, as many as the screen has. False when they could not be written: nobody reads any
-    /// more.
+    /// The first lines, as many as the screen has. False when they could not be written: there is no reader
+    /// any more.
     [[nodiscard]] bool show(const std::vector<std::string>& lines);
     /// One object on one line.
     [[nodiscard]] bool record(const Json::Value& value);

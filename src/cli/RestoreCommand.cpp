@@ -40,7 +40,7 @@ struct RestoreOptions {
     void addTo(Syntax& syntax) {
         syntax.list("id", "ID ...", ids, localized("runs, by the beginning of their ids"));
         syntax.greedyList("--path", "PATH ...", paths, localized("put back only what was here"));
-        syntax.flag("--dry-run", dryRun, localized("tell what would be put back, touch nothing"));
+        syntax.flag("--dry-run", dryRun, localized("show what would be put back, touch nothing"));
         syntax.flag("--yes", yes, localized("do not ask"));
     }
     [[nodiscard]] bool namesNothing() const { return ids.empty() && paths.empty(); }

@@ -111,7 +111,7 @@ struct WatchCommand {
 }  // namespace
 
 void Commands::addStatus(CLI::App& app, Command& chosen) {
-    addCommand<StatusCommand>(app, chosen, "status", "tell how the machine does");
+    addCommand<StatusCommand>(app, chosen, "status", "show the state of the machine");
 }
 
 void Commands::addWatch(CLI::App& app, Command& chosen) {

@@ -11,7 +11,8 @@
 
 namespace tavrel {
 
-/// Everything that is known of the running machine at one moment. What it does not tell has no value.
+/// Everything that is known of the running machine at one moment. A figure that the machine does not give has
+/// no value.
 struct MachineFigures {
     std::optional<double> cpu;  // the share of all processors that is busy, 0 to 1
     std::vector<double> cpuHistory;

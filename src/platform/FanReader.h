@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-/// Revolutions per minute, now and at most; `max` is 0 where the machine does not tell.
+/// Revolutions per minute, now and at most; `max` is 0 where the machine does not report it.
 struct Fan {
     double rpm = 0;
     double max = 0;

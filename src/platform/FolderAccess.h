@@ -33,8 +33,8 @@ struct FileIdentity {
     }
 };
 
-/// Opening and telling apart things by handle, so that nobody can swap a folder between a check and an act.
-/// Names are single components; no call here follows a symbolic link or enters another mount.
+/// Opens and compares entries by handle, so that no other process can swap a folder between a check and an
+/// act. Names are single components; no call here follows a symbolic link or enters another mount.
 class FolderAccess {
   public:
     template <typename T>
@@ -43,7 +43,7 @@ class FolderAccess {
     virtual ~FolderAccess() = default;
 
     /// Opens an admitted root by its absolute path, in which no component is a link: roots are resolved when
-    /// they are admitted, so a link now means that somebody leads elsewhere. Mounts may lie on the way.
+    /// they are admitted, so a link now means that the path was changed. Mounts may lie on the way.
     [[nodiscard]] virtual Outcome<FileHandle> openAnchor(const std::filesystem::path& root) const = 0;
 
     /// Opens `anchor`/`components[0]`/... without following links or crossing mounts; no components reopen
@@ -70,7 +70,8 @@ class FolderAccess {
     [[nodiscard]] virtual std::error_code setMode(int handle, mode_t permissions) const = 0;
 
     /// Whether something is mounted at or below the folder behind `handle`, so that a removal can be refused
-    /// before it begins. False where the system cannot tell in advance; the walk still refuses at the mount.
+    /// before it begins. False where the system does not know in advance; the walk still refuses at the
+    /// mount.
     [[nodiscard]] virtual bool holdsMount(int handle) const = 0;
 };
 

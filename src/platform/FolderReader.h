@@ -18,7 +18,8 @@ struct FolderEntry {
 
     std::string_view name;  // valid during the visit only, followed by a NUL
     Kind kind = Kind::other;
-    bool measured = false;  // whether the fields below were read; never for a folder, which tells when opened
+    bool measured =
+        false;  // whether the fields below were read; never for a folder, which is measured when opened
     dev_t device = 0;
     ino_t inode = 0;
     nlink_t links = 0;

@@ -123,7 +123,7 @@ TEST_F(CleanerTest, whatCannotBeToldApartIsSkippedInWordsAndNotTakenAsGone) {
     const auto report =
         clean({item("cache", CleanCategory::userCaches), adminItem(stage.sandbox.file("system/log", 10))});
     EXPECT_THAT(report.removed, IsEmpty());
-    EXPECT_THAT(reasons(report), ::testing::Each("This system does not tell mounted disks apart"));
+    EXPECT_THAT(reasons(report), ::testing::Each("This system does not distinguish mounted disks"));
     EXPECT_EQ(report.skipped.size(), 2U);
     EXPECT_TRUE(fs::exists(stage.home() / "cache"));
 }

@@ -12,7 +12,7 @@
 namespace tavrel {
 
 /// The folders that the explorer offers to go to, as far as this disk has them. A folder of a dead network
-/// mount lets whoever looks wait.
+/// mount can block.
 namespace ExplorerPlaces {
 
 struct Found {

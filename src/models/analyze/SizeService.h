@@ -24,7 +24,7 @@
 namespace tavrel {
 
 /// The shared front of the walker: remembers what was measured, lets everybody who asks for one folder wait
-/// for one walk, and bounds how many walks go on at once. A walk that nobody waits for any more is stopped;
+/// for one walk, and bounds how many walks go on at once. A walk without a waiting caller is stopped;
 /// the folders in it that were finished by then are remembered. A walk that stalls, on a dead mount say,
 /// gives its permit to the next one, and goes on without one if it can. Confined to one thread; the walks run
 /// elsewhere.

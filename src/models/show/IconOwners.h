@@ -8,7 +8,7 @@
 
 namespace tavrel {
 
-/// Whose files lie in a folder that does not tell by its name.
+/// Owners of folders whose names do not identify them.
 struct KnownOwner {
     std::string_view pathContains;
     std::string_view bundleIdentifier;

@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-/// Whether continuous animation has to rest, for every screen alike: while somebody scrolls, and while nobody
+/// Whether continuous animation has to rest, for every screen alike: during scrolling, and while no person
 /// can see the window. One is shared by all.
 class MotionPause : public QObject {
     Q_OBJECT

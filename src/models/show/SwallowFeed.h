@@ -16,7 +16,7 @@ namespace tavrel {
 class Clock;
 
 /// Paces the show while something is removed: icons fall in even waves, whatever the pace of the work, the
-/// show lasts a minimum time, and the counter lands on zero with the last icon. The work only tells how far
+/// show lasts a minimum time, and the counter lands on zero with the last icon. The work only reports how far
 /// it got. For the main thread; may be destroyed at any time, a run included.
 class SwallowFeed final : public QObject {
     Q_OBJECT
@@ -49,7 +49,7 @@ class SwallowFeed final : public QObject {
     [[nodiscard]] std::int64_t reached() const { return reached_; }
     [[nodiscard]] bool finished() const { return work_ == FeedPlan::Work::finished; }
 
-    /// The work did this part of its items, from 0 to 1. A part below one told before changes nothing.
+    /// The work did this part of its items, from 0 to 1. A part below an earlier one changes nothing.
     void reached(double fraction);
     /// The work is over. What it did not reach is not shown.
     void finish() { work_ = FeedPlan::Work::finished; }

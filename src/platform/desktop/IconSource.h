@@ -26,7 +26,7 @@ class IconSource {
 
     /// That of a file or folder, or of an application where `path` is the file that stands for one.
     [[nodiscard]] virtual QImage iconForFile(const Path& path) = 0;
-    /// That of files with this extension (no dot); a plain one for an extension that nobody knows.
+    /// That of files with this extension (no dot); a plain one for an unknown extension.
     [[nodiscard]] virtual QImage iconForType(std::string_view extension) = 0;
     [[nodiscard]] virtual QImage iconForFolder() = 0;
 

@@ -11,7 +11,7 @@
 namespace tavrel {
 
 /// A value as the services of a Mac describe themselves: a text, a number, a yes or no, a dictionary of such
-/// values, something else that nobody here reads, or nothing at all. Asking for a kind that it is not gives
+/// values, a kind that is not read here, or nothing at all. Asking for a kind that it is not gives
 /// no value, so that a chain of questions needs one test, at its end.
 class Property {
   public:

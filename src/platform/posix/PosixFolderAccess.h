@@ -39,7 +39,7 @@ class PosixFolderAccess : public FolderAccess {
 
   private:
     [[nodiscard]] Outcome<FileHandle> openOnSameMount(int at, const std::string& name) const;
-    /// A rename that replaces nothing; the old name must be one that nobody else knows.
+    /// A rename that replaces nothing; the old name must be known to this process alone.
     [[nodiscard]] std::error_code relink(int folder, const std::string& hidden, int toFolder,
                                          const std::string& toName) const;
     [[nodiscard]] std::error_code moveFile(int fromFolder, const std::string& fromName, int toFolder,

@@ -7,7 +7,7 @@
 namespace tavrel {
 
 /// Plays a Mac that is asked for its figures: every answer is what stands in the field of that name, and a
-/// fresh one tells nothing.
+/// fresh one has no effect.
 class SimulatedMachine final : public MachineCalls {
   public:
     [[nodiscard]] std::optional<ProcessorLoad> processorLoad() const override { return load; }

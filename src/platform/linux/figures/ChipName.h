@@ -6,8 +6,8 @@
 /// What the processor is called.
 namespace tavrel::ChipName {
 
-/// From /proc/cpuinfo, as the first processor tells it; empty where none does. Kernels for ARM give the model
-/// of the chip here or nowhere.
+/// From /proc/cpuinfo, as given for the first processor; empty where none does. Kernels for ARM give the
+/// model of the chip here or nowhere.
 [[nodiscard]] std::string inProcessors(std::string_view cpuinfo);
 
 /// The maker of an ARM core, by the register that /proc/cpuinfo shows; empty when unknown.

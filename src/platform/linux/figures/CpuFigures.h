@@ -20,7 +20,7 @@ struct Row {
 ///
 /// Time of guests is in user and nice already. Waiting for a disk is idling, serving interrupts is work of
 /// the system. Time that a hypervisor stole counts as nothing: it is neither work of this machine nor rest,
-/// so that what is left tells the share of the time that the machine was given.
+/// so that what is left is the share of the time that the machine was given.
 void parse(std::string_view stat, std::vector<Row>& rows);
 
 /// How many processors a list such as "0-3,6" names; 0 where it is none.

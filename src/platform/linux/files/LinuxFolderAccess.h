@@ -11,7 +11,7 @@ namespace tavrel {
 
 /// The kernel's own refusals: one call opens a whole way down without a link or a mount on it, a rename never
 /// replaces. Where the running kernel or a sandbox withholds these calls, the portable way steps in, with
-/// mounts told apart by their numbers. See openat2(2), renameat2(2), statx(2).
+/// mounts compared by their numbers. See openat2(2), renameat2(2), statx(2).
 class LinuxFolderAccess : public PosixFolderAccess {
   public:
     /// Opens `path` below the handle `at`, strictly; -1 and `errno` on failure.

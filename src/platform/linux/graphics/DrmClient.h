@@ -8,7 +8,7 @@
 namespace tavrel {
 
 /// One user of a graphics device, after the kernel's documentation of DRM client usage stats: what a file of
-/// /proc/N/fdinfo tells of a handle on the device. Several handles may belong to one client.
+/// /proc/N/fdinfo says of a handle on the device. Several handles may belong to one client.
 struct DrmClient {
     std::string device;  // such as "0000:00:02.0"
     std::string id;

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-/// By what the kernel's names for them begin with: whose sensors tell the heat of what.
+/// Prefixes of the kernel's sensor names, by the component whose temperature they measure.
 namespace tavrel::HeatSources {
 
 /// What precedes the labels of the sensors to use, best first; an empty one takes every sensor.

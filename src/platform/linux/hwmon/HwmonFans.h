@@ -14,8 +14,8 @@ class HwmonFans final : public FanReader {
     explicit HwmonFans(const std::filesystem::path& sysRoot = "/sys");
 
     [[nodiscard]] std::vector<Fan> read() override;
-    /// Whether every fan has a "pwmN" and a "pwmN_enable", and where a fan's limits are told, some speed lies
-    /// between them. Root alone may write there, so no one's own right to do so counts.
+    /// Whether every fan has a "pwmN" and a "pwmN_enable", and where a fan's limits are given, some speed
+    /// lies between them. Root alone may write there, so no one's own right to do so counts.
     [[nodiscard]] bool isControllable() override;
 
   private:

@@ -12,7 +12,7 @@ function(tavrel_header_set name)
   set(source ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
   file(CONFIGURE OUTPUT ${source} CONTENT "")
   add_library(${name} STATIC ${source})
-  set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} tavrel_warnings)
   target_compile_options(${name} PRIVATE -fpch-preprocess) # ccache asks for it
   target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
